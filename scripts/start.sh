@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Sets everything up and starts Tarnwick on the sample engine. Without a
+# display it says so and runs a sample project headlessly instead.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh build
+if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
+  exec build/bin/tarnwick
+fi
+echo "No display found: running a sample project headlessly instead of opening the window."
+sample=$(ls samples/*.ebnt 2>/dev/null | head -n 1 || true)
+if [ -z "$sample" ]; then
+  echo "No sample project found; showing what the program offers."
+  exec build/bin/tarnwick --help
+fi
+work=$(mktemp -d)
+cp "$sample" "$work/"
+echo "Project: $work/$(basename "$sample")"
+build/bin/tarnwick run "$work/$(basename "$sample")"
+echo "Outputs are in $work"

@@ -1,0 +1,31 @@
+#include "cli/Cli.h"
+#include "cli/Replay.h"
+#include "core/form/MainForm.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+namespace tw {
+
+int cliReplay(const CliOptions& opt, const std::string& script) {
+    std::string dir = std::filesystem::current_path().string();
+    std::ifstream file;
+    std::istream* in = &std::cin;
+    if (script != "-") {
+        file.open(script, std::ios::binary);
+        if (!file) {
+            std::cerr << "replay: cannot read " << script << '\n';
+            return 2;
+        }
+        in = &file;
+        dir = std::filesystem::absolute(script).parent_path().string();
+    }
+    ReplayPorts ports(std::cout, dir);
+    App app(ports, opt.programDir);
+    loadMainForm(app);
+    Replay replay(app, ports, std::cout, std::cerr);
+    return replay.run(*in);
+}
+
+} // namespace tw

@@ -1,0 +1,24 @@
+// Quoting of texts in replay scripts and in what the headless front end prints.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tw {
+
+// "text" with \\ \" \t \r \n escaped.
+std::string quote(std::string_view text);
+
+struct ScriptWord {
+    std::string text;
+    bool quoted = false;
+};
+
+// Splits a script line into words; a quoted word may hold blanks and the
+// escapes \\ \" \t \r \n \b. Nothing on a malformed line (an open quote or
+// an unknown escape), with the reason in `error`.
+std::optional<std::vector<ScriptWord>> splitScriptLine(std::string_view line, std::string& error);
+
+} // namespace tw

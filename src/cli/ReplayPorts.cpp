@@ -1,0 +1,135 @@
+#include "cli/ReplayPorts.h"
+
+#include "cli/Quoting.h"
+#include "core/model/Numeric.h"
+
+#include <filesystem>
+
+namespace tw {
+
+namespace {
+
+const char* buttonsName(MsgButtons b) {
+    switch (b) {
+    case MsgButtons::OK: return "OK";
+    case MsgButtons::OKCancel: return "OKCancel";
+    case MsgButtons::YesNo: return "YesNo";
+    }
+    return "OK";
+}
+
+const char* answerName(MsgAnswer a) {
+    switch (a) {
+    case MsgAnswer::OK: return "OK";
+    case MsgAnswer::Cancel: return "Cancel";
+    case MsgAnswer::Yes: return "Yes";
+    case MsgAnswer::No: return "No";
+    }
+    return "OK";
+}
+
+MsgAnswer firstButton(MsgButtons b) { return b == MsgButtons::YesNo ? MsgAnswer::Yes : MsgAnswer::OK; }
+
+// Names reach the engine padded with blanks; the log shows them without.
+std::string unpadded(const std::string& s) {
+    auto e = s.find_last_not_of(' ');
+    return e == std::string::npos ? std::string() : s.substr(0, e + 1);
+}
+
+} // namespace
+
+bool ReplayPorts::sawMessageStartingWith(const std::string& prefix) const {
+    for (const auto& m : messages_)
+        if (m.rfind(prefix, 0) == 0) return true;
+    return false;
+}
+
+MsgAnswer ReplayPorts::message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) {
+    MsgAnswer a = firstButton(buttons);
+    if (!answers_.empty()) {
+        a = answers_.front();
+        answers_.pop_front();
+    }
+    messages_.push_back(text);
+    out_ << "message " << quote(title) << ' ' << quote(text) << ' ' << buttonsName(buttons) << ' '
+         << (icon == MsgIcon::Critical ? "critical" : "none") << " -> " << answerName(a) << '\n';
+    return a;
+}
+
+std::optional<std::string> ReplayPorts::fileDialog(const FileDialogRequest& r) {
+    std::optional<std::string> path;
+    if (!files_.empty()) {
+        path = files_.front();
+        files_.pop_front();
+    }
+    if (path) {
+        std::filesystem::path p(*path);
+        if (p.is_relative()) p = std::filesystem::path(scriptDir_) / p;
+        path = p.lexically_normal().string();
+    }
+    out_ << "dialog " << (r.kind == FileDialogKind::Open ? "open" : "save") << ' ' << quote(r.title) << ' '
+         << quote(r.filter) << ' ' << quote(r.defaultExt) << " overwrite=" << (r.overwritePrompt ? 1 : 0) << " -> "
+         << (path ? quote(*path) : std::string("cancel")) << '\n';
+    return path;
+}
+
+bool ReplayPorts::printerDialog() {
+    bool ok = false;
+    if (!printers_.empty()) {
+        ok = printers_.front();
+        printers_.pop_front();
+    }
+    out_ << "printer -> " << (ok ? "ok" : "cancel") << '\n';
+    return ok;
+}
+
+void ReplayPorts::print(const PrintDocument& doc) {
+    out_ << "print " << quote(doc.file) << ' ' << doc.lines.size() << " lines\n";
+}
+
+void ReplayPorts::shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) {
+    out_ << "shell-open " << quote(file) << ' ' << quote(parameters) << ' ' << quote(folder) << '\n';
+}
+
+ProcessResult ReplayPorts::startAndWait(const std::string& commandLine) {
+    out_ << "start " << quote(commandLine) << '\n';
+    out_.flush();
+    return platform_.startAndWait(commandLine);
+}
+
+EngineResult ReplayPorts::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
+    out_ << "engine";
+    for (const auto& n : names)
+        out_ << ' ' << quote(unpadded(n));
+    out_ << '\n';
+    out_.flush();
+    return platform_.callEngine(programDir, names);
+}
+
+std::string ReplayPorts::readSetting(const std::string& app, const std::string& section, const std::string& key) {
+    return platform_.readSetting(app, section, key);
+}
+
+void ReplayPorts::writeSetting(const std::string& app, const std::string& section, const std::string& key,
+                               const std::string& value) {
+    platform_.writeSetting(app, section, key, value);
+}
+
+std::string ReplayPorts::readIni(const std::string& path, const std::string& section, const std::string& key,
+                                 const std::string& defaultValue) {
+    return readIniRaw(path, section, key, defaultValue);
+}
+
+AssociatedProgram ReplayPorts::associatedProgram(const std::string& file) { return platform_.associatedProgram(file); }
+
+void ReplayPorts::windowShow(const std::string& form, const std::string& caption) {
+    out_ << "window show " << form << ' ' << quote(caption) << '\n';
+}
+
+void ReplayPorts::windowClose(const std::string& form) { out_ << "window close " << form << '\n'; }
+
+void ReplayPorts::pictureLoaded(const std::string& control, const std::string& file) {
+    out_ << "picture " << control << ' ' << quote(file) << '\n';
+}
+
+} // namespace tw

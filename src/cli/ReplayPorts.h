@@ -1,0 +1,54 @@
+// The outside world of the headless front end: every box, dialog and program
+// start is printed as one line; answers come from the script's queue.
+#pragma once
+
+#include "core/ports.h"
+#include "platform/Platform.h"
+
+#include <deque>
+#include <ostream>
+#include <string>
+
+namespace tw {
+
+class ReplayPorts : public Ports {
+  public:
+    ReplayPorts(std::ostream& out, std::string scriptDir) : out_(out), scriptDir_(std::move(scriptDir)) {}
+
+    void queueAnswer(MsgAnswer a) { answers_.push_back(a); }
+    // An empty optional queues a cancel.
+    void queueFile(std::optional<std::string> path) { files_.push_back(std::move(path)); }
+    void queuePrinter(bool ok) { printers_.push_back(ok); }
+
+    // Set when a box showed this text ("The program has finished running." for `run`).
+    bool sawMessageStartingWith(const std::string& prefix) const;
+
+    MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) override;
+    std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
+    bool printerDialog() override;
+    void print(const PrintDocument& doc) override;
+    void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
+    ProcessResult startAndWait(const std::string& commandLine) override;
+    EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
+    std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override;
+    void writeSetting(const std::string& app, const std::string& section, const std::string& key,
+                      const std::string& value) override;
+    std::string readIni(const std::string& path, const std::string& section, const std::string& key,
+                        const std::string& defaultValue) override;
+    AssociatedProgram associatedProgram(const std::string& file) override;
+    void setBusyCursor(bool) override {}
+    void windowShow(const std::string& form, const std::string& caption) override;
+    void windowClose(const std::string& form) override;
+    void pictureLoaded(const std::string& control, const std::string& file) override;
+
+  private:
+    std::ostream& out_;
+    std::string scriptDir_;
+    Platform platform_;
+    std::deque<MsgAnswer> answers_;
+    std::deque<std::optional<std::string>> files_;
+    std::deque<bool> printers_;
+    std::vector<std::string> messages_;
+};
+
+} // namespace tw

@@ -1,0 +1,153 @@
+#include "core/App.h"
+
+#include "core/form/Forms.h"
+
+namespace tw {
+
+namespace {
+// Texts are held as UTF-8; a key is a Unicode code point.
+std::string utf8(int cp) {
+    std::string s;
+    if (cp < 0x80) {
+        s += static_cast<char>(cp);
+    } else if (cp < 0x800) {
+        s += static_cast<char>(0xC0 | (cp >> 6));
+        s += static_cast<char>(0x80 | (cp & 0x3F));
+    } else if (cp < 0x10000) {
+        s += static_cast<char>(0xE0 | (cp >> 12));
+        s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        s += static_cast<char>(0x80 | (cp & 0x3F));
+    } else {
+        s += static_cast<char>(0xF0 | (cp >> 18));
+        s += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
+        s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+        s += static_cast<char>(0x80 | (cp & 0x3F));
+    }
+    return s;
+}
+} // namespace
+
+App::App(Ports& p, std::string dir) : ports(p), programDir(std::move(dir)) {
+    for (auto& f : buildForms()) {
+        std::string name = f.name();
+        forms_.emplace(std::move(name), std::move(f));
+    }
+    installHandlers(*this);
+}
+
+Form& App::form(const std::string& name) {
+    auto it = forms_.find(name);
+    if (it == forms_.end()) throw std::out_of_range("no form " + name);
+    return it->second;
+}
+
+void App::on(const std::string& form, Ctl ctl, Event ev, Handler h) { handlers_[{form, ctl, ev}] = std::move(h); }
+
+bool App::hasHandler(const std::string& form, Ctl ctl, Event ev) const { return handlers_.count({form, ctl, ev}) != 0; }
+
+bool App::fire(const std::string& form, const CtlId& id, Event ev, EventArgs& args) {
+    auto it = handlers_.find({form, id.ctl, ev});
+    if (it == handlers_.end()) return false;
+    if (args.index < 0) args.index = id.index;
+    // Copy: a handler may replace handlers while it runs.
+    Handler h = it->second;
+    h(*this, args);
+    return true;
+}
+
+void App::setText(const CtlId& id, const std::string& t) {
+    Control& c = ctl(id);
+    c.text = t;
+    c.selStart = static_cast<int>(t.size());
+    c.selLength = 0;
+}
+
+void App::setListIndex(const CtlId& id, int index) {
+    Control& c = ctl(id);
+    if (index < -1 || index >= static_cast<int>(c.items.size()))
+        throw RuntimeError(err::kInvalidProperty, "Invalid property value");
+    c.listIndex = index;
+    fire(id, Event::Change);
+}
+
+void App::setComboText(const CtlId& id, const std::string& t) {
+    const Control& c = ctl(id);
+    for (size_t i = 0; i < c.items.size(); ++i) {
+        if (c.items[i] == t) {
+            setListIndex(id, static_cast<int>(i));
+            return;
+        }
+    }
+    throw RuntimeError(err::kTextReadOnly, "'Text' property is read-only");
+}
+
+void App::selectAll(const CtlId& id) {
+    Control& c = ctl(id);
+    c.selStart = 0;
+    c.selLength = static_cast<int>(c.text.size());
+}
+
+void App::setFocus(const CtlId& id) {
+    if (focus_ && *focus_ == id) return;
+    auto old = focus_;
+    focus_.reset();
+    if (old) fire(*old, Event::LostFocus);
+    // A leave handler that keeps the focus (a refused value) wins.
+    if (focus_) return;
+    focus_ = id;
+    fire(id, Event::GotFocus);
+}
+
+void App::leaveFocus() {
+    auto old = focus_;
+    focus_.reset();
+    if (old) fire(*old, Event::LostFocus);
+}
+
+void App::typeKey(const CtlId& id, int key) {
+    EventArgs a;
+    a.index = id.index;
+    a.key = key;
+    fire(kFrmMain, id, Event::KeyPress, a);
+    if (a.key == 0) return;
+    Control& c = ctl(id);
+    if (c.locked || c.kind != Kind::TextBox) return;
+    std::string t = c.text;
+    int start = std::min<int>(c.selStart, static_cast<int>(t.size()));
+    int len = std::min<int>(c.selLength, static_cast<int>(t.size()) - start);
+    if (a.key == 8) {
+        if (len > 0) {
+            t.erase(start, len);
+        } else if (start > 0) {
+            t.erase(start - 1, 1);
+            --start;
+        }
+    } else if (a.key >= 32) {
+        std::string replaced = t.substr(0, start) + utf8(a.key) + t.substr(start + len);
+        if (c.maxLength > 0 && static_cast<int>(replaced.size()) > c.maxLength) return;
+        t = std::move(replaced);
+        start += static_cast<int>(utf8(a.key).size());
+    } else {
+        return; // Enter and other control keys insert nothing in a one-line field
+    }
+    c.text = std::move(t);
+    c.selStart = start;
+    c.selLength = 0;
+}
+
+void App::reportError(const RuntimeError& e, const std::string& title) {
+    if (e.number() == 0 || e.number() == err::kCancel) return;
+    message(standardErrorText(e.number(), e.description()), title, MsgButtons::OK, MsgIcon::Critical);
+}
+
+void App::guarded(const std::function<void()>& body, const std::string& errorTitle) {
+    try {
+        body();
+    } catch (const RuntimeError& e) {
+        reportError(e, errorTitle);
+    }
+}
+
+int App::currentTab() const { return ctl(Ctl::SSTab1).value; }
+
+} // namespace tw

@@ -1,0 +1,127 @@
+// The running program as data: its forms, the bent table and the project's
+// bookkeeping, the event handlers, and the ports to the outside world. Every
+// front end (window, replay, tests) drives the program through this class.
+#pragma once
+
+#include "core/Errors.h"
+#include "core/model/Form.h"
+#include "core/model/Grid.h"
+#include "core/ports.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace tw {
+
+inline constexpr const char* kAppTitle = "Norvale-Tarnwick";
+
+inline constexpr const char* kFrmMain = "frmMain";
+inline constexpr const char* kFrmSplash = "frmSplash";
+inline constexpr const char* kFrmAbout = "frmAbout";
+inline constexpr const char* kFrmIPrinter = "frmIPrinter";
+inline constexpr const char* kFrmViewTest = "frmViewTest";
+inline constexpr const char* kFrmPicView = "frmPicView";
+
+enum class Event { GotFocus, LostFocus, KeyPress, Change, Click, DblClick, Scroll };
+
+struct EventArgs {
+    int index = -1;   // item of a control array, tab number, toolbar button...
+    int key = 0;      // KeyPress: the key code in, the accepted code (or 0) out
+    std::string text; // toolbar key
+};
+
+class App;
+using Handler = std::function<void(App&, EventArgs&)>;
+
+class App {
+  public:
+    App(Ports& ports, std::string programDir);
+    App(const App&) = delete;
+    App& operator=(const App&) = delete;
+
+    Ports& ports;
+    std::string programDir;
+
+    // Every form of the program, loaded or not.
+    Form& form(const std::string& name);
+    bool hasForm(const std::string& name) const { return forms_.count(name) != 0; }
+    const std::map<std::string, Form>& forms() const { return forms_; }
+    Form& main() { return form(kFrmMain); }
+    const Form& main() const { return forms_.at(kFrmMain); }
+
+    // The bent table and its bookkeeping.
+    Grid grid;
+    std::int16_t bentCounter = 0;
+    std::vector<std::string> bentRegister;
+    bool saveFailed = false;
+
+    // The file dialog's file name: the working copy of the current file path.
+    std::string dialogFileName;
+    // The current file path (empty while the project has no file).
+    std::string currentFile;
+
+    // Handlers, by form, control name and event; array items share one.
+    void on(const std::string& form, Ctl ctl, Event ev, Handler h);
+    bool hasHandler(const std::string& form, Ctl ctl, Event ev) const;
+    // Runs the handler of the event, if any. Run-time errors escape to the caller.
+    bool fire(const std::string& form, const CtlId& id, Event ev, EventArgs& args);
+    bool fire(const CtlId& id, Event ev) {
+        EventArgs a;
+        a.index = id.index;
+        return fire(kFrmMain, id, ev, a);
+    }
+
+    // frmMain controls.
+    Control& ctl(const CtlId& id) { return main().at(id); }
+    const Control& ctl(const CtlId& id) const { return main().at(id); }
+    // The text of a text box, the selected item of a combo box, a caption.
+    std::string text(const CtlId& id) const { return ctl(id).displayText(); }
+    // A text set by the program: the caret goes to its end, nothing selected.
+    void setText(const CtlId& id, const std::string& text);
+    void setCaption(const CtlId& id, const std::string& caption) { ctl(id).caption = caption; }
+    void setVisible(const CtlId& id, bool visible) { ctl(id).visible = visible; }
+    void setTop(const CtlId& id, int top) { ctl(id).top = top; }
+    // Selecting a list position runs the combo box's change handler, as the
+    // old controls did when the program set their position.
+    void setListIndex(const CtlId& id, int index);
+    // Selects the item with this exact text; a text the list does not hold is
+    // refused with a run-time error.
+    void setComboText(const CtlId& id, const std::string& text);
+    int listIndex(const CtlId& id) const { return ctl(id).listIndex; }
+    void selectAll(const CtlId& id);
+
+    // Focus (frmMain). Moving it runs the leave handler of the control that
+    // loses it, then the focus handler of the one that gains it.
+    std::optional<CtlId> focus() const { return focus_; }
+    void setFocus(const CtlId& id);
+    void leaveFocus();
+    // One key press into a text box: its key filter, then the edit.
+    void typeKey(const CtlId& id, int key);
+
+    // Message boxes through the ports.
+    MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) {
+        return ports.message(text, title, buttons, icon);
+    }
+    // The standard error box; the dialog-cancel number is passed over.
+    void reportError(const RuntimeError& e, const std::string& title = "Error");
+    // Runs a command body; a run-time error ends it in the standard error box.
+    void guarded(const std::function<void()>& body, const std::string& errorTitle = "Error");
+
+    // Set when the main form has been unloaded (the program ends).
+    bool mainUnloaded = false;
+
+    // Tab currently in front of SSTab1.
+    int currentTab() const;
+
+  private:
+    std::map<std::string, Form> forms_;
+    std::map<std::tuple<std::string, Ctl, Event>, Handler> handlers_;
+    std::optional<CtlId> focus_;
+};
+
+} // namespace tw

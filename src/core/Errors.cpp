@@ -1,0 +1,10 @@
+#include "core/Errors.h"
+
+namespace tw {
+
+std::string standardErrorText(int number, const std::string& description) {
+    return "Error Number:\t" + std::to_string(number) + "\r\nDescription:\t" + description +
+           "\r\nPlease notify administrator.";
+}
+
+} // namespace tw

@@ -1,0 +1,24 @@
+// Column layouts of the bent table, one per bent type.
+#pragma once
+
+#include "core/model/Choices.h"
+
+#include <cstdint>
+
+namespace tw {
+
+class App;
+class Grid;
+
+// Lays out the header and columns of `grid` for `type` and `beams` beams.
+// Rows are kept; cells of dropped columns go, new columns start empty.
+void layoutColumns(Grid& grid, BentType type, std::int16_t beams);
+
+// Reads the bent type and the number of beams from the form and lays out
+// the columns; a text that names no bent type lays out nothing.
+void relayoutColumns(App& app);
+
+// The integer value of the number of beams as the form shows it (0 when empty).
+int beamCount(const App& app);
+
+} // namespace tw

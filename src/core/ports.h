@@ -1,0 +1,89 @@
+// What the program's logic asks of the outside world. The window answers with
+// Qt, the headless front end with scripted answers, tests with fakes.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tw {
+
+enum class MsgButtons { OK, OKCancel, YesNo };
+enum class MsgIcon { None, Critical };
+enum class MsgAnswer { OK, Cancel, Yes, No };
+
+enum class FileDialogKind { Open, Save };
+
+struct FileDialogRequest {
+    FileDialogKind kind = FileDialogKind::Open;
+    std::string title;
+    std::string filter;     // legacy form: "Description (*.ext)|*.ext"
+    std::string defaultExt; // without the dot
+    bool overwritePrompt = false;
+    std::string fileName; // the dialog's current file name
+};
+
+struct ProcessResult {
+    bool started = false;
+    int exitCode = 0;
+    bool crashed = false;
+    std::string error; // why it could not start, when it did not
+};
+
+struct EngineResult {
+    bool ok = false;
+    int errorNumber = 0;
+    std::string error;
+};
+
+// The program the desktop opens a file type with.
+struct AssociatedProgram {
+    enum class Status { Found, NoAssociation, Unreadable } status = Status::NoAssociation;
+    std::string command; // program, possibly followed by "%1"-style placeholders
+};
+
+struct PrintDocument {
+    std::string file;
+    std::vector<std::string> lines;
+};
+
+class Ports {
+  public:
+    virtual ~Ports() = default;
+
+    virtual MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) = 0;
+    // The chosen path, or nothing when the dialog was cancelled.
+    virtual std::optional<std::string> fileDialog(const FileDialogRequest& request) = 0;
+    // True to go on printing, false when cancelled.
+    virtual bool printerDialog() = 0;
+    virtual void print(const PrintDocument& doc) = 0;
+
+    virtual void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) = 0;
+    // Starts a command line without a shell and waits for its end while the
+    // user interface keeps processing events.
+    virtual ProcessResult startAndWait(const std::string& commandLine) = 0;
+    // Calls DLL_ROUT of the engine library in the program folder with the ten names.
+    virtual EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) = 0;
+
+    virtual std::string readSetting(const std::string& app, const std::string& section, const std::string& key) = 0;
+    virtual void writeSetting(const std::string& app, const std::string& section, const std::string& key,
+                              const std::string& value) = 0;
+    // Raw read of one key, the way a private-profile read works: no escapes.
+    virtual std::string readIni(const std::string& path, const std::string& section, const std::string& key,
+                                const std::string& defaultValue) = 0;
+    virtual AssociatedProgram associatedProgram(const std::string& file) = 0;
+
+    virtual void setBusyCursor(bool busy) = 0;
+    virtual void windowShow(const std::string& form, const std::string& caption) = 0;
+    virtual void windowClose(const std::string& form) = 0;
+    virtual void pictureLoaded(const std::string& control, const std::string& file) = 0;
+    // Lets pending user-interface events run (between printed documents, say).
+    virtual void processEvents() {}
+
+    // Screen size in twips, for centring forms.
+    virtual int screenWidthTwips() const { return 1366 * 15; }
+    virtual int screenHeightTwips() const { return 768 * 15; }
+};
+
+} // namespace tw

@@ -1,0 +1,76 @@
+// One executable: the window by default, the headless commands by name.
+#include "cli/Cli.h"
+#include "gui/GuiMain.h"
+#include "platform/Platform.h"
+#include "tarnwick_version.h"
+
+#include <QCoreApplication>
+
+#include <cstring>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace {
+
+const char* kUsage =
+    "Usage:\n"
+    "  tarnwick                          the window (splash, then the main form)\n"
+    "  tarnwick check FILE...            read each input file; exit 0 if all read\n"
+    "  tarnwick dump FILE                read one input file and print every input and the bent table\n"
+    "  tarnwick run FILE                 open FILE and run it, answering Yes to the save question\n"
+    "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
+    "  tarnwick --help | --version\n"
+    "\n"
+    "Options:\n"
+    "  --program-dir DIR                 the program folder (Ebent.ini, the engine library,\n"
+    "                                    Drawing/, help); default: the folder of the executable\n";
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> args;
+    std::string programDir;
+    for (int i = 1; i < argc; ++i) {
+        std::string a = argv[i];
+        if (a == "--program-dir") {
+            if (i + 1 >= argc) {
+                std::cerr << "tarnwick: --program-dir needs a folder\n" << kUsage;
+                return 2;
+            }
+            programDir = argv[++i];
+        } else if (a.rfind("--program-dir=", 0) == 0) {
+            programDir = a.substr(std::strlen("--program-dir="));
+        } else {
+            args.push_back(a);
+        }
+    }
+    if (!args.empty() && (args[0] == "--help" || args[0] == "-h")) {
+        std::cout << kUsage;
+        return 0;
+    }
+    if (!args.empty() && args[0] == "--version") {
+        std::cout << "tarnwick " << TW_VERSION_STRING << '\n';
+        return 0;
+    }
+    if (args.empty()) {
+        if (programDir.empty()) {
+            QCoreApplication probe(argc, argv);
+            programDir = tw::executableDir();
+        }
+        return tw::runGui(argc, argv, programDir);
+    }
+
+    QCoreApplication qapp(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("Norvale"));
+    tw::CliOptions opt;
+    opt.programDir = programDir.empty() ? tw::executableDir() : programDir;
+    const std::string& cmd = args[0];
+    std::vector<std::string> rest(args.begin() + 1, args.end());
+    if (cmd == "replay" && rest.size() == 1) return tw::cliReplay(opt, rest[0]);
+    if (cmd == "check" && !rest.empty()) return tw::cliCheck(opt, rest);
+    if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
+    if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
+    std::cerr << "tarnwick: unknown command or wrong arguments: " << cmd << '\n' << kUsage;
+    return 2;
+}

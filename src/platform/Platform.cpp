@@ -1,0 +1,121 @@
+#include "platform/Platform.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QSettings>
+
+#include <cstring>
+#include <vector>
+
+namespace tw {
+
+namespace {
+QString q(const std::string& s) { return QString::fromStdString(s); }
+
+QSettings userSettings() { return QSettings(QStringLiteral("Norvale"), QStringLiteral("Tarnwick")); }
+} // namespace
+
+std::string Platform::readSetting(const std::string& app, const std::string& section, const std::string& key) {
+    return userSettings().value(q(app + "/" + section + "/" + key)).toString().toStdString();
+}
+
+void Platform::writeSetting(const std::string& app, const std::string& section, const std::string& key,
+                            const std::string& value) {
+    auto s = userSettings();
+    s.setValue(q(app + "/" + section + "/" + key), q(value));
+    s.sync();
+}
+
+ProcessResult Platform::startAndWait(const std::string& commandLine) {
+    ProcessResult result;
+    const QStringList parts = QProcess::splitCommand(q(commandLine));
+    // An empty command would crash QProcess; it is simply a program that cannot start.
+    if (parts.isEmpty() || parts.first().trimmed().isEmpty()) {
+        result.error = "The command line is empty";
+        return result;
+    }
+    QProcess proc;
+    proc.setProcessChannelMode(QProcess::ForwardedChannels);
+    QEventLoop loop;
+    bool failedToStart = false;
+    QObject::connect(&proc, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&proc, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError e) {
+        if (e == QProcess::FailedToStart) {
+            failedToStart = true;
+            loop.quit();
+        }
+    });
+    proc.start(parts.first(), parts.mid(1));
+    if (!failedToStart && proc.state() != QProcess::NotRunning) loop.exec();
+    if (failedToStart || (proc.error() == QProcess::FailedToStart)) {
+        result.error = "Cannot start " + parts.first().toStdString() + ": " + proc.errorString().toStdString();
+        return result;
+    }
+    if (proc.state() != QProcess::NotRunning) proc.waitForFinished(-1);
+    result.started = true;
+    result.crashed = proc.exitStatus() == QProcess::CrashExit;
+    result.exitCode = proc.exitCode();
+    return result;
+}
+
+EngineResult Platform::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
+    EngineResult r;
+    QLibrary lib(q(programDir + "/calbnt"));
+    if (!lib.load()) {
+        r.errorNumber = 48;
+        r.error = "File not found: calbnt (the engine library could not be loaded from " + programDir + ")";
+        return r;
+    }
+    using Rout = void (*)(char*, int*, char*, int*, char*, int*, char*, int*, char*, int*, char*, int*, char*, int*,
+                          char*, int*, char*, int*, char*, int*);
+    auto fn = reinterpret_cast<Rout>(lib.resolve("DLL_ROUT"));
+    if (!fn) {
+        r.errorNumber = 453;
+        r.error = "Can't find DLL entry point DLL_ROUT in calbnt";
+        return r;
+    }
+    std::vector<std::vector<char>> buffers;
+    std::array<int, 10> lengths{};
+    for (size_t i = 0; i < names.size(); ++i) {
+        buffers.emplace_back(names[i].begin(), names[i].end());
+        buffers.back().push_back('\0');
+        lengths[i] = static_cast<int>(names[i].size());
+    }
+    auto b = [&](size_t i) { return buffers[i].data(); };
+    auto l = [&](size_t i) { return &lengths[i]; };
+    fn(b(0), l(0), b(1), l(1), b(2), l(2), b(3), l(3), b(4), l(4), b(5), l(5), b(6), l(6), b(7), l(7), b(8), l(8), b(9),
+       l(9));
+    r.ok = true;
+    return r;
+}
+
+AssociatedProgram Platform::associatedProgram(const std::string& file) {
+    AssociatedProgram a;
+    const QString mime = QMimeDatabase().mimeTypeForFile(q(file), QMimeDatabase::MatchExtension).name();
+    QProcess query;
+    query.start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"), mime});
+    if (!query.waitForFinished(5000) || query.exitStatus() != QProcess::NormalExit) {
+        a.status = AssociatedProgram::Status::NoAssociation;
+        return a;
+    }
+    const QString desktop = QString::fromLocal8Bit(query.readAllStandardOutput()).trimmed();
+    if (desktop.isEmpty()) {
+        a.status = AssociatedProgram::Status::NoAssociation;
+        return a;
+    }
+    a.status = AssociatedProgram::Status::Found;
+    a.command = "gtk-launch " + desktop.toStdString() + " \"%1\"";
+    return a;
+}
+
+void Platform::shellOpen(const std::string& file, const std::string& folder) {
+    QProcess::startDetached(QStringLiteral("xdg-open"), {q(file)}, q(folder));
+}
+
+std::string executableDir() { return QCoreApplication::applicationDirPath().toStdString(); }
+
+} // namespace tw

@@ -1,0 +1,10 @@
+# src/core may include the standard library and itself only.
+file(GLOB_RECURSE files ${SRC}/core/*.h ${SRC}/core/*.cpp)
+foreach(f ${files})
+  file(STRINGS ${f} includes REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"]")
+  foreach(inc ${includes})
+    if(inc MATCHES "[<\"](Q[A-Za-z]*|qt|platform/|gui/|cli/)")
+      message(FATAL_ERROR "${f} includes something outside the core: ${inc}")
+    endif()
+  endforeach()
+endforeach()

@@ -1,0 +1,44 @@
+# Runs one replay case in a fresh work folder and compares what it prints.
+#   CASE_DIR/script.txt     the script (run from a copy inside WORK_DIR)
+#   CASE_DIR/expected.txt   standard output, exactly
+#   CASE_DIR/exit           the expected exit status (default 0)
+#   CASE_DIR/files/         copied into WORK_DIR before the run
+#   CASE_DIR/expected-files/NAME   WORK_DIR/NAME must hold these bytes afterwards
+file(REMOVE_RECURSE ${WORK_DIR})
+file(MAKE_DIRECTORY ${WORK_DIR}/xdg)
+if(EXISTS ${CASE_DIR}/files)
+  file(COPY ${CASE_DIR}/files/ DESTINATION ${WORK_DIR})
+endif()
+file(COPY ${CASE_DIR}/script.txt DESTINATION ${WORK_DIR})
+set(ENV{XDG_CONFIG_HOME} ${WORK_DIR}/xdg)
+set(ENV{QT_QPA_PLATFORM} offscreen)
+execute_process(COMMAND ${TARNWICK} --program-dir ${PROGRAM_DIR} replay ${WORK_DIR}/script.txt
+                WORKING_DIRECTORY ${WORK_DIR}
+                OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
+set(expected_rc 0)
+if(EXISTS ${CASE_DIR}/exit)
+  file(STRINGS ${CASE_DIR}/exit expected_rc LIMIT_COUNT 1)
+endif()
+# Paths in the output are written relative to the work folder.
+string(REPLACE "${WORK_DIR}" "@WORK@" out "${out}")
+string(REPLACE "${PROGRAM_DIR}" "@PROGRAM@" out "${out}")
+file(WRITE ${WORK_DIR}/actual.txt "${out}")
+file(READ ${CASE_DIR}/expected.txt expected)
+if(NOT out STREQUAL expected)
+  execute_process(COMMAND diff -u ${CASE_DIR}/expected.txt ${WORK_DIR}/actual.txt)
+  message(FATAL_ERROR "output differs from ${CASE_DIR}/expected.txt (stderr: ${err})")
+endif()
+if(NOT rc STREQUAL expected_rc)
+  message(FATAL_ERROR "exit status ${rc}, expected ${expected_rc} (stderr: ${err})")
+endif()
+if(EXISTS ${CASE_DIR}/expected-files)
+  file(GLOB_RECURSE wanted RELATIVE ${CASE_DIR}/expected-files ${CASE_DIR}/expected-files/*)
+  foreach(f ${wanted})
+    execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${CASE_DIR}/expected-files/${f} ${WORK_DIR}/${f}
+                    RESULT_VARIABLE differ)
+    if(differ)
+      execute_process(COMMAND cmp ${CASE_DIR}/expected-files/${f} ${WORK_DIR}/${f})
+      message(FATAL_ERROR "${f} differs from expected-files/${f}")
+    endif()
+  endforeach()
+endif()

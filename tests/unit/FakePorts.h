@@ -1,0 +1,103 @@
+// Ports for unit tests: answers from queues, everything recorded.
+#pragma once
+
+#include "core/App.h"
+#include "core/form/MainForm.h"
+#include "core/ports.h"
+
+#include <deque>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tw::test {
+
+struct ShownMessage {
+    std::string text, title;
+    MsgButtons buttons;
+    MsgIcon icon;
+};
+
+class FakePorts : public Ports {
+  public:
+    std::deque<MsgAnswer> answers;
+    std::deque<std::optional<std::string>> files;
+    std::deque<bool> printers;
+    std::vector<ShownMessage> messages;
+    std::vector<FileDialogRequest> dialogs;
+    std::vector<PrintDocument> printed;
+    std::vector<std::string> started;
+    std::vector<std::array<std::string, 10>> engineCalls;
+    std::vector<std::string> log; // window, picture and shell events
+    std::map<std::string, std::string> settings;
+    std::map<std::string, std::string> ini;
+    ProcessResult processResult{true, 0, false, {}};
+    EngineResult engineResult{true, 0, {}};
+    AssociatedProgram association;
+
+    MsgAnswer message(const std::string& text, const std::string& title, MsgButtons b, MsgIcon i) override {
+        messages.push_back({text, title, b, i});
+        if (!answers.empty()) {
+            auto a = answers.front();
+            answers.pop_front();
+            return a;
+        }
+        return b == MsgButtons::YesNo ? MsgAnswer::Yes : MsgAnswer::OK;
+    }
+    std::optional<std::string> fileDialog(const FileDialogRequest& r) override {
+        dialogs.push_back(r);
+        if (files.empty()) return std::nullopt;
+        auto f = files.front();
+        files.pop_front();
+        return f;
+    }
+    bool printerDialog() override {
+        if (printers.empty()) return false;
+        bool ok = printers.front();
+        printers.pop_front();
+        return ok;
+    }
+    void print(const PrintDocument& doc) override { printed.push_back(doc); }
+    void shellOpen(const std::string& f, const std::string& p, const std::string& d) override {
+        log.push_back("shell-open " + f + " " + p + " " + d);
+    }
+    ProcessResult startAndWait(const std::string& cmd) override {
+        started.push_back(cmd);
+        return processResult;
+    }
+    EngineResult callEngine(const std::string&, const std::array<std::string, 10>& names) override {
+        engineCalls.push_back(names);
+        return engineResult;
+    }
+    std::string readSetting(const std::string& a, const std::string& s, const std::string& k) override {
+        auto it = settings.find(a + "/" + s + "/" + k);
+        return it == settings.end() ? std::string() : it->second;
+    }
+    void writeSetting(const std::string& a, const std::string& s, const std::string& k, const std::string& v) override {
+        settings[a + "/" + s + "/" + k] = v;
+    }
+    std::string readIni(const std::string&, const std::string& s, const std::string& k, const std::string& d) override {
+        auto it = ini.find(s + "/" + k);
+        return it == ini.end() ? d : it->second;
+    }
+    AssociatedProgram associatedProgram(const std::string&) override { return association; }
+    void setBusyCursor(bool busy) override { log.push_back(busy ? "busy" : "default"); }
+    void windowShow(const std::string& f, const std::string& c) override { log.push_back("show " + f + " " + c); }
+    void windowClose(const std::string& f) override { log.push_back("close " + f); }
+    void pictureLoaded(const std::string& c, const std::string& f) override { log.push_back("picture " + c + " " + f); }
+};
+
+// A program with its main form loaded, as after the splash.
+struct Loaded {
+    FakePorts ports;
+    std::unique_ptr<App> app;
+    explicit Loaded(const std::string& programDir = "/nonexistent") {
+        app = std::make_unique<App>(ports, programDir);
+        loadMainForm(*app);
+    }
+    App& operator*() { return *app; }
+    App* operator->() { return app.get(); }
+};
+
+} // namespace tw::test
