@@ -1,6 +1,7 @@
 // The handler table: which routine answers which event of which control.
 #include "core/App.h"
 #include "core/benttable/Layout.h"
+#include "core/form/FileCommands.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
 
@@ -23,6 +24,21 @@ void installPanes(App& app) {
 
 void installShell(App& app) {
     app.on(kFrmMain, Ctl::mnuExit, Event::Click, [](App& a, EventArgs&) { unloadMainForm(a); });
+    // Each toolbar button does what the menu item of the same name does.
+    app.on(kFrmMain, Ctl::Toolbar1, Event::Click, [](App& a, EventArgs& e) {
+        const std::pair<const char*, Ctl> keys[] = {{"New", Ctl::mnuNew},     {"Open", Ctl::mnuOpen},
+                                                    {"Save", Ctl::mnuSave},   {"Run", Ctl::mnuRun},
+                                                    {"Print", Ctl::mnuPrint}, {"Exit", Ctl::mnuExit}};
+        for (const auto& [key, menu] : keys) {
+            if (e.text != key) continue;
+            if (menu == Ctl::mnuSave) {
+                a.guarded([&] { saveProject(a); }, "Error Importing Input File(save)");
+            } else {
+                a.fire(menu, Event::Click);
+            }
+            return;
+        }
+    });
 }
 
 } // namespace
@@ -32,6 +48,7 @@ void installHandlers(App& app) {
     app.on(kFrmMain, Ctl::cboNoBeam, Event::Change, [](App& a, EventArgs&) { relayoutColumns(a); });
     installPanes(app);
     installShell(app);
+    installFileCommands(app);
 }
 
 } // namespace tw
