@@ -86,6 +86,7 @@ const Default kDefaults[] = {
     {{Ctl::txtBeamangleM, 0}, "0"},
     {{Ctl::txtBeamangleS, 0}, "0.0"},
     {Ctl::txtCapLength, ""},
+    {Ctl::txtCenterlineDistance, "1.5000"},
     {{Ctl::txtCenterline, 20}, ""},
     {{Ctl::lblWingLAngle, 0}, "\u00B0 "},
     {{Ctl::lblWingRAngle, 1}, "' "},
@@ -104,8 +105,7 @@ void expectDefaults(App& app) {
     // Every other text input of the project starts empty; the closing
     // battered-pile field only gets its colour back, it keeps its text.
     for (const auto& id : projectInputs())
-        if (!set.count(id) && !app.ctl(id).isCombo() && id != CtlId(Ctl::txtBatterPile, 6) &&
-            id != CtlId(Ctl::txtCenterlineDistance)) {
+        if (!set.count(id) && !app.ctl(id).isCombo() && id != CtlId(Ctl::txtBatterPile, 6)) {
             EXPECT_EQ(app.text(id), "") << toString(id);
         }
     EXPECT_EQ(app.main().caption, "Norvale-Tarnwick");

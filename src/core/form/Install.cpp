@@ -1,9 +1,11 @@
 // The handler table: which routine answers which event of which control.
 #include "core/App.h"
-#include "core/benttable/Layout.h"
+#include "core/form/BeamRows.h"
 #include "core/form/FileCommands.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/NumericEntry.h"
+#include "core/form/Sections.h"
 
 namespace tw {
 
@@ -44,8 +46,9 @@ void installShell(App& app) {
 } // namespace
 
 void installHandlers(App& app) {
-    app.on(kFrmMain, Ctl::cboTybent, Event::Change, [](App& a, EventArgs&) { relayoutColumns(a); });
-    app.on(kFrmMain, Ctl::cboNoBeam, Event::Change, [](App& a, EventArgs&) { relayoutColumns(a); });
+    installNumericEntry(app);
+    installSections(app);
+    installBeamRows(app);
     installPanes(app);
     installShell(app);
     installFileCommands(app);

@@ -1,0 +1,89 @@
+// Key filters, and the handlers that ignore texts they do not know.
+#include "FakePorts.h"
+
+#include "core/form/NumericEntry.h"
+#include "core/form/Sections.h"
+
+#include <gtest/gtest.h>
+
+namespace tw {
+namespace {
+
+struct KeyCase {
+    const char* name;
+    int key;
+    const char* text;
+    const char* selected;
+    int caret;
+    bool minus, point;
+    bool accepted;
+};
+
+TEST(KeyFilter, NumericFields) {
+    const KeyCase cases[] = {
+        {"digit", '7', "12", "", 2, true, true, true},
+        {"backspace", 8, "12", "", 2, true, true, true},
+        {"enter", 13, "12", "", 2, true, true, false},
+        {"letter", 'a', "", "", 0, true, true, false},
+        {"blank", ' ', "", "", 0, true, true, false},
+        {"plus", '+', "", "", 0, true, true, false},
+        {"comma", ',', "1", "", 1, true, true, false},
+        {"first point", '.', "12", "", 2, true, true, true},
+        {"point before an existing one", '.', "1.5", "", 0, true, true, false},
+        {"point replacing a selected point", '.', "1.5", "1.", 0, true, true, true},
+        {"point where none is allowed", '.', "12", "", 2, true, false, false},
+        {"minus at the start", '-', "5", "", 0, true, true, true},
+        {"minus into an empty field", '-', "", "", 0, true, true, true},
+        {"minus after a digit", '-', "5", "", 1, true, true, false},
+        {"second minus", '-', "-5", "", 0, true, true, false},
+        {"minus replacing a selected minus", '-', "-5", "-5", 0, true, true, true},
+        {"minus where none is allowed", '-', "", "", 0, false, true, false},
+    };
+    for (const auto& c : cases) {
+        const int got = filterNumericKey(c.key, c.text, c.selected, c.caret, c.minus, c.point);
+        EXPECT_EQ(got, c.accepted ? c.key : 0) << c.name;
+    }
+}
+
+TEST(KeyFilter, BentNumberTakesOneToNineOnly) {
+    for (int k = '1'; k <= '9'; ++k)
+        EXPECT_EQ(filterBentNumberKey(k), k);
+    for (int k : {int('0'), 8, int('.'), int('-'), int('a'), 13})
+        EXPECT_EQ(filterBentNumberKey(k), 0) << k;
+}
+
+TEST(Sections, AnUnknownBentTypeChangesNothing) {
+    test::Loaded app;
+    app->setText(Ctl::txtCenterlineDistance, "2.0000");
+    const auto before = app->main().controls().at(Ctl::Frame5).visible;
+    app->ctl(Ctl::cboTybent).listIndex = -1;
+    app->ctl(Ctl::cboTybent).text = "Pile Bent";
+    applyBentType(*app);
+    EXPECT_EQ(app->text(Ctl::txtCenterlineDistance), "2.0000");
+    EXPECT_EQ(app->ctl(Ctl::Frame5).visible, before);
+    EXPECT_EQ(app->grid.cols(), 11);
+}
+
+TEST(ClosingValues, SinglePrecisionAndOnlyWithACapLength) {
+    test::Loaded app;
+    App& a = *app;
+    a.setText(CtlId(Ctl::txtCenterline, 0), "10.1000");
+    updateCenterlineClosing(a);
+    EXPECT_EQ(a.text(CtlId(Ctl::txtCenterline, 20)), "");
+    EXPECT_FALSE(a.ctl(CtlId(Ctl::txtCenterline, 20)).locked);
+    a.setText(Ctl::txtCapLength, "40.3000");
+    for (int i = 1; i < 4; ++i)
+        a.setText(CtlId(Ctl::txtCenterline, i), "10.1000");
+    updateCenterlineClosing(a);
+    // Four distances of 10.1 overrun a 40.3 cap: less than nothing is left, in red.
+    EXPECT_EQ(a.text(CtlId(Ctl::txtCenterline, 20)), "-0.1000");
+    EXPECT_EQ(a.ctl(CtlId(Ctl::txtCenterline, 20)).color, BackColor::Red);
+    // Text after the number is ignored; letters alone count as nothing.
+    a.setText(CtlId(Ctl::txtCenterline, 0), "abc");
+    updateCenterlineClosing(a);
+    EXPECT_EQ(a.text(CtlId(Ctl::txtCenterline, 20)), "10.0000");
+    EXPECT_EQ(a.ctl(CtlId(Ctl::txtCenterline, 20)).color, BackColor::Yellow);
+}
+
+} // namespace
+} // namespace tw
