@@ -87,3 +87,25 @@ TEST(ClosingValues, SinglePrecisionAndOnlyWithACapLength) {
 
 } // namespace
 } // namespace tw
+
+namespace tw {
+namespace {
+
+TEST(BentCounter, OverflowIsARunTimeErrorAfterTheRowIsIn) {
+    test::Loaded app;
+    App& a = *app;
+    a.bentCounter = INT16_MAX;
+    a.setText(Ctl::txtBentNoPI, "1");
+    for (int i = 0; i < 4; ++i)
+        a.setText(CtlId(Ctl::txtEStepPI, i), "1");
+    a.setText(Ctl::txtLwingwallElevation, "2");
+    a.setText(Ctl::txtRwingwallElevation, "2");
+    a.fire(CtlId(Ctl::cmdQuantity, 0), Event::Click);
+    ASSERT_EQ(app.ports.messages.size(), 1u);
+    EXPECT_EQ(app.ports.messages[0].title, "Error");
+    EXPECT_NE(app.ports.messages[0].text.find("Overflow"), std::string::npos);
+    EXPECT_EQ(a.bentCounter, INT16_MAX);
+}
+
+} // namespace
+} // namespace tw

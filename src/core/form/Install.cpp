@@ -1,5 +1,6 @@
 // The handler table: which routine answers which event of which control.
 #include "core/App.h"
+#include "core/benttable/BentEntry.h"
 #include "core/form/BeamRows.h"
 #include "core/form/FileCommands.h"
 #include "core/form/Forms.h"
@@ -52,6 +53,7 @@ void installHandlers(App& app) {
     installPanes(app);
     installShell(app);
     installFileCommands(app);
+    installBentTable(app);
 }
 
 } // namespace tw
