@@ -1,5 +1,6 @@
 # Runs one replay case in a fresh work folder and compares what it prints.
-#   CASE_DIR/script.txt     the script (run from a copy inside WORK_DIR)
+#   CASE_DIR/script.txt     the script (run from a copy inside WORK_DIR), or
+#   CASE_DIR/command.txt    the arguments of another command, one a line
 #   CASE_DIR/expected.txt   standard output, exactly
 #   CASE_DIR/exit           the expected exit status (default 0)
 #   CASE_DIR/files/         copied into WORK_DIR before the run
@@ -9,10 +10,15 @@ file(MAKE_DIRECTORY ${WORK_DIR}/xdg)
 if(EXISTS ${CASE_DIR}/files)
   file(COPY ${CASE_DIR}/files/ DESTINATION ${WORK_DIR})
 endif()
-file(COPY ${CASE_DIR}/script.txt DESTINATION ${WORK_DIR})
+if(EXISTS ${CASE_DIR}/command.txt)
+  file(STRINGS ${CASE_DIR}/command.txt args)
+else()
+  file(COPY ${CASE_DIR}/script.txt DESTINATION ${WORK_DIR})
+  set(args replay ${WORK_DIR}/script.txt)
+endif()
 set(ENV{XDG_CONFIG_HOME} ${WORK_DIR}/xdg)
 set(ENV{QT_QPA_PLATFORM} offscreen)
-execute_process(COMMAND ${TARNWICK} --program-dir ${PROGRAM_DIR} replay ${WORK_DIR}/script.txt
+execute_process(COMMAND ${TARNWICK} --program-dir ${PROGRAM_DIR} ${args}
                 WORKING_DIRECTORY ${WORK_DIR}
                 OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
 set(expected_rc 0)

@@ -1,5 +1,6 @@
 #include "cli/Replay.h"
 
+#include "cli/Printing.h"
 #include "cli/Quoting.h"
 #include "core/form/Forms.h"
 
@@ -115,17 +116,6 @@ void Replay::showState(const Target& t) {
     out_ << t.written << " visible=" << visible << " enabled=" << c.enabled << " locked=" << c.locked
          << " color=" << colorName(c.color) << " caption=" << quote(c.caption) << " top=" << pos(c.top)
          << " left=" << pos(c.left) << '\n';
-}
-
-void Replay::showGrid() {
-    const Grid& g = app_.grid;
-    out_ << "grid rows=" << g.rows() << " cols=" << g.cols() << " row=" << g.row() << " end=" << g.rowSel() << '\n';
-    for (int r = 0; r < g.rows(); ++r) {
-        out_ << "  " << r << ':';
-        for (const auto& cell : g.rowCells(r))
-            out_ << ' ' << quote(cell);
-        out_ << '\n';
-    }
 }
 
 bool Replay::runLine(const std::string& raw, int n) {
@@ -251,10 +241,10 @@ bool Replay::runLine(const std::string& raw, int n) {
         } else if (verb == "show") {
             if (!need(2)) return false;
             if (app_.hasForm(w[1].text)) {
-                out_ << w[1].text << " = " << quote(app_.form(w[1].text).caption) << '\n';
+                printShow(out_, w[1].text, app_.form(w[1].text).caption);
             } else {
                 if (!target()) return false;
-                out_ << t.written << " = " << quote(app_.form(t.form).at(t.id).displayText()) << '\n';
+                printShow(out_, t.written, app_.form(t.form).at(t.id).displayText());
             }
         } else if (verb == "state") {
             if (!target()) return false;
@@ -263,7 +253,7 @@ bool Replay::runLine(const std::string& raw, int n) {
             auto f = app_.focus();
             out_ << "focus = " << (f ? toString(*f) : std::string("none")) << '\n';
         } else if (verb == "grid") {
-            showGrid();
+            printGrid(out_, app_.grid);
         } else if (verb == "counter") {
             out_ << "counter = " << app_.bentCounter << '\n';
         } else if (verb == "register") {

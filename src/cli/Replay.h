@@ -30,7 +30,6 @@ class Replay {
     bool resolve(const std::string& word, Target& t, std::string& why) const;
     bool fail(int lineNumber, const std::string& why);
     void showState(const Target& t);
-    void showGrid();
 
     App& app_;
     ReplayPorts& ports_;

@@ -34,11 +34,7 @@ void installShell(App& app) {
                                                     {"Print", Ctl::mnuPrint}, {"Exit", Ctl::mnuExit}};
         for (const auto& [key, menu] : keys) {
             if (e.text != key) continue;
-            if (menu == Ctl::mnuSave) {
-                a.guarded([&] { saveProject(a); }, "Error Importing Input File(save)");
-            } else {
-                a.fire(menu, Event::Click);
-            }
+            a.fire(menu, Event::Click);
             return;
         }
     });

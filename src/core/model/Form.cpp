@@ -17,6 +17,8 @@ bool Control::hasCaption() const {
 std::string Control::displayText() const {
     if (kind == Kind::ComboBox)
         return listIndex >= 0 && listIndex < static_cast<int>(items.size()) ? items[listIndex] : text;
+    if (kind == Kind::Tab) // the caption of the tab in front
+        return value >= 0 && value < static_cast<int>(items.size()) ? items[value] : std::string();
     if (hasCaption()) return caption;
     return text;
 }

@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# Builds the fuzz targets with clang and runs each for a bounded time.
+# Usage: scripts/fuzz.sh [SECONDS_EACH]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+seconds=${1:-30}
+if ! command -v clang++ >/dev/null; then
+  echo "clang++ not found: fuzzing skipped"
+  exit 0
+fi
+build=build-fuzz
+CXX=clang++ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=OFF -DTARNWICK_FUZZ=ON \
+  -DCMAKE_CXX_FLAGS="-fsanitize=fuzzer-no-link,address,undefined" >/dev/null
+cmake --build "$build" -j"$(nproc)" --target fuzz_reader fuzz_replay
+corpus=$(mktemp -d)
+mkdir -p "$corpus/reader" "$corpus/replay"
+cp samples/*.ebnt "$corpus/reader/"
+for s in tests/replay/*/script.txt; do cp "$s" "$corpus/replay/$(basename "$(dirname "$s")").txt"; done
+export ASAN_OPTIONS=detect_leaks=0
+"$build/bin/fuzz_reader" -max_total_time="$seconds" -max_len=65536 -timeout=10 "$corpus/reader"
+"$build/bin/fuzz_replay" -max_total_time="$seconds" -max_len=4096 -timeout=10 "$corpus/replay"
+rm -rf "$corpus"

@@ -1,0 +1,21 @@
+#include "cli/Printing.h"
+
+#include "cli/Quoting.h"
+
+namespace tw {
+
+void printShow(std::ostream& out, const std::string& name, const std::string& text) {
+    out << name << " = " << quote(text) << '\n';
+}
+
+void printGrid(std::ostream& out, const Grid& g) {
+    out << "grid rows=" << g.rows() << " cols=" << g.cols() << " row=" << g.row() << " end=" << g.rowSel() << '\n';
+    for (int r = 0; r < g.rows(); ++r) {
+        out << "  " << r << ':';
+        for (const auto& cell : g.rowCells(r))
+            out << ' ' << quote(cell);
+        out << '\n';
+    }
+}
+
+} // namespace tw

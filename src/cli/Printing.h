@@ -1,0 +1,17 @@
+// Lines the headless front end prints about the form, shared by the replay
+// and `dump`.
+#pragma once
+
+#include "core/model/Grid.h"
+
+#include <ostream>
+#include <string>
+
+namespace tw {
+
+// CTRL = "TEXT"
+void printShow(std::ostream& out, const std::string& name, const std::string& text);
+// grid rows=R cols=C row=CUR end=END, then one line per row.
+void printGrid(std::ostream& out, const Grid& g);
+
+} // namespace tw

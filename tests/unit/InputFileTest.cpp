@@ -1,0 +1,242 @@
+// The input file: exact bytes, round trips, and files that must be refused.
+#include "FakePorts.h"
+
+#include "core/inputfile/Codepage.h"
+#include "core/inputfile/InputFile.h"
+#include "core/model/Numeric.h"
+#include "core/model/Project.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+namespace tw {
+namespace {
+
+using test::Loaded;
+
+std::string blanks(int n) { return std::string(n, ' '); }
+
+TEST(InputFileWriter, DefaultProjectWithACapLengthOf45) {
+    Loaded app;
+    app->setText(Ctl::txtCapLength, "45.0000");
+    const std::string expected = "\r\n\r\n\r\n"
+                                 "100 2 0 4 0   200001450000 " +
+                                 blanks(12) +
+                                 "\r\n"
+                                 "20030000 20000  115000 20000 20000 \r\n"
+                                 "300" +
+                                 blanks(24) +
+                                 "\r\n"
+                                 "500" +
+                                 blanks(24) +
+                                 "\r\n"
+                                 "600\r\n"
+                                 "700 4 4" +
+                                 blanks(24) +
+                                 "\r\n"
+                                 "80010000 40000 10000090 0 000" +
+                                 blanks(9) + "0\r\n";
+    const auto text = composeInputFile(*app);
+    EXPECT_FALSE(text.aborted);
+    EXPECT_EQ(text.bytes, expected);
+}
+
+TEST(InputFileWriter, NumericFields) {
+    struct Case {
+        int width;
+        const char* text;
+        const char* field;
+    } cases[] = {
+        {6, "12.50", "1250  "},    {6, "7", "7     "},       {6, "", "      "}, {6, "abc", "      "},
+        {6, " 1.5 ", "15    "},    {6, "-0.25", "-025  "},   {3, "90", "90 "},  {2, "0", "0 "},
+        {7, "45.0000", "450000 "}, {6, "99.9999", "999999"}, {3, "5.0", "50 "},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(numericField(c.width, c.text), c.field) << c.text;
+    EXPECT_THROW(numericField(6, "123.4567"), RuntimeError);
+    EXPECT_EQ(countField("5"), " 5");
+    EXPECT_EQ(countField("12"), "12");
+    EXPECT_EQ(countField("100"), "100");
+}
+
+TEST(InputFileWriter, MoreThan99BentsIsToldAndWrittenAsItStands) {
+    Loaded app;
+    app->bentCounter = 100;
+    const auto text = composeInputFile(*app);
+    ASSERT_EQ(app.ports.messages.size(), 1u);
+    EXPECT_EQ(app.ports.messages[0].text, "You can use a maximum of only 99 bents.");
+    EXPECT_EQ(app.ports.messages[0].icon, MsgIcon::None);
+    EXPECT_NE(text.bytes.find("\r\n100 2100 4 0 "), std::string::npos);
+}
+
+TEST(InputFileWriter, AFailedSaveLeavesThePreviousFile) {
+    Loaded app;
+    const auto dir = std::filesystem::temp_directory_path() / "tarnwick-failed-save";
+    std::filesystem::create_directories(dir);
+    const auto path = (dir / "bent.ebnt").string();
+    std::ofstream(path, std::ios::binary) << "previous contents";
+    app->setText(Ctl::txtCapWidth, "123.4567"); // too wide for its field
+    EXPECT_FALSE(writeInputFile(*app, path));
+    ASSERT_EQ(app.ports.messages.size(), 1u);
+    EXPECT_EQ(app.ports.messages[0].title, "Error");
+    std::ifstream in(path, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "previous contents");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir), {}), 1) << "no temporary file left behind";
+    std::filesystem::remove_all(dir);
+}
+
+TEST(Codepage, TitlesTravelAsWindows1252) {
+    EXPECT_EQ(utf8ToCp1252("Caf\u00e9 \u2013 90\u00b0 \u4e2d"), "Caf\xe9 \x96 90\xb0 ?");
+    EXPECT_EQ(cp1252ToUtf8("Caf\xe9 \x96 90\xb0"), "Caf\u00e9 \u2013 90\u00b0");
+}
+
+// A project with every value formatted the way its field leaves it.
+class ProjectMaker {
+  public:
+    explicit ProjectMaker(unsigned seed) : rng_(seed) {}
+
+    void fill(App& a) {
+        const char* types[] = {"Pile Intermediate Bent", "Pile End Bent without Backwall",
+                               "Pile End Bent with Backwall"};
+        a.setComboText(Ctl::cboTybent, types[pick(3)]);
+        a.setListIndex(Ctl::cboNoBeam, pick(20));
+        for (Ctl c : {Ctl::cboDrScale, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn, Ctl::cboWingParallel,
+                      Ctl::cboTPLwinwall, Ctl::cboTPRwingwall, Ctl::cboBatterPile, Ctl::cboWingwallPileBox,
+                      Ctl::cboBatteredPile, Ctl::cboBearingHole, Ctl::cboTypeOfPile, Ctl::cboStrirrups})
+            a.setListIndex(c, pick(static_cast<int>(a.ctl(c).items.size())));
+        for (const auto& id : projectInputs()) {
+            if (a.ctl(id).isCombo()) continue;
+            a.setText(id, valueFor(id));
+        }
+        const int beams = std::stoi(a.text(Ctl::cboNoBeam));
+        const int bents = pick(3) == 0 ? 0 : pick(99) + 1;
+        for (int b = 0; b < bents; ++b) {
+            std::string row = std::to_string(b % 99 + 1) + "\t";
+            for (int c = 1; c < a.grid.cols(); ++c)
+                row += (c <= 2 && pick(2) ? "" : elevation()) + "\t";
+            a.grid.addItem(row);
+            a.bentRegister.push_back(std::to_string(b % 99 + 1));
+        }
+        a.bentCounter = static_cast<std::int16_t>(bents);
+        (void)beams;
+    }
+
+  private:
+    int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
+    std::string number(int digits, int decimals) {
+        if (pick(8) == 0) return "";
+        const double limit = std::pow(10.0, digits - 1) - 1;
+        const double v = std::uniform_real_distribution<double>(-limit, limit * 10)(rng_);
+        return formatField(digits, decimals, std::to_string(v));
+    }
+    std::string elevation() { return number(4, 2); }
+    std::string valueFor(const CtlId& id) {
+        switch (id.ctl) {
+        case Ctl::txtProjectInfo: return pick(2) ? "BENT " + std::to_string(pick(1000)) + " \u00b0 OVER CREEK" : "";
+        case Ctl::txtBentNoPI: return "";
+        case Ctl::txtCapLength: return number(3, 4);
+        case Ctl::txtBeamangleH: return number(2, 0);
+        case Ctl::txtBeamangleM: return number(1, 0);
+        case Ctl::txtBeamangleS: return number(1, 1);
+        case Ctl::txtWinLAngle:
+        case Ctl::txtWinRAngle: return id.index == 0 ? number(2, 0) : id.index == 1 ? number(1, 0) : number(1, 1);
+        case Ctl::txtBtLCapPI:
+        case Ctl::txtBtRCapPI:
+        case Ctl::txtEStepPI:
+        case Ctl::txtLwingwallElevation:
+        case Ctl::txtElevationTopLeftfront:
+        case Ctl::txtElevationTopLeftEnd:
+        case Ctl::txtRwingwallElevation:
+        case Ctl::txtElevationTopRighFront:
+        case Ctl::txtElevationTopRighEnd:
+        case Ctl::txtTopLeftEndPost:
+        case Ctl::txtTopLeftBackwall:
+        case Ctl::txtTopCentBackwall:
+        case Ctl::txtTopRightBackwall:
+        case Ctl::txtTopRightEndPost: return elevation();
+        default: return number(1, 4);
+        }
+    }
+    std::mt19937 rng_;
+};
+
+TEST(InputFileRoundTrip, WriteReadWriteGivesTheSameBytesAndTable) {
+    for (unsigned seed = 1; seed <= 150; ++seed) {
+        Loaded first;
+        ProjectMaker(seed).fill(*first);
+        first->setText(Ctl::txtPileBoxDistance2, "1.0000"); // never equal to the first: no pile-box stop
+        first->setText(Ctl::txtPileBoxDistance1, "9.0000");
+        const auto written = composeInputFile(*first);
+        ASSERT_FALSE(written.aborted) << "seed " << seed;
+        Loaded second;
+        ASSERT_NO_THROW(parseInputFile(*second, written.bytes)) << "seed " << seed << "\n" << written.bytes;
+        EXPECT_EQ(composeInputFile(*second).bytes, written.bytes) << "seed " << seed;
+        EXPECT_EQ(second->bentCounter, first->bentCounter);
+        EXPECT_EQ(second->bentRegister, first->bentRegister);
+        ASSERT_EQ(second->grid.rows(), first->grid.rows()) << "seed " << seed;
+        for (int r = 0; r < first->grid.rows(); ++r)
+            EXPECT_EQ(second->grid.rowCells(r), first->grid.rowCells(r)) << "seed " << seed << " row " << r;
+        for (Ctl c : {Ctl::txtCapLength, Ctl::txtCapWidth, Ctl::txtCapDepth, Ctl::cboTybent, Ctl::cboNoBeam,
+                      Ctl::cboDrScale, Ctl::cboBSkew, Ctl::cboTypeOfPile, Ctl::cboStrirrups, Ctl::cboBearingHole,
+                      Ctl::txtCenterlineDistance, Ctl::cboAngleType})
+            EXPECT_EQ(second->text(c), first->text(c)) << "seed " << seed << " " << ctlName(c);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(second->text(CtlId(Ctl::txtProjectInfo, i)), first->text(CtlId(Ctl::txtProjectInfo, i)));
+    }
+}
+
+std::string sampleBytes(const char* name) {
+    std::ifstream in(std::string(TW_SOURCE_DIR) + "/samples/" + name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// Reads bytes into a fresh project; true when they were taken.
+bool takes(const std::string& bytes) {
+    Loaded app;
+    try {
+        parseInputFile(*app, bytes);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+TEST(InputFileReader, RefusesEveryTruncationBeforeTheLastLineEnds) {
+    for (const char* name : {"end-with-backwall.ebnt", "twelve-beams.ebnt", "intermediate.ebnt"}) {
+        const std::string good = sampleBytes(name);
+        ASSERT_TRUE(takes(good)) << name;
+        const size_t lastLineEnd = good.size() - 2;
+        for (size_t cut = 0; cut < lastLineEnd; ++cut)
+            EXPECT_FALSE(takes(good.substr(0, cut))) << name << " cut at " << cut;
+    }
+}
+
+TEST(InputFileReader, RefusesWrongCodesAndJunkWithoutCrashing) {
+    const std::string good = sampleBytes("end-with-backwall.ebnt");
+    std::mt19937 rng(7);
+    for (int trial = 0; trial < 300; ++trial) {
+        std::string bad = good;
+        const int changes = 1 + static_cast<int>(rng() % 4);
+        for (int k = 0; k < changes; ++k)
+            bad[rng() % bad.size()] = static_cast<char>(rng() % 256);
+        takes(bad); // either read or refused; never a crash
+    }
+    std::string junk(4096, '\0');
+    for (auto& c : junk)
+        c = static_cast<char>(rng() % 256);
+    EXPECT_FALSE(takes(junk));
+    EXPECT_FALSE(takes(std::string(1 << 20, 'x')));
+    EXPECT_FALSE(takes(""));
+    // Lines may carry more than their fields, and lines after the last record are ignored.
+    std::string longLines = good;
+    for (size_t p = 0; (p = longLines.find("\r\n", p)) != std::string::npos; p += 2 + 5000)
+        longLines.insert(p, std::string(5000, '9'));
+    EXPECT_TRUE(takes(longLines));
+    EXPECT_TRUE(takes(good + "trailing notes\r\n"));
+}
+
+} // namespace
+} // namespace tw
