@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 
+#include <array>
 #include <cstring>
 #include <iostream>
 #include <string>
@@ -29,6 +30,13 @@ const char* kUsage =
 } // namespace
 
 int main(int argc, char** argv) {
+    // The engine runs in a child of ours so that a failing engine cannot take the program with it.
+    if (argc == 13 && std::strcmp(argv[1], "--engine-call") == 0) {
+        std::array<std::string, 10> names;
+        for (int i = 0; i < 10; ++i)
+            names[i] = argv[3 + i];
+        return tw::callEngineHere(argv[2], names);
+    }
     std::vector<std::string> args;
     std::string programDir;
     for (int i = 1; i < argc; ++i) {

@@ -3,8 +3,13 @@
 #   CASE_DIR/command.txt    the arguments of another command, one a line
 #   CASE_DIR/expected.txt   standard output, exactly
 #   CASE_DIR/exit           the expected exit status (default 0)
+#   CASE_DIR/program-dir    a folder under ENGINES_DIR to use as the program folder
 #   CASE_DIR/files/         copied into WORK_DIR before the run
 #   CASE_DIR/expected-files/NAME   WORK_DIR/NAME must hold these bytes afterwards
+if(EXISTS ${CASE_DIR}/program-dir)
+  file(STRINGS ${CASE_DIR}/program-dir sub LIMIT_COUNT 1)
+  set(PROGRAM_DIR ${ENGINES_DIR}/${sub})
+endif()
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR}/xdg)
 if(EXISTS ${CASE_DIR}/files)

@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <QSettings>
 
+#include <cstdio>
 #include <cstring>
 #include <vector>
 
@@ -15,6 +16,10 @@ namespace tw {
 
 namespace {
 QString q(const std::string& s) { return QString::fromStdString(s); }
+
+// Exit statuses of the engine child, told back to the parent.
+constexpr int kLibraryMissing = 48;
+constexpr int kEntryMissing = 45;
 
 QSettings userSettings() { return QSettings(QStringLiteral("Norvale"), QStringLiteral("Tarnwick")); }
 } // namespace
@@ -63,20 +68,50 @@ ProcessResult Platform::startAndWait(const std::string& commandLine) {
 }
 
 EngineResult Platform::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
+    // The engine runs in a child process of ours: an engine that crashes or
+    // ends its own process takes only the child with it.
     EngineResult r;
+    QStringList args = {QStringLiteral("--engine-call"), q(programDir)};
+    for (const auto& n : names)
+        args << QString::fromUtf8(n.data(), static_cast<qsizetype>(n.size()));
+    QProcess proc;
+    proc.setProcessChannelMode(QProcess::SeparateChannels);
+    QEventLoop loop;
+    QObject::connect(&proc, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&proc, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError) { loop.quit(); });
+    proc.start(QCoreApplication::applicationFilePath(), args);
+    if (proc.state() != QProcess::NotRunning) loop.exec();
+    if (proc.state() != QProcess::NotRunning) proc.waitForFinished(-1);
+    const std::string said = QString::fromLocal8Bit(proc.readAllStandardError()).trimmed().toStdString();
+    if (proc.error() == QProcess::FailedToStart) {
+        r.errorNumber = 48;
+        r.error = "The engine could not be started: " + proc.errorString().toStdString();
+    } else if (proc.exitStatus() == QProcess::CrashExit) {
+        r.errorNumber = 51;
+        r.error = "Internal error: the engine stopped unexpectedly (it crashed)" + (said.empty() ? "" : ": " + said);
+    } else if (proc.exitCode() != 0) {
+        r.errorNumber = proc.exitCode() == kLibraryMissing ? 48 : proc.exitCode() == kEntryMissing ? 453 : 51;
+        r.error =
+            said.empty() ? "Internal error: the engine ended with status " + std::to_string(proc.exitCode()) : said;
+    } else {
+        r.ok = true;
+    }
+    return r;
+}
+
+int callEngineHere(const std::string& programDir, const std::array<std::string, 10>& names) {
     QLibrary lib(q(programDir + "/calbnt"));
     if (!lib.load()) {
-        r.errorNumber = 48;
-        r.error = "File not found: calbnt (the engine library could not be loaded from " + programDir + ")";
-        return r;
+        std::fprintf(stderr, "File not found: calbnt (the engine library %s/libcalbnt.so could not be loaded)\n",
+                     programDir.c_str());
+        return kLibraryMissing;
     }
     using Rout = void (*)(char*, int*, char*, int*, char*, int*, char*, int*, char*, int*, char*, int*, char*, int*,
                           char*, int*, char*, int*, char*, int*);
     auto fn = reinterpret_cast<Rout>(lib.resolve("DLL_ROUT"));
     if (!fn) {
-        r.errorNumber = 453;
-        r.error = "Can't find DLL entry point DLL_ROUT in calbnt";
-        return r;
+        std::fprintf(stderr, "Can't find DLL entry point DLL_ROUT in calbnt (%s/libcalbnt.so)\n", programDir.c_str());
+        return kEntryMissing;
     }
     std::vector<std::vector<char>> buffers;
     std::array<int, 10> lengths{};
@@ -89,8 +124,7 @@ EngineResult Platform::callEngine(const std::string& programDir, const std::arra
     auto l = [&](size_t i) { return &lengths[i]; };
     fn(b(0), l(0), b(1), l(1), b(2), l(2), b(3), l(3), b(4), l(4), b(5), l(5), b(6), l(6), b(7), l(7), b(8), l(8), b(9),
        l(9));
-    r.ok = true;
-    return r;
+    return 0;
 }
 
 AssociatedProgram Platform::associatedProgram(const std::string& file) {

@@ -34,6 +34,10 @@ class Platform {
 std::string readIniRaw(const std::string& path, const std::string& section, const std::string& key,
                        const std::string& defaultValue);
 
+// The engine call itself, in the process that runs it: 0, or a nonzero
+// status when the library or its entry point cannot be found (told on stderr).
+int callEngineHere(const std::string& programDir, const std::array<std::string, 10>& names);
+
 // The folder of the running executable.
 std::string executableDir();
 

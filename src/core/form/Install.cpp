@@ -7,6 +7,7 @@
 #include "core/form/MainForm.h"
 #include "core/form/NumericEntry.h"
 #include "core/form/Sections.h"
+#include "core/run/Run.h"
 
 namespace tw {
 
@@ -50,6 +51,7 @@ void installHandlers(App& app) {
     installShell(app);
     installFileCommands(app);
     installBentTable(app);
+    installRun(app);
 }
 
 } // namespace tw

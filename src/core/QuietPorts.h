@@ -1,0 +1,46 @@
+// Ports for working without anyone watching: a box is remembered, not
+// shown (answered with its first button), dialogs are cancelled, nothing is
+// started, and settings live only as long as the object.
+#pragma once
+
+#include "core/ports.h"
+
+#include <map>
+#include <string>
+
+namespace tw {
+
+class QuietPorts : public Ports {
+  public:
+    std::string lastMessage;
+
+    MsgAnswer message(const std::string& text, const std::string&, MsgButtons b, MsgIcon) override {
+        lastMessage = text;
+        return b == MsgButtons::YesNo ? MsgAnswer::Yes : MsgAnswer::OK;
+    }
+    std::optional<std::string> fileDialog(const FileDialogRequest&) override { return std::nullopt; }
+    bool printerDialog() override { return false; }
+    void print(const PrintDocument&) override {}
+    void shellOpen(const std::string&, const std::string&, const std::string&) override {}
+    ProcessResult startAndWait(const std::string&) override { return {}; }
+    EngineResult callEngine(const std::string&, const std::array<std::string, 10>&) override { return {}; }
+    std::string readSetting(const std::string& a, const std::string& s, const std::string& k) override {
+        return settings_[a + "/" + s + "/" + k];
+    }
+    void writeSetting(const std::string& a, const std::string& s, const std::string& k, const std::string& v) override {
+        settings_[a + "/" + s + "/" + k] = v;
+    }
+    std::string readIni(const std::string&, const std::string&, const std::string&, const std::string& d) override {
+        return d;
+    }
+    AssociatedProgram associatedProgram(const std::string&) override { return {}; }
+    void setBusyCursor(bool) override {}
+    void windowShow(const std::string&, const std::string&) override {}
+    void windowClose(const std::string&) override {}
+    void pictureLoaded(const std::string&, const std::string&) override {}
+
+  private:
+    std::map<std::string, std::string> settings_;
+};
+
+} // namespace tw
