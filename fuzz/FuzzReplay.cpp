@@ -14,6 +14,7 @@ class SealedPorts : public tw::ReplayPorts {
     using ReplayPorts::ReplayPorts;
     std::optional<std::string> fileDialog(const tw::FileDialogRequest&) override { return std::nullopt; }
     tw::ProcessResult startAndWait(const std::string&) override { return {}; }
+    bool startDetached(const std::string&) override { return false; }
     tw::EngineResult callEngine(const std::string&, const std::array<std::string, 10>&) override { return {}; }
     void shellOpen(const std::string&, const std::string&, const std::string&) override {}
     std::string readSetting(const std::string&, const std::string&, const std::string&) override { return ""; }

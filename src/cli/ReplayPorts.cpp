@@ -97,6 +97,12 @@ ProcessResult ReplayPorts::startAndWait(const std::string& commandLine) {
     return platform_.startAndWait(commandLine);
 }
 
+bool ReplayPorts::startDetached(const std::string& commandLine) {
+    out_ << "start " << quote(commandLine) << '\n';
+    out_.flush();
+    return platform_.startDetached(commandLine);
+}
+
 EngineResult ReplayPorts::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
     out_ << "engine";
     for (const auto& n : names)

@@ -29,6 +29,7 @@ class ReplayPorts : public Ports {
     void print(const PrintDocument& doc) override;
     void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
     ProcessResult startAndWait(const std::string& commandLine) override;
+    bool startDetached(const std::string& commandLine) override;
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
     std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override;
     void writeSetting(const std::string& app, const std::string& section, const std::string& key,

@@ -23,6 +23,7 @@ class QuietPorts : public Ports {
     void print(const PrintDocument&) override {}
     void shellOpen(const std::string&, const std::string&, const std::string&) override {}
     ProcessResult startAndWait(const std::string&) override { return {}; }
+    bool startDetached(const std::string&) override { return false; }
     EngineResult callEngine(const std::string&, const std::array<std::string, 10>&) override { return {}; }
     std::string readSetting(const std::string& a, const std::string& s, const std::string& k) override {
         return settings_[a + "/" + s + "/" + k];

@@ -63,6 +63,8 @@ class Ports {
     // Starts a command line without a shell and waits for its end while the
     // user interface keeps processing events.
     virtual ProcessResult startAndWait(const std::string& commandLine) = 0;
+    // Starts a command line without a shell and goes on; false when it cannot start.
+    virtual bool startDetached(const std::string& commandLine) = 0;
     // Calls DLL_ROUT of the engine library in the program folder with the ten names.
     virtual EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) = 0;
 

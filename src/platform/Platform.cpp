@@ -67,6 +67,12 @@ ProcessResult Platform::startAndWait(const std::string& commandLine) {
     return result;
 }
 
+bool Platform::startDetached(const std::string& commandLine) {
+    const QStringList parts = QProcess::splitCommand(q(commandLine));
+    if (parts.isEmpty() || parts.first().trimmed().isEmpty()) return false;
+    return QProcess::startDetached(parts.first(), parts.mid(1));
+}
+
 EngineResult Platform::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
     // The engine runs in a child process of ours: an engine that crashes or
     // ends its own process takes only the child with it.

@@ -18,6 +18,8 @@ class Platform {
     // Starts a command line without a shell; waits for its end while events run.
     ProcessResult startAndWait(const std::string& commandLine);
 
+    bool startDetached(const std::string& commandLine);
+
     // Calls DLL_ROUT of the engine library in `programDir`.
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names);
 

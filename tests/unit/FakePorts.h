@@ -66,6 +66,10 @@ class FakePorts : public Ports {
         started.push_back(cmd);
         return processResult;
     }
+    bool startDetached(const std::string& cmd) override {
+        started.push_back(cmd);
+        return processResult.started;
+    }
     EngineResult callEngine(const std::string&, const std::array<std::string, 10>& names) override {
         engineCalls.push_back(names);
         return engineResult;

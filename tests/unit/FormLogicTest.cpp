@@ -109,3 +109,38 @@ TEST(BentCounter, OverflowIsARunTimeErrorAfterTheRowIsIn) {
 
 } // namespace
 } // namespace tw
+
+#include "core/output/Outputs.h"
+
+#include <fstream>
+
+namespace tw {
+namespace {
+
+TEST(Outputs, TheErrorLineScanReadsCommaSeparatedItems) {
+    const std::string file = ::testing::TempDir() + "/tarnwick-scan.ebntc";
+    const std::pair<const char*, bool> cases[] = {
+        {"CONCRETE DATA\r\nALL WELL\r\n", true},
+        {"ERROR LINE: NO CAP LENGTH\r\n", false},
+        {"A,B,xxERROR LINExx,C\r\n", false},
+        {"ERROR,LINE\r\n", true},
+        {"ERROR\r\nLINE\r\n", true},
+        {"error line\r\n", true},
+    };
+    for (const auto& [text, clean] : cases) {
+        std::ofstream(file, std::ios::binary) << text;
+        EXPECT_EQ(concreteDataIsClean(file), clean) << text;
+    }
+    EXPECT_TRUE(concreteDataIsClean(file + ".missing"));
+}
+
+TEST(Outputs, SketchTitlesTakeTheFirstMatchingKey) {
+    EXPECT_EQ(sketchTitle("cwbw"), "Pile End Bent with Backwall Centerlines Sketch");
+    EXPECT_EQ(sketchTitle("cpb"), "Pile Intermediate Bent Centerlines Sketch");
+    EXPECT_EQ(sketchTitle("bdwobw"), "Tarnwick without Backwall Dimension Sketch ");
+    EXPECT_EQ(sketchTitle("epb"), "");
+    EXPECT_EQ(sketchTitle("ewbw"), "");
+}
+
+} // namespace
+} // namespace tw

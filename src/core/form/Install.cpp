@@ -7,6 +7,7 @@
 #include "core/form/MainForm.h"
 #include "core/form/NumericEntry.h"
 #include "core/form/Sections.h"
+#include "core/output/Outputs.h"
 #include "core/run/Run.h"
 
 namespace tw {
@@ -52,6 +53,7 @@ void installHandlers(App& app) {
     installFileCommands(app);
     installBentTable(app);
     installRun(app);
+    installOutputs(app);
 }
 
 } // namespace tw
