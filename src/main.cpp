@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 #include <array>
+#include <cstdlib>
 #include <cstring>
 #include <iostream>
 #include <string>
@@ -62,6 +63,11 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (args.empty()) {
+        if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM")) {
+            std::cerr << "tarnwick: no display found, so the window cannot open. The headless commands work:\n"
+                      << kUsage;
+            return 1;
+        }
         if (programDir.empty()) {
             QCoreApplication probe(argc, argv);
             programDir = tw::executableDir();

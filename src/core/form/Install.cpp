@@ -7,6 +7,7 @@
 #include "core/form/MainForm.h"
 #include "core/form/NumericEntry.h"
 #include "core/form/Sections.h"
+#include "core/form/ShellCommands.h"
 #include "core/output/Outputs.h"
 #include "core/run/Run.h"
 
@@ -54,6 +55,7 @@ void installHandlers(App& app) {
     installBentTable(app);
     installRun(app);
     installOutputs(app);
+    installShellCommands(app);
 }
 
 } // namespace tw

@@ -1,0 +1,281 @@
+#include "gui/Binder.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTimer>
+
+namespace tw {
+
+namespace {
+
+QString q(const std::string& s) { return QString::fromStdString(s); }
+
+QColor colorOf(BackColor c) {
+    switch (c) {
+    case BackColor::Yellow: return QColor(255, 255, 0);
+    case BackColor::Red: return QColor(255, 0, 0);
+    case BackColor::Normal: break;
+    }
+    return {};
+}
+
+// Focus that comes and goes with windows and popups (a message box, a menu)
+// is not the user moving between fields.
+bool userFocusReason(Qt::FocusReason r) { return r != Qt::ActiveWindowFocusReason && r != Qt::PopupFocusReason; }
+
+} // namespace
+
+Binder::Binder(App& app, std::string form, std::function<void()> after, QObject* parent)
+    : QObject(parent), app_(app), form_(std::move(form)), after_(std::move(after)) {}
+
+QLineEdit* Binder::lineEdit(const CtlId& id, QWidget* parent) {
+    auto* e = new QLineEdit(parent);
+    e->setObjectName(q(toString(id)));
+    e->installEventFilter(this);
+    bindings_.push_back({id, Type::Line, e});
+    // Edits Qt makes itself (Delete, paste, cut) reach the data as they are.
+    connect(e, &QLineEdit::textChanged, this, [this, id, e](const QString& t) {
+        Control& c = data(id);
+        c.text = t.toStdString();
+        c.selStart = e->hasSelectedText() ? e->selectionStart() : e->cursorPosition();
+        c.selLength = static_cast<int>(e->selectedText().size());
+    });
+    return e;
+}
+
+QComboBox* Binder::comboBox(const CtlId& id, QWidget* parent) {
+    auto* c = new QComboBox(parent);
+    c->setObjectName(q(toString(id)));
+    c->installEventFilter(this);
+    bindings_.push_back({id, Type::Combo, c});
+    connect(c, &QComboBox::activated, this, [this, id](int index) {
+        run([&] {
+            if (form_ == kFrmMain) {
+                app_.setFocus(id);
+                app_.setListIndex(id, index);
+            } else {
+                data(id).listIndex = index;
+                EventArgs a;
+                app_.fire(form_, id, Event::Change, a);
+            }
+        });
+    });
+    return c;
+}
+
+QLabel* Binder::label(const CtlId& id, QWidget* parent, bool clickable) {
+    auto* l = new QLabel(parent);
+    l->setObjectName(q(toString(id)));
+    l->setTextFormat(Qt::PlainText);
+    if (clickable) {
+        l->installEventFilter(this);
+        l->setCursor(Qt::PointingHandCursor);
+        l->setStyleSheet(QStringLiteral("QLabel { color: palette(link); text-decoration: underline; }"));
+    }
+    bindings_.push_back({id, Type::Label, l});
+    return l;
+}
+
+QGroupBox* Binder::groupBox(const CtlId& id, QWidget* parent) {
+    auto* g = new QGroupBox(parent);
+    g->setObjectName(q(toString(id)));
+    bindings_.push_back({id, Type::Group, g});
+    return g;
+}
+
+QPushButton* Binder::button(const CtlId& id, QWidget* parent) {
+    auto* b = new QPushButton(parent);
+    b->setObjectName(q(toString(id)));
+    b->installEventFilter(this);
+    bindings_.push_back({id, Type::Button, b});
+    connect(b, &QPushButton::clicked, this, [this, id] {
+        run([&] {
+            if (form_ == kFrmMain) app_.setFocus(id);
+            EventArgs a;
+            a.index = id.index;
+            app_.fire(form_, id, Event::Click, a);
+        });
+    });
+    return b;
+}
+
+QPlainTextEdit* Binder::textView(const CtlId& id, QWidget* parent) {
+    auto* t = new QPlainTextEdit(parent);
+    t->setObjectName(q(toString(id)));
+    t->setReadOnly(true);
+    t->setLineWrapMode(QPlainTextEdit::NoWrap);
+    bindings_.push_back({id, Type::Text, t});
+    return t;
+}
+
+void Binder::bindVisibility(const CtlId& id, QWidget* w) {
+    w->installEventFilter(this);
+    bindings_.push_back({id, Type::Other, w});
+}
+
+const Binder::Binding* Binder::find(const QObject* w) const {
+    for (const auto& b : bindings_)
+        if (b.widget == w) return &b;
+    return nullptr;
+}
+
+QWidget* Binder::widgetFor(const CtlId& id) const {
+    for (const auto& b : bindings_)
+        if (b.id == id) return b.widget;
+    return nullptr;
+}
+
+void Binder::run(const std::function<void()>& body) {
+    ++depth_;
+    try {
+        body();
+    } catch (const RuntimeError& e) {
+        app_.reportError(e);
+    }
+    --depth_;
+    if (depth_ == 0 && after_) after_();
+}
+
+void Binder::keyInto(const Binding& b, QLineEdit* edit, int key) {
+    Control& c = data(b.id);
+    c.selStart = edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+    c.selLength = static_cast<int>(edit->selectedText().size());
+    run([&] { app_.typeKey(b.id, key); });
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+    const Binding* b = find(watched);
+    if (!b) return false;
+    switch (event->type()) {
+    case QEvent::FocusIn: {
+        auto* fe = static_cast<QFocusEvent*>(event);
+        if (form_ != kFrmMain || !userFocusReason(fe->reason())) return false;
+        const CtlId id = b->id;
+        if (app_.focus() != std::optional<CtlId>(id)) run([&] { app_.setFocus(id); });
+        // A leave handler that kept the focus (a refused value) takes it back.
+        if (auto f = app_.focus(); f && *f != id)
+            if (QWidget* keep = widgetFor(*f))
+                QTimer::singleShot(0, keep, [keep] { keep->setFocus(Qt::OtherFocusReason); });
+        return false;
+    }
+    case QEvent::KeyPress: {
+        auto* edit = qobject_cast<QLineEdit*>(b->widget);
+        if (!edit || form_ != kFrmMain) return false;
+        auto* ke = static_cast<QKeyEvent*>(event);
+        if (ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
+        if (ke->key() == Qt::Key_Backspace) {
+            keyInto(*b, edit, 8);
+            return true;
+        }
+        if (ke->key() == Qt::Key_Return || ke->key() == Qt::Key_Enter) {
+            keyInto(*b, edit, 13);
+            return true;
+        }
+        const QString text = ke->text();
+        if (!text.isEmpty() && text.at(0).isPrint()) {
+            keyInto(*b, edit, static_cast<int>(text.at(0).unicode()));
+            return true;
+        }
+        return false;
+    }
+    case QEvent::MouseButtonRelease: {
+        if (b->type != Type::Label) return false;
+        const CtlId id = b->id;
+        run([&] {
+            EventArgs a;
+            a.index = id.index;
+            app_.fire(form_, id, Event::Click, a);
+        });
+        return true;
+    }
+    default: return false;
+    }
+}
+
+void Binder::syncOne(const Binding& b) {
+    QWidget* w = b.widget;
+    if (!w) return;
+    const Control& c = data(b.id);
+    if (w->isHidden() == c.visible) w->setVisible(c.visible);
+    if (w->isEnabled() != c.enabled) w->setEnabled(c.enabled);
+    switch (b.type) {
+    case Type::Line: {
+        auto* e = static_cast<QLineEdit*>(w);
+        const QSignalBlocker block(e);
+        const QString t = q(c.text);
+        if (e->text() != t) e->setText(t);
+        if (e->isReadOnly() != c.locked) e->setReadOnly(c.locked);
+        const QColor color = colorOf(c.color);
+        QPalette p = e->palette();
+        const QColor want = color.isValid() ? color : QPalette().color(QPalette::Base);
+        if (p.color(QPalette::Base) != want) {
+            p.setColor(QPalette::Base, want);
+            e->setPalette(p);
+        }
+        if (e->hasFocus()) {
+            if (c.selLength > 0)
+                e->setSelection(c.selStart, c.selLength);
+            else
+                e->setCursorPosition(c.selStart);
+        }
+        break;
+    }
+    case Type::Combo: {
+        auto* cb = static_cast<QComboBox*>(w);
+        const QSignalBlocker block(cb);
+        QStringList items;
+        for (const auto& i : c.items)
+            items << q(i);
+        bool same = cb->count() == items.size();
+        for (int i = 0; same && i < items.size(); ++i)
+            same = cb->itemText(i) == items[i];
+        if (!same) {
+            cb->clear();
+            cb->addItems(items);
+        }
+        if (cb->currentIndex() != c.listIndex) cb->setCurrentIndex(c.listIndex);
+        break;
+    }
+    case Type::Label: {
+        auto* l = static_cast<QLabel*>(w);
+        if (l->text() != q(c.caption)) l->setText(q(c.caption));
+        break;
+    }
+    case Type::Group: {
+        auto* g = static_cast<QGroupBox*>(w);
+        if (g->title() != q(c.caption)) g->setTitle(q(c.caption));
+        break;
+    }
+    case Type::Button: {
+        auto* pb = static_cast<QPushButton*>(w);
+        if (pb->text() != q(c.caption)) pb->setText(q(c.caption));
+        break;
+    }
+    case Type::Text: {
+        auto* t = static_cast<QPlainTextEdit*>(w);
+        QString text = q(c.text);
+        text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+        if (t->toPlainText() != text) {
+            t->setPlainText(text);
+            t->verticalScrollBar()->setValue(t->verticalScrollBar()->maximum());
+        }
+        break;
+    }
+    case Type::Other: break;
+    }
+}
+
+void Binder::sync() {
+    for (const auto& b : bindings_)
+        syncOne(b);
+}
+
+} // namespace tw

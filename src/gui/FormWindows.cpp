@@ -1,0 +1,143 @@
+#include "gui/FormWindows.h"
+
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QEvent>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tw {
+
+namespace {
+QString q(const std::string& s) { return QString::fromStdString(s); }
+} // namespace
+
+FormWindow::FormWindow(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent)
+    : QDialog(parent), app_(app), form_(form), binder_(app, form, std::move(refreshAll), this) {
+    setObjectName(q(form));
+    setModal(false);
+}
+
+void FormWindow::refresh() {
+    setWindowTitle(q(app_.form(form_).caption));
+    binder_.sync();
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    // Closing the window is the window's own way out: the form unloads.
+    Form& f = app_.form(form_);
+    if (f.loaded) {
+        f.loaded = false;
+        if (form_ == kFrmViewTest) f.at(Ctl::rtOpen).text.clear();
+    }
+    event->accept();
+}
+
+FormWindow* makeSplashOrAbout(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent) {
+    auto* w = new FormWindow(app, form, std::move(refreshAll), parent);
+    Binder& b = w->binder();
+    auto* v = new QVBoxLayout(w);
+    auto* title = b.label(Ctl::lblTitle);
+    QFont big = title->font();
+    big.setPointSize(big.pointSize() + 8);
+    big.setBold(true);
+    title->setFont(big);
+    v->addWidget(title);
+    v->addWidget(b.label(Ctl::lblVersion));
+    if (app.form(form).has(Ctl::lblLabel)) {
+        auto* head = b.label(Ctl::lblLabel);
+        QFont bold = head->font();
+        bold.setBold(true);
+        head->setFont(bold);
+        v->addWidget(head);
+    }
+    auto* text = b.label(Ctl::lblDisclaimer);
+    text->setWordWrap(true);
+    v->addWidget(text);
+    auto* ok = b.button(Ctl::cmdOK);
+    ok->setDefault(true);
+    auto* h = new QHBoxLayout;
+    h->addStretch(1);
+    h->addWidget(ok);
+    v->addLayout(h);
+    w->setMinimumWidth(460);
+    return w;
+}
+
+FormWindow* makePrinterWindow(App& app, std::function<void()> refreshAll, QWidget* parent) {
+    auto* w = new FormWindow(app, kFrmIPrinter, std::move(refreshAll), parent);
+    Binder& b = w->binder();
+    auto* g = new QGridLayout(w);
+    g->addWidget(b.label(Ctl::lblPageNum), 0, 0);
+    g->addWidget(b.comboBox(Ctl::cmbFileTypes), 0, 1);
+    g->addWidget(b.label(Ctl::Label2), 1, 0);
+    auto* current = b.lineEdit(Ctl::txtCurrentFile);
+    current->setReadOnly(true);
+    current->setMinimumWidth(380);
+    g->addWidget(current, 1, 1);
+    auto* h = new QHBoxLayout;
+    h->addStretch(1);
+    h->addWidget(b.button(Ctl::printPreview));
+    h->addWidget(b.button(Ctl::PrintIt));
+    h->addWidget(b.button(Ctl::printCancel));
+    g->addLayout(h, 2, 0, 1, 2);
+    return w;
+}
+
+FormWindow* makePreviewWindow(App& app, std::function<void()> refreshAll, QWidget* parent) {
+    auto* w = new FormWindow(app, kFrmViewTest, std::move(refreshAll), parent);
+    Binder& b = w->binder();
+    auto* v = new QVBoxLayout(w);
+    auto* text = b.textView(Ctl::rtOpen);
+    QFont mono(QStringLiteral("Courier New"));
+    mono.setStyleHint(QFont::Monospace);
+    if (!QFontInfo(mono).fixedPitch()) mono = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    text->setFont(mono);
+    v->addWidget(text);
+    auto* h = new QHBoxLayout;
+    h->addStretch(1);
+    h->addWidget(b.button(Ctl::cmdQuit));
+    v->addLayout(h);
+    w->resize(900, 600);
+    return w;
+}
+
+PictureWindow::PictureWindow(App& app, std::function<void()> refreshAll, QWidget* parent)
+    : FormWindow(app, kFrmPicView, std::move(refreshAll), parent) {
+    auto* v = new QVBoxLayout(this);
+    image_ = new QLabel;
+    image_->setObjectName(QStringLiteral("picViewImage"));
+    image_->setAlignment(Qt::AlignCenter);
+    image_->setMinimumSize(600, 400);
+    image_->installEventFilter(this);
+    v->addWidget(image_, 1);
+    v->addWidget(binder_.label(Ctl::Label1));
+}
+
+void PictureWindow::showPicture(const QString& file) {
+    QPixmap p(file);
+    if (p.isNull())
+        image_->setText(QStringLiteral("The sketch %1 could not be loaded.").arg(file));
+    else
+        image_->setPixmap(p);
+}
+
+bool PictureWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == image_ && event->type() == QEvent::MouseButtonDblClick) {
+        binder_.run([&] {
+            EventArgs a;
+            app_.fire(kFrmPicView, Ctl::picViewImage, Event::DblClick, a);
+        });
+        return true;
+    }
+    return FormWindow::eventFilter(watched, event);
+}
+
+} // namespace tw

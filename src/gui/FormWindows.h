@@ -1,0 +1,47 @@
+// The small windows: splash, about, printer, preview and sketch viewer.
+// Each mirrors its form's data through a Binder.
+#pragma once
+
+#include "core/App.h"
+#include "gui/Binder.h"
+
+#include <QDialog>
+
+class QLabel;
+
+namespace tw {
+
+class FormWindow : public QDialog {
+    Q_OBJECT
+  public:
+    FormWindow(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent);
+    void refresh();
+    Binder& binder() { return binder_; }
+    const std::string& formName() const { return form_; }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    App& app_;
+    std::string form_;
+    Binder binder_;
+};
+
+// frmSplash and frmAbout: title, version, disclaimer and OK.
+FormWindow* makeSplashOrAbout(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent);
+FormWindow* makePrinterWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
+FormWindow* makePreviewWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
+
+class PictureWindow : public FormWindow {
+    Q_OBJECT
+  public:
+    PictureWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
+    void showPicture(const QString& file);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    QLabel* image_ = nullptr;
+};
+
+} // namespace tw

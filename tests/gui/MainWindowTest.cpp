@@ -1,0 +1,111 @@
+// The window mirrors the form data and hands widget events to the core.
+#include "../unit/FakePorts.h"
+
+#include "gui/MainWindow.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+
+namespace tw {
+
+class MainWindowTest : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<test::Loaded> app;
+    std::unique_ptr<MainWindow> window;
+
+    template <class W> W* find(const char* name) {
+        auto* w = window->findChild<W*>(QString::fromLatin1(name));
+        if (!w) qFatal("no widget %s", name);
+        return w;
+    }
+
+  private slots:
+    void init() {
+        app = std::make_unique<test::Loaded>(TW_PROGRAM_DIR);
+        window = std::make_unique<MainWindow>(**app, [this] { window->refresh(); });
+        window->resize(1366, 768);
+        window->refresh();
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    }
+    void cleanup() {
+        window.reset();
+        app.reset();
+    }
+
+    void typingGoesThroughTheKeyFilterAndLeavingFormats() {
+        window->tabs()->setCurrentIndex(1);
+        auto* depth = find<QLineEdit>("txtCapDepth");
+        depth->setFocus(Qt::MouseFocusReason);
+        QCOMPARE(depth->selectedText(), QStringLiteral("2.0000"));
+        QTest::keyClicks(depth, QStringLiteral("12a3.4.5"));
+        QCOMPARE((*app)->text(Ctl::txtCapDepth), std::string("123.45"));
+        QCOMPARE(depth->text(), QStringLiteral("123.45"));
+        find<QLineEdit>("txtCapWidth")->setFocus(Qt::TabFocusReason);
+        QCOMPARE(depth->text(), QStringLiteral("23.4500"));
+    }
+
+    void choosingABentTypeShowsTheSectionsThatApply() {
+        auto* type = find<QComboBox>("cboTybent");
+        type->setFocus(Qt::MouseFocusReason);
+        type->setCurrentIndex(2);
+        emit type->activated(2);
+        QCOMPARE((*app)->text(Ctl::cboTybent), std::string("Pile Intermediate Bent"));
+        for (const char* frame : {"Frame3", "Frame5", "Frame6", "Frame7", "Frame18"})
+            QVERIFY2(find<QGroupBox>(frame)->isHidden(), frame);
+        QVERIFY(find<QComboBox>("cboWingParallel")->isHidden());
+        QCOMPARE(find<QLineEdit>("txtCenterlineDistance")->text(), QStringLiteral("0.7500"));
+        type->setCurrentIndex(1);
+        emit type->activated(1);
+        QVERIFY(!find<QGroupBox>("Frame7")->isHidden());
+        QCOMPARE(window->grid()->columnCount(), 16);
+    }
+
+    void theGridShowsTheBentsTheCoreHolds() {
+        window->tabs()->setCurrentIndex(5);
+        (*app)->setText(Ctl::txtBentNoPI, "4");
+        for (int i = 0; i < 4; ++i)
+            (*app)->setText(CtlId(Ctl::txtEStepPI, i), "101.25");
+        (*app)->setText(Ctl::txtLwingwallElevation, "104.00");
+        (*app)->setText(Ctl::txtRwingwallElevation, "104.50");
+        window->refresh();
+        QTest::mouseClick(find<QPushButton>("cmdQuantity(0)"), Qt::LeftButton);
+        QCOMPARE(window->grid()->rowCount(), 1);
+        QCOMPARE(window->grid()->item(0, 0)->text(), QStringLiteral("4"));
+        QCOMPARE(window->grid()->horizontalHeaderItem(3)->text(), QStringLiteral("1Step"));
+        window->grid()->selectRow(0);
+        QCOMPARE((*app)->grid.row(), 1);
+    }
+
+    void closingTheWindowAsks() {
+        app->ports.answers = {MsgAnswer::No};
+        QVERIFY(!window->close());
+        QVERIFY(window->isVisible());
+        QCOMPARE(app->ports.messages.back().title, std::string("Confirm Exit"));
+        app->ports.answers = {MsgAnswer::Yes};
+        QVERIFY(window->close());
+    }
+
+    // Pictures of every tab at 1366 x 768, for a person to look at.
+    void everyTabRendersAtTheSmallestSupportedSize() {
+        for (int i = 0; i < window->tabs()->count(); ++i) {
+            window->tabs()->setCurrentIndex(i);
+            QApplication::processEvents();
+            const QImage shot = window->grab().toImage();
+            QVERIFY(!shot.isNull());
+            shot.save(QStringLiteral("tab-%1.png").arg(i));
+        }
+    }
+};
+
+} // namespace tw
+
+QTEST_MAIN(tw::MainWindowTest)
+#include "MainWindowTest.moc"
