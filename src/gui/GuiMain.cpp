@@ -53,7 +53,7 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
                        screen.y() + (screen.height() - main->height()) / 2);
             main->refresh();
             main->show();
-            if (quitWhenShown) QTimer::singleShot(0, &qapp, [] { QApplication::quit(); });
+            if (quitWhenShown) QTimer::singleShot(0, &qapp, [] { QCoreApplication::exit(0); });
             return;
         }
         auto it = windows.find(form);
@@ -72,7 +72,7 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
             for (auto& [name, w] : windows)
                 w->hide();
             main->hide();
-            QApplication::quit();
+            QCoreApplication::exit(0);
             return;
         }
         if (auto it = windows.find(form); it != windows.end()) it->second->hide();
@@ -83,7 +83,7 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
 
     // Quitting from the splash (its close button) ends the program.
     QObject::connect(windows[kFrmSplash], &QDialog::finished, &qapp, [&] {
-        if (!main->isVisible()) QApplication::quit();
+        if (!main->isVisible()) QCoreApplication::exit(0);
     });
     showSplash(app);
     if (quitWhenShown) // measuring start-up: go straight on to the main form
