@@ -3,7 +3,10 @@
 
 #include "gui/MainWindow.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -82,6 +85,18 @@ class MainWindowTest : public QObject {
         QCOMPARE(window->grid()->horizontalHeaderItem(3)->text(), QStringLiteral("1Step"));
         window->grid()->selectRow(0);
         QCOMPARE((*app)->grid.row(), 1);
+    }
+
+    void saveWritesTheFileAndNamesItInTheTitle() {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("bent7.ebnt"));
+        app->ports.files = {path.toStdString()};
+        auto* save = window->findChild<QAction*>(QStringLiteral("mnuSave"));
+        QVERIFY(save);
+        save->trigger();
+        QVERIFY(QFile::exists(path));
+        QCOMPARE(window->windowTitle(), QStringLiteral("Norvale-Tarnwick - [bent7.ebnt]"));
+        QCOMPARE(app->ports.dialogs.back().defaultExt, std::string("ibnt"));
     }
 
     void closingTheWindowAsks() {
