@@ -1,0 +1,144 @@
+// The core on the largest project: saving and opening against plain stdio
+// writing and reading the same bytes, and every form event an engineer
+// triggers.
+#include "LargestProject.h"
+
+#include "core/inputfile/InputFile.h"
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace tw::bench {
+namespace {
+
+const std::string kPath = (std::filesystem::temp_directory_path() / "tarnwick-bench.ebnt").string();
+
+std::string largestBytes() {
+    test::Loaded app;
+    fillLargestProject(*app);
+    return composeInputFile(*app).bytes;
+}
+
+void BM_Floor_WriteSameBytesWithStdio(benchmark::State& state) {
+    const std::string bytes = largestBytes();
+    for (auto _ : state) {
+        FILE* f = std::fopen(kPath.c_str(), "wb");
+        std::fwrite(bytes.data(), 1, bytes.size(), f);
+        std::fclose(f);
+    }
+    state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * bytes.size()));
+}
+
+void BM_SaveLargestProject(benchmark::State& state) {
+    test::Loaded app;
+    fillLargestProject(*app);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(writeInputFile(*app, kPath));
+}
+
+void BM_Floor_ReadSameBytesWithStdio(benchmark::State& state) {
+    std::ofstream(kPath, std::ios::binary) << largestBytes();
+    std::string buf(1 << 16, '\0');
+    for (auto _ : state) {
+        FILE* f = std::fopen(kPath.c_str(), "rb");
+        size_t n = 0;
+        while ((n = std::fread(buf.data(), 1, buf.size(), f)) > 0)
+            benchmark::DoNotOptimize(n);
+        std::fclose(f);
+    }
+}
+
+void BM_OpenLargestProject(benchmark::State& state) {
+    std::ofstream(kPath, std::ios::binary) << largestBytes();
+    test::Loaded app;
+    for (auto _ : state) {
+        resetForm(*app);
+        benchmark::DoNotOptimize(readInputFile(*app, kPath));
+    }
+}
+
+// One event on the largest project, the project rebuilt outside the timing.
+template <class Event> void perEvent(benchmark::State& state, Event event) {
+    test::Loaded app;
+    fillLargestProject(*app);
+    for (auto _ : state)
+        event(*app, state);
+}
+
+void BM_Event_KeyPress(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State&) {
+        a.setFocus(CtlId(Ctl::txtCapStep, 3));
+        a.typeKey(CtlId(Ctl::txtCapStep, 3), '7');
+    });
+}
+void BM_Event_LeaveField(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State&) {
+        a.setFocus(CtlId(Ctl::txtCenterline, 3));
+        a.leaveFocus();
+    });
+}
+void BM_Event_Beams1To20To1(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State&) {
+        a.setComboText(Ctl::cboNoBeam, "1");
+        a.setComboText(Ctl::cboNoBeam, "20");
+    });
+}
+void BM_Event_SwitchBentType(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State&) {
+        a.setComboText(Ctl::cboTybent, "Pile End Bent without Backwall");
+        a.setComboText(Ctl::cboTybent, "Pile End Bent with Backwall");
+    });
+}
+void BM_Event_AddInsertReplace(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State& st) {
+        st.PauseTiming();
+        fillEntry(a, "A");
+        a.bentRegister.erase(std::remove(a.bentRegister.begin(), a.bentRegister.end(), "A"), a.bentRegister.end());
+        st.ResumeTiming();
+        a.fire(CtlId(Ctl::cmdQuantity, 0), Event::Click);
+        st.PauseTiming();
+        fillEntry(a, "B");
+        a.grid.select(50, 50);
+        st.ResumeTiming();
+        a.fire(CtlId(Ctl::cmdQuantity, 2), Event::Click);
+        st.PauseTiming();
+        a.grid.setRows(100);
+        st.ResumeTiming();
+    });
+}
+void BM_Event_MoveUpDown(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State&) {
+        a.grid.select(50, 50);
+        a.fire(Ctl::cmdMoveUp, Event::Click);
+        a.fire(Ctl::cmdMoveDown, Event::Click);
+    });
+}
+void BM_Event_DeleteAllThenNew(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State& st) {
+        a.fire(CtlId(Ctl::cmdQuantity, 5), Event::Click);
+        a.fire(Ctl::mnuNew, Event::Click);
+        st.PauseTiming();
+        fillLargestProject(a);
+        st.ResumeTiming();
+    });
+}
+
+BENCHMARK(BM_Floor_WriteSameBytesWithStdio);
+BENCHMARK(BM_SaveLargestProject);
+BENCHMARK(BM_Floor_ReadSameBytesWithStdio);
+BENCHMARK(BM_OpenLargestProject);
+BENCHMARK(BM_Event_KeyPress);
+BENCHMARK(BM_Event_LeaveField);
+BENCHMARK(BM_Event_Beams1To20To1);
+BENCHMARK(BM_Event_SwitchBentType);
+BENCHMARK(BM_Event_AddInsertReplace);
+BENCHMARK(BM_Event_MoveUpDown);
+BENCHMARK(BM_Event_DeleteAllThenNew);
+
+} // namespace
+} // namespace tw::bench
+
+BENCHMARK_MAIN();
