@@ -13,7 +13,8 @@ if [ -z "$sample" ]; then
   echo "No sample project found; showing what the program offers."
   exec build/bin/tarnwick --help
 fi
-work=$(mktemp -d)
+# Run cuts output names at the first "." of the path: a work folder without one.
+work=$(mktemp -d /tmp/tarnwick-sample-XXXXXX)
 cp "$sample" "$work/"
 echo "Project: $work/$(basename "$sample")"
 build/bin/tarnwick run "$work/$(basename "$sample")"
