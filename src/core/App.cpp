@@ -148,6 +148,19 @@ void App::guarded(const std::function<void()>& body, const std::string& errorTit
     }
 }
 
+void App::showForm(const std::string& name) {
+    Form& f = form(name);
+    f.loaded = true;
+    ports.windowShow(name, f.caption);
+}
+
+void App::closeForm(const std::string& name) {
+    Form& f = form(name);
+    if (!f.loaded) return;
+    f.loaded = false;
+    ports.windowClose(name);
+}
+
 int App::currentTab() const { return ctl(Ctl::SSTab1).value; }
 
 } // namespace tw

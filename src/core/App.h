@@ -112,6 +112,10 @@ class App {
     // Runs a command body; a run-time error ends it in the standard error box.
     void guarded(const std::function<void()>& body, const std::string& errorTitle = "Error");
 
+    // Loads a form and shows it; unloads a loaded form and closes its window.
+    void showForm(const std::string& name);
+    void closeForm(const std::string& name);
+
     // Set when the main form has been unloaded (the program ends).
     bool mainUnloaded = false;
 

@@ -44,7 +44,8 @@ class PrintingTest : public QObject {
         QVERIFY(printListing(printer, doc));
         QCOMPARE(pages(one), 1);
 
-        for (int i = 11; i <= 151; ++i) doc.lines.push_back("LINE " + std::to_string(i));
+        for (int i = 11; i <= 151; ++i)
+            doc.lines.push_back("LINE " + std::to_string(i));
         const QString many = dir.filePath(QStringLiteral("many.pdf"));
         printer.setOutputFileName(many);
         QVERIFY(printListing(printer, doc));

@@ -88,6 +88,20 @@ TEST(InputFileWriter, AFailedSaveLeavesThePreviousFile) {
     std::filesystem::remove_all(dir);
 }
 
+TEST(InputFileWriter, ANameThatCannotBeWrittenIsToldAndChangesNothing) {
+    Loaded app;
+    const auto dir = std::filesystem::temp_directory_path() / "tarnwick-unwritable";
+    std::filesystem::create_directories(dir / "bent.ebnt"); // a folder where the file would go
+    EXPECT_FALSE(writeInputFile(*app, (dir / "bent.ebnt").string()));
+    EXPECT_FALSE(writeInputFile(*app, (dir / "no such folder" / "bent.ebnt").string()));
+    ASSERT_EQ(app.ports.messages.size(), 2u);
+    for (const auto& m : app.ports.messages)
+        EXPECT_EQ(m.title, "Error");
+    EXPECT_TRUE(std::filesystem::is_directory(dir / "bent.ebnt"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir), {}), 1) << "no temporary file left behind";
+    std::filesystem::remove_all(dir);
+}
+
 TEST(Codepage, TitlesTravelAsWindows1252) {
     EXPECT_EQ(utf8ToCp1252("Caf\u00e9 \u2013 90\u00b0 \u4e2d"), "Caf\xe9 \x96 90\xb0 ?");
     EXPECT_EQ(cp1252ToUtf8("Caf\xe9 \x96 90\xb0"), "Caf\u00e9 \u2013 90\u00b0");

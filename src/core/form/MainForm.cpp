@@ -160,14 +160,10 @@ bool unloadMainForm(App& app) {
     if (app.message("Are you sure you want to exit?", "Confirm Exit", MsgButtons::YesNo, MsgIcon::None) !=
         MsgAnswer::Yes)
         return false;
-    for (const auto& [name, form] : app.forms()) {
-        if (name == kFrmMain || !form.loaded) continue;
-        app.form(name).loaded = false;
-        app.ports.windowClose(name);
-    }
-    app.main().loaded = false;
+    for (const auto& [name, form] : app.forms())
+        if (name != kFrmMain) app.closeForm(name);
     app.mainUnloaded = true;
-    app.ports.windowClose(kFrmMain);
+    app.closeForm(kFrmMain);
     return true;
 }
 

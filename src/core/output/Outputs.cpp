@@ -22,19 +22,6 @@ std::vector<std::string> readLines(const std::string& file) {
     return lines;
 }
 
-void showForm(App& app, const std::string& name) {
-    Form& f = app.form(name);
-    f.loaded = true;
-    app.ports.windowShow(name, f.caption);
-}
-
-void closeForm(App& app, const std::string& name) {
-    Form& f = app.form(name);
-    if (!f.loaded) return;
-    f.loaded = false;
-    app.ports.windowClose(name);
-}
-
 void applyFileType(App& app) {
     Form& f = app.form(kFrmIPrinter);
     Control& types = f.at(Ctl::cmbFileTypes);
@@ -75,7 +62,7 @@ void printCommand(App& app) {
     const Form& main = app.main();
     f.left = main.left + main.width / 2 - f.width / 2;
     f.top = main.top + main.height / 2 - f.height / 2;
-    showForm(app, kFrmIPrinter);
+    app.showForm(kFrmIPrinter);
 }
 
 void openDrawing(App& app) {
@@ -108,7 +95,7 @@ void preview(App& app) {
     Control& view = app.form(kFrmViewTest).at(Ctl::rtOpen);
     for (const auto& line : readLines(dottedBase(app) + "ebntc"))
         view.text += line + "\r\n";
-    showForm(app, kFrmViewTest);
+    app.showForm(kFrmViewTest);
 }
 
 void printListings(App& app) {
@@ -171,7 +158,7 @@ void showSketch(App& app, Ctl label) {
         view.caption = sketchTitle(s.key);
         view.left = (app.ports.screenWidthTwips() - view.width) / 2;
         view.top = (app.ports.screenHeightTwips() - view.height) / 2;
-        showForm(app, kFrmPicView);
+        app.showForm(kFrmPicView);
         return;
     }
 }
@@ -228,10 +215,10 @@ void installOutputs(App& app) {
     app.on(kFrmIPrinter, Ctl::cmbFileTypes, Event::Change, [](App& a, EventArgs&) { applyFileType(a); });
     app.on(kFrmIPrinter, Ctl::printPreview, Event::Click, [](App& a, EventArgs&) { a.guarded([&] { preview(a); }); });
     app.on(kFrmIPrinter, Ctl::PrintIt, Event::Click, [](App& a, EventArgs&) { a.guarded([&] { printListings(a); }); });
-    app.on(kFrmIPrinter, Ctl::printCancel, Event::Click, [](App& a, EventArgs&) { closeForm(a, kFrmIPrinter); });
+    app.on(kFrmIPrinter, Ctl::printCancel, Event::Click, [](App& a, EventArgs&) { a.closeForm(kFrmIPrinter); });
     app.on(kFrmViewTest, Ctl::cmdQuit, Event::Click, [](App& a, EventArgs&) {
         a.form(kFrmViewTest).at(Ctl::rtOpen).text.clear();
-        closeForm(a, kFrmViewTest);
+        a.closeForm(kFrmViewTest);
     });
     for (Ctl label : {Ctl::lblBearingView, Ctl::lblCenterlineView, Ctl::lblElevationView, Ctl::lblViewCenterLine,
                       Ctl::lblViewDimension})
