@@ -16,7 +16,9 @@ namespace fs = std::filesystem;
 
 class RunAfterSave : public ::testing::Test {
   protected:
-    fs::path dir = fs::temp_directory_path() / "tarnwick-run-test";
+    // One folder a test: the tests may run in parallel processes.
+    fs::path dir = fs::temp_directory_path() /
+                   (std::string("tarnwick-run-") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
     test::Loaded app{"/opt/tarnwick"};
 
     void SetUp() override {
