@@ -17,6 +17,18 @@ mkdir -p "$corpus/reader" "$corpus/replay"
 cp samples/*.ebnt "$corpus/reader/"
 for s in tests/replay/*/script.txt; do cp "$s" "$corpus/replay/$(basename "$(dirname "$s")").txt"; done
 export ASAN_OPTIONS=detect_leaks=0
-"$build/bin/fuzz_reader" -max_total_time="$seconds" -max_len=65536 -timeout=10 "$corpus/reader"
-"$build/bin/fuzz_replay" -max_total_time="$seconds" -max_len=4096 -timeout=10 "$corpus/replay"
+# libFuzzer talks a lot: keep its log, show its last lines.
+fuzz() {
+  local name=$1; shift
+  local log="$build/$name.log"
+  if "$build/bin/$name" -max_total_time="$seconds" -timeout=10 "$@" >"$log" 2>&1; then
+    echo "$name: $(grep -E '^Done' "$log" | tail -n 1)"
+  else
+    tail -n 40 "$log"
+    echo "$name: found a failure (crash input saved beside the build)"
+    return 1
+  fi
+}
+fuzz fuzz_reader -max_len=65536 -artifact_prefix="$build/" "$corpus/reader"
+fuzz fuzz_replay -max_len=4096 -artifact_prefix="$build/" "$corpus/replay"
 rm -rf "$corpus"
