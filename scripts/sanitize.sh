@@ -6,7 +6,8 @@ cd "$(dirname "$0")/.."
 build=build-sanitize
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Debug -DTARNWICK_SANITIZE=ON >/dev/null
 cmake --build "$build" -j"$(nproc)"
-export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1:strict_string_checks=1"
+# A crashing engine must crash its process as it would without the sanitizer.
+export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1:strict_string_checks=1:handle_segv=0"
 export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 cd "$build"
