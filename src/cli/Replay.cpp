@@ -3,6 +3,7 @@
 #include "cli/Printing.h"
 #include "cli/Quoting.h"
 #include "core/form/Forms.h"
+#include "core/model/Utf8.h"
 
 #include <sstream>
 
@@ -17,22 +18,6 @@ const char* colorName(BackColor c) {
     case BackColor::Red: return "red";
     }
     return "normal";
-}
-
-// Code points of a UTF-8 text; a stray byte stands for itself.
-std::vector<int> codePoints(const std::string& s) {
-    std::vector<int> cps;
-    for (size_t i = 0; i < s.size();) {
-        unsigned char c = static_cast<unsigned char>(s[i]);
-        int len = c < 0x80 ? 1 : (c >> 5) == 6 ? 2 : (c >> 4) == 14 ? 3 : (c >> 3) == 30 ? 4 : 1;
-        if (i + len > s.size()) len = 1;
-        int cp = len == 1 ? c : c & (0x7F >> len);
-        for (int k = 1; k < len; ++k)
-            cp = (cp << 6) | (static_cast<unsigned char>(s[i + k]) & 0x3F);
-        cps.push_back(cp);
-        i += len;
-    }
-    return cps;
 }
 
 std::string joinFrom(const std::vector<ScriptWord>& w, size_t from) {
@@ -149,8 +134,8 @@ bool Replay::runLine(const std::string& raw, int n) {
         if (verb == "type") {
             if (!target() || !need(3) || !onMain(Kind::TextBox, "a text box on frmMain")) return false;
             app_.setFocus(t.id);
-            for (int cp : codePoints(joinFrom(w, 2)))
-                app_.typeKey(t.id, cp == '\b' ? 8 : cp);
+            for (char32_t cp : utf8Decode(joinFrom(w, 2)))
+                app_.typeKey(t.id, static_cast<int>(cp));
         } else if (verb == "paste") {
             if (!target() || !need(3)) return false;
             Control& c = app_.form(t.form).at(t.id);

@@ -1,31 +1,9 @@
 #include "core/App.h"
 
 #include "core/form/Forms.h"
+#include "core/model/Utf8.h"
 
 namespace tw {
-
-namespace {
-// Texts are held as UTF-8; a key is a Unicode code point.
-std::string utf8(int cp) {
-    std::string s;
-    if (cp < 0x80) {
-        s += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-        s += static_cast<char>(0xC0 | (cp >> 6));
-        s += static_cast<char>(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-        s += static_cast<char>(0xE0 | (cp >> 12));
-        s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-        s += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-        s += static_cast<char>(0xF0 | (cp >> 18));
-        s += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-        s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-        s += static_cast<char>(0x80 | (cp & 0x3F));
-    }
-    return s;
-}
-} // namespace
 
 App::App(Ports& p, std::string dir) : ports(p), programDir(std::move(dir)) {
     for (auto& f : buildForms()) {
@@ -123,10 +101,10 @@ void App::typeKey(const CtlId& id, int key) {
             --start;
         }
     } else if (a.key >= 32) {
-        std::string replaced = t.substr(0, start) + utf8(a.key) + t.substr(start + len);
+        std::string replaced = t.substr(0, start) + utf8Encode(static_cast<char32_t>(a.key)) + t.substr(start + len);
         if (c.maxLength > 0 && static_cast<int>(replaced.size()) > c.maxLength) return;
         t = std::move(replaced);
-        start += static_cast<int>(utf8(a.key).size());
+        start += static_cast<int>(utf8Encode(static_cast<char32_t>(a.key)).size());
     } else {
         return; // Enter and other control keys insert nothing in a one-line field
     }

@@ -21,6 +21,19 @@ QString q(const std::string& s) { return QString::fromStdString(s); }
 constexpr int kLibraryMissing = 48;
 constexpr int kEntryMissing = 45;
 
+// Starts the program and returns when it has ended or could not start; the
+// user interface keeps processing events meanwhile.
+void runAndWait(QProcess& proc, const QString& program, const QStringList& args) {
+    QEventLoop loop;
+    QObject::connect(&proc, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&proc, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError e) {
+        if (e == QProcess::FailedToStart) loop.quit();
+    });
+    proc.start(program, args);
+    if (proc.state() != QProcess::NotRunning) loop.exec();
+    if (proc.state() != QProcess::NotRunning) proc.waitForFinished(-1);
+}
+
 QSettings userSettings() { return QSettings(QStringLiteral("Norvale"), QStringLiteral("Tarnwick")); }
 } // namespace
 
@@ -45,22 +58,11 @@ ProcessResult Platform::startAndWait(const std::string& commandLine) {
     }
     QProcess proc;
     proc.setProcessChannelMode(QProcess::ForwardedChannels);
-    QEventLoop loop;
-    bool failedToStart = false;
-    QObject::connect(&proc, &QProcess::finished, &loop, &QEventLoop::quit);
-    QObject::connect(&proc, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError e) {
-        if (e == QProcess::FailedToStart) {
-            failedToStart = true;
-            loop.quit();
-        }
-    });
-    proc.start(parts.first(), parts.mid(1));
-    if (!failedToStart && proc.state() != QProcess::NotRunning) loop.exec();
-    if (failedToStart || (proc.error() == QProcess::FailedToStart)) {
+    runAndWait(proc, parts.first(), parts.mid(1));
+    if (proc.error() == QProcess::FailedToStart) {
         result.error = "Cannot start " + parts.first().toStdString() + ": " + proc.errorString().toStdString();
         return result;
     }
-    if (proc.state() != QProcess::NotRunning) proc.waitForFinished(-1);
     result.started = true;
     result.crashed = proc.exitStatus() == QProcess::CrashExit;
     result.exitCode = proc.exitCode();
@@ -82,12 +84,7 @@ EngineResult Platform::callEngine(const std::string& programDir, const std::arra
         args << QString::fromUtf8(n.data(), static_cast<qsizetype>(n.size()));
     QProcess proc;
     proc.setProcessChannelMode(QProcess::SeparateChannels);
-    QEventLoop loop;
-    QObject::connect(&proc, &QProcess::finished, &loop, &QEventLoop::quit);
-    QObject::connect(&proc, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError) { loop.quit(); });
-    proc.start(QCoreApplication::applicationFilePath(), args);
-    if (proc.state() != QProcess::NotRunning) loop.exec();
-    if (proc.state() != QProcess::NotRunning) proc.waitForFinished(-1);
+    runAndWait(proc, QCoreApplication::applicationFilePath(), args);
     const std::string said = QString::fromLocal8Bit(proc.readAllStandardError()).trimmed().toStdString();
     if (proc.error() == QProcess::FailedToStart) {
         r.errorNumber = 48;
