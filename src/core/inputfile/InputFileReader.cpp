@@ -128,7 +128,8 @@ class Reader {
         bents_ = count(take(2));
         if (bents_ < 0) fail(err::kTypeMismatch, "Type mismatch: a negative number of bents");
         const std::string beams = trim(take(2));
-        const std::string drawn = take(2);
+        take(1); // the bent-drawn code stands in column 11 alone
+        const std::string drawn = " " + take(1);
         const std::string skew = take(1);
         batteredCount_ = trim(take(2));
         const std::string type = take(1);
