@@ -31,7 +31,11 @@ TEST(ScriptWords, QuoteEscapesWhatTheOutputNeeds) {
 
 class IniRead : public ::testing::Test {
   protected:
-    std::string path = (std::filesystem::temp_directory_path() / "tarnwick-ini-test.ini").string();
+    // One file a test: the tests may run in parallel processes.
+    std::string path =
+        (std::filesystem::temp_directory_path() /
+         (std::string("tarnwick-") + ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".ini"))
+            .string();
     void write(const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
     void TearDown() override { std::filesystem::remove(path); }
 };
