@@ -125,7 +125,6 @@ class ProjectMaker {
             if (a.ctl(id).isCombo()) continue;
             a.setText(id, valueFor(id));
         }
-        const int beams = std::stoi(a.text(Ctl::cboNoBeam));
         const int bents = pick(3) == 0 ? 0 : pick(99) + 1;
         for (int b = 0; b < bents; ++b) {
             std::string row = std::to_string(b % 99 + 1) + "\t";
@@ -135,7 +134,6 @@ class ProjectMaker {
             a.bentRegister.push_back(std::to_string(b % 99 + 1));
         }
         a.bentCounter = static_cast<std::int16_t>(bents);
-        (void)beams;
     }
 
   private:
