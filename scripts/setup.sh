@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 build=${1:-build}
 shift || true
 
-packages=(cmake g++ make qt6-base-dev qt6-image-formats-plugins libgtest-dev libgmock-dev
+packages=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libgtest-dev libgmock-dev
           libbenchmark-dev xvfb xauth xdg-utils poppler-utils clang libclang-rt-14-dev gdal-bin
           fonts-dejavu-core)
 missing=()

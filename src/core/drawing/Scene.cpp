@@ -1,0 +1,124 @@
+#include "core/drawing/Scene.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <set>
+
+namespace tw::drawing {
+
+void Box::add(const Point& p) {
+    if (!std::isfinite(p.x) || !std::isfinite(p.y)) return;
+    if (empty) {
+        minX = maxX = p.x;
+        minY = maxY = p.y;
+        empty = false;
+        return;
+    }
+    minX = std::min(minX, p.x);
+    maxX = std::max(maxX, p.x);
+    minY = std::min(minY, p.y);
+    maxY = std::max(maxY, p.y);
+}
+
+void Box::add(const Box& b) {
+    if (b.empty) return;
+    add(Point{b.minX, b.minY});
+    add(Point{b.maxX, b.maxY});
+}
+
+namespace {
+
+// The extent of an elliptical arc, sampled finely enough for fitting a view.
+void addArc(Box& box, const Shape& s) {
+    const double rot = s.rotation * std::numbers::pi / 180;
+    const int steps = 72;
+    for (int i = 0; i <= steps; ++i) {
+        const double a = (s.start + s.sweep * i / steps) * std::numbers::pi / 180;
+        const double x = s.rx * std::cos(a), y = s.ry * std::sin(a);
+        box.add(Point{s.center.x + x * std::cos(rot) - y * std::sin(rot),
+                      s.center.y + x * std::sin(rot) + y * std::cos(rot)});
+    }
+}
+
+} // namespace
+
+Box Scene::bounds() const {
+    Box box;
+    for (const auto& s : shapes) {
+        switch (s.kind) {
+        case Shape::Kind::Arc: addArc(box, s); break;
+        case Shape::Kind::Dimension:
+            if (s.points.size() == 2) {
+                const double dx = s.points[1].x - s.points[0].x, dy = s.points[1].y - s.points[0].y;
+                const double len = std::hypot(dx, dy);
+                const double nx = len > 0 ? -dy / len * s.offset : 0, ny = len > 0 ? dx / len * s.offset : 0;
+                for (const auto& p : s.points) {
+                    box.add(p);
+                    box.add(Point{p.x + nx, p.y + ny});
+                }
+            }
+            break;
+        default:
+            for (const auto& p : s.points)
+                box.add(p);
+        }
+    }
+    return box;
+}
+
+std::vector<int> Scene::levels() const {
+    std::set<int> set;
+    for (const auto& s : shapes)
+        set.insert(s.level);
+    return {set.begin(), set.end()};
+}
+
+Shape& Scene::line(Point a, Point b, const Pen& pen) { return polyline({a, b}, false, pen); }
+
+Shape& Scene::polyline(std::vector<Point> points, bool closed, const Pen& pen) {
+    Shape s;
+    s.kind = Shape::Kind::Polyline;
+    s.points = std::move(points);
+    s.closed = closed;
+    s.pen = pen;
+    shapes.push_back(std::move(s));
+    return shapes.back();
+}
+
+Shape& Scene::text(Point at, std::string text, double height, HAlign h, VAlign v) {
+    Shape s;
+    s.kind = Shape::Kind::Text;
+    s.points = {at};
+    s.text = std::move(text);
+    s.height = height;
+    s.halign = h;
+    s.valign = v;
+    shapes.push_back(std::move(s));
+    return shapes.back();
+}
+
+Shape& Scene::dimension(Point a, Point b, double offset, std::string label) {
+    Shape s;
+    s.kind = Shape::Kind::Dimension;
+    s.points = {a, b};
+    s.offset = offset;
+    s.text = std::move(label);
+    shapes.push_back(std::move(s));
+    return shapes.back();
+}
+
+Shape& Scene::arc(Point center, double rx, double ry, double start, double sweep, const Pen& pen) {
+    Shape s;
+    s.kind = Shape::Kind::Arc;
+    s.center = center;
+    s.rx = rx;
+    s.ry = ry;
+    s.start = start;
+    s.sweep = sweep;
+    s.pen = pen;
+    shapes.push_back(std::move(s));
+    return shapes.back();
+}
+
+} // namespace tw::drawing

@@ -1,0 +1,101 @@
+// A drawing as plain data: shapes in world coordinates (feet for the bent,
+// design units for an engine drawing), y pointing up as on paper. The bent
+// geometry and the engine's drawing both end up as a Scene; one painter
+// draws a Scene on a widget, an SVG, a PDF or an image.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tw::drawing {
+
+struct Point {
+    double x = 0;
+    double y = 0;
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+struct Color {
+    std::uint8_t r = 0, g = 0, b = 0;
+    friend bool operator==(const Color&, const Color&) = default;
+};
+
+enum class LineStyle { Solid, Dashed, Center, Dotted };
+
+struct Pen {
+    Color color;
+    // Width in millimetres on paper (a fraction of a point on screen); 0 is the thinnest line.
+    double width = 0;
+    LineStyle style = LineStyle::Solid;
+};
+
+enum class HAlign { Left, Center, Right };
+enum class VAlign { Bottom, Middle, Top, Baseline };
+
+// How a shape stands out: as drawn, a value not entered yet, or a value
+// that cannot be (a negative closing distance, steps longer than the cap).
+enum class Mark { Normal, Placeholder, Error };
+
+struct Shape {
+    enum class Kind {
+        Polyline,  // points, open or closed, optionally filled
+        Arc,       // an elliptical arc; a full ellipse when sweep is 360
+        Text,      // text at points[0]
+        Dimension, // the distance between points[0] and points[1], drawn `offset` away
+    };
+    Kind kind = Kind::Polyline;
+    std::vector<Point> points;
+    bool closed = false;
+    std::optional<Color> fill;
+    Pen pen;
+
+    // Arc: centre, radii, rotation of the x radius, start and sweep (degrees, counter-clockwise).
+    Point center;
+    double rx = 0, ry = 0, rotation = 0, start = 0, sweep = 360;
+
+    // Text and dimension labels. `height` is in world units, or in points
+    // on the page when `screenSized` (annotation that stays readable at any zoom).
+    std::string text;
+    double height = 9;
+    bool screenSized = true;
+    double angle = 0; // degrees, counter-clockwise
+    HAlign halign = HAlign::Left;
+    VAlign valign = VAlign::Baseline;
+
+    // Dimension: distance of the dimension line from the measured points,
+    // to the left of the direction points[0] -> points[1] (negative: to the right).
+    double offset = 0;
+
+    int level = 0;      // the layer the shape belongs to (a DGN level)
+    std::string source; // the input it shows, as a control name ("txtCapStep(3)"); empty for none
+    Mark mark = Mark::Normal;
+};
+
+struct Box {
+    double minX = 0, minY = 0, maxX = 0, maxY = 0;
+    bool empty = true;
+    void add(const Point& p);
+    void add(const Box& b);
+    double width() const { return empty ? 0 : maxX - minX; }
+    double height() const { return empty ? 0 : maxY - minY; }
+};
+
+struct Scene {
+    std::vector<Shape> shapes;
+
+    // The extent of the geometry; screen-sized text counts only by its anchor.
+    Box bounds() const;
+    // The levels the shapes use, ascending.
+    std::vector<int> levels() const;
+
+    // Builders for the common cases; each returns the shape for further settings.
+    Shape& line(Point a, Point b, const Pen& pen = {});
+    Shape& polyline(std::vector<Point> points, bool closed, const Pen& pen = {});
+    Shape& text(Point at, std::string text, double height, HAlign h = HAlign::Left, VAlign v = VAlign::Baseline);
+    Shape& dimension(Point a, Point b, double offset, std::string label);
+    Shape& arc(Point center, double rx, double ry, double start, double sweep, const Pen& pen = {});
+};
+
+} // namespace tw::drawing

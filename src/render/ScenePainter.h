@@ -1,0 +1,44 @@
+// Paints a drawing Scene with QPainter: on a widget, an SVG, a PDF or an
+// image. Geometry scales with the view; screen-sized text, arrowheads and
+// line widths keep their size on the page, so a drawing stays readable at
+// any zoom.
+#pragma once
+
+#include "core/drawing/Scene.h"
+
+#include <QColor>
+#include <QRectF>
+#include <QSize>
+#include <QString>
+#include <QTransform>
+
+#include <set>
+#include <string>
+
+class QPainter;
+class QPaintDevice;
+
+namespace tw {
+
+struct PaintOptions {
+    std::string highlight;      // shapes whose source is this are drawn highlighted
+    std::set<int> hiddenLevels; // levels not drawn
+    QColor background = Qt::white;
+};
+
+// World to device: the box fitted into `target` with a margin, y pointing up.
+QTransform fitTransform(const drawing::Box& box, const QRectF& target, double marginFraction = 0.05);
+
+// Paints the scene; the painter's own transform is left as it was.
+void paintScene(QPainter& painter, const drawing::Scene& scene, const QTransform& worldToDevice,
+                const PaintOptions& options = {});
+
+// Writes the scene fitted to one page or picture: SVG, PDF or PNG by the
+// suffix of `path`. False with a sentence in `error` when it cannot.
+bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const QString& title = {},
+                 const PaintOptions& options = {});
+
+// The suffixes exportScene understands, for messages and file dialogs.
+QString exportSuffixes();
+
+} // namespace tw

@@ -1,0 +1,95 @@
+// Drawings reach the screen and the three export formats the same way.
+#include "render/ScenePainter.h"
+
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace tw {
+
+using namespace drawing;
+
+class ScenePainterTest : public QObject {
+    Q_OBJECT
+
+    static Scene sample() {
+        Scene s;
+        s.polyline({{0, 0}, {40, 0}, {40, 3}, {0, 3}}, true).source = "txtCapLength";
+        s.dimension({0, 3}, {40, 3}, 2, "40.0000");
+        s.text({20, -2}, "CAP ELEVATION", 9, HAlign::Center);
+        s.arc({10, 1.5}, 0.5, 0.5, 0, 360);
+        return s;
+    }
+
+  private slots:
+    void theViewFitsTheDrawingWithYUp() {
+        Box box;
+        box.add(Point{0, 0});
+        box.add(Point{10, 5});
+        const QTransform t = fitTransform(box, QRectF(0, 0, 200, 100), 0);
+        const QPointF topLeft = t.map(QPointF(0, 5));
+        const QPointF bottomRight = t.map(QPointF(10, 0));
+        QVERIFY(topLeft.y() < bottomRight.y());
+        QCOMPARE(bottomRight.x() - topLeft.x(), 200.0);
+        QCOMPARE(bottomRight.y() - topLeft.y(), 100.0);
+    }
+
+    void eachFormatIsWrittenByItsSuffix() {
+        QTemporaryDir dir;
+        QString error;
+        const Scene scene = sample();
+
+        QVERIFY2(exportScene(scene, dir.filePath("a.svg"), &error, "Bent"), qPrintable(error));
+        QFile svg(dir.filePath("a.svg"));
+        QVERIFY(svg.open(QIODevice::ReadOnly));
+        const QString svgText = QString::fromUtf8(svg.readAll());
+        QVERIFY(svgText.contains("40.0000"));
+        QVERIFY(svgText.contains("CAP ELEVATION"));
+
+        QVERIFY2(exportScene(scene, dir.filePath("a.pdf"), &error), qPrintable(error));
+        QFile pdf(dir.filePath("a.pdf"));
+        QVERIFY(pdf.open(QIODevice::ReadOnly));
+        const QString pdfText = QString::fromLatin1(pdf.readAll());
+        QCOMPARE(pdfText.count(QRegularExpression("/Type\\s*/Page[^s]")), 1);
+
+        QVERIFY2(exportScene(scene, dir.filePath("a.PNG"), &error), qPrintable(error));
+        QImage png(dir.filePath("a.PNG"));
+        QVERIFY(!png.isNull());
+        bool inked = false;
+        for (int y = 0; y < png.height() && !inked; y += 4)
+            for (int x = 0; x < png.width() && !inked; x += 4)
+                inked = qGray(png.pixel(x, y)) < 128;
+        QVERIFY(inked);
+    }
+
+    void anUnknownSuffixOrAnUnwritablePathIsRefusedInWords() {
+        QTemporaryDir dir;
+        QString error;
+        QVERIFY(!exportScene(sample(), dir.filePath("a.dwg"), &error));
+        QVERIFY(error.contains(".svg"));
+        QVERIFY(!exportScene(sample(), dir.filePath("missing/folder/a.png"), &error));
+        QVERIFY(error.contains("cannot be written"));
+    }
+
+    void hiddenLevelsAreNotPainted() {
+        Scene s;
+        s.polyline({{0, 0}, {10, 0}, {10, 10}, {0, 10}}, true).fill = Color{0, 0, 0};
+        s.shapes.back().level = 3;
+        QImage img(100, 100, QImage::Format_ARGB32);
+        img.fill(Qt::white);
+        QPainter p(&img);
+        PaintOptions o;
+        o.hiddenLevels = {3};
+        paintScene(p, s, fitTransform(s.bounds(), QRectF(img.rect())), o);
+        p.end();
+        QCOMPARE(img.pixelColor(50, 50), QColor(Qt::white));
+    }
+};
+
+} // namespace tw
+
+QTEST_MAIN(tw::ScenePainterTest)
+#include "ScenePainterTest.moc"
