@@ -42,7 +42,7 @@ struct Bent {
 
 class Listings {
   public:
-    explicit Listings(const std::array<std::string, 10>& names) : names_(names), app_(ports_, "") {}
+    explicit Listings(const std::array<std::string, 10>& names) : names_(names), app_(ports_, ports_, "") {}
 
     void run() {
         loadMainForm(app_);

@@ -26,7 +26,7 @@ int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
     int status = 0;
     for (const auto& file : files) {
         QuietPorts ports;
-        App app(ports, opt.programDir);
+        App app(ports, ports, opt.programDir);
         loadMainForm(app);
         if (readInputFile(app, file)) {
             std::cout << file << ": ok (" << app.grid.rows() - 1 << " bents, " << beamCount(app) << " beams, "
@@ -41,7 +41,7 @@ int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
 
 int cliDump(const CliOptions& opt, const std::string& file) {
     QuietPorts ports;
-    App app(ports, opt.programDir);
+    App app(ports, ports, opt.programDir);
     loadMainForm(app);
     if (!readInputFile(app, file)) {
         std::cerr << file << ": " << oneLine(ports.lastMessage) << '\n';

@@ -1,6 +1,5 @@
 #include "cli/Cli.h"
 #include "cli/Replay.h"
-#include "core/form/MainForm.h"
 
 #include <filesystem>
 #include <fstream>
@@ -21,11 +20,8 @@ int cliReplay(const CliOptions& opt, const std::string& script) {
         in = &file;
         dir = std::filesystem::absolute(script).parent_path().string();
     }
-    ReplayPorts ports(std::cout, dir);
-    App app(ports, opt.programDir);
-    loadMainForm(app);
-    Replay replay(app, ports, std::cout, std::cerr);
-    return replay.run(*in);
+    ReplaySession session(std::cout, std::cerr, dir, opt.programDir);
+    return session.replay.run(*in);
 }
 
 } // namespace tw

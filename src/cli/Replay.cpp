@@ -3,6 +3,7 @@
 #include "cli/Printing.h"
 #include "cli/Quoting.h"
 #include "core/form/Forms.h"
+#include "core/form/MainForm.h"
 #include "core/model/Utf8.h"
 
 #include <sstream>
@@ -247,7 +248,7 @@ bool Replay::runLine(const std::string& raw, int n) {
                 out_ << ' ' << quote(r);
             out_ << '\n';
         } else if (verb == "setting") {
-            out_ << "setting LastTime = " << quote(app_.ports.readSetting("Usage", "UsageInfo", "LastTime")) << '\n';
+            out_ << "setting LastTime = " << quote(app_.system.readSetting("Usage", "UsageInfo", "LastTime")) << '\n';
         } else {
             return fail(n, "unknown verb " + verb);
         }
@@ -256,6 +257,12 @@ bool Replay::runLine(const std::string& raw, int n) {
         app_.reportError(e);
     }
     return true;
+}
+
+ReplaySession::ReplaySession(std::ostream& out, std::ostream& err, const std::string& scriptDir,
+                             const std::string& programDir)
+    : user(out, scriptDir), system(out, platform), app(user, system, programDir), replay(app, user, out, err) {
+    loadMainForm(app);
 }
 
 int Replay::run(std::istream& script) {

@@ -3,6 +3,7 @@
 
 #include "cli/ReplayPorts.h"
 #include "core/App.h"
+#include "platform/Platform.h"
 
 #include <istream>
 #include <ostream>
@@ -35,6 +36,17 @@ class Replay {
     ReplayPorts& ports_;
     std::ostream& out_;
     std::ostream& err_;
+};
+
+// A replay against the real platform, as `tarnwick replay` and `run` use it;
+// relative paths in file lines are taken from `scriptDir`.
+struct ReplaySession {
+    ReplaySession(std::ostream& out, std::ostream& err, const std::string& scriptDir, const std::string& programDir);
+    ReplayPorts user;
+    Platform platform;
+    ReplaySystem system;
+    App app;
+    Replay replay;
 };
 
 } // namespace tw

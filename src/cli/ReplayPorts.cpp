@@ -1,7 +1,6 @@
 #include "cli/ReplayPorts.h"
 
 #include "cli/Quoting.h"
-#include "core/model/Numeric.h"
 
 #include <filesystem>
 
@@ -87,23 +86,23 @@ void ReplayPorts::print(const PrintDocument& doc) {
     out_ << "print " << quote(doc.file) << ' ' << doc.lines.size() << " lines\n";
 }
 
-void ReplayPorts::shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) {
+void ReplaySystem::shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) {
     out_ << "shell-open " << quote(file) << ' ' << quote(parameters) << ' ' << quote(folder) << '\n';
 }
 
-ProcessResult ReplayPorts::startAndWait(const std::string& commandLine) {
+ProcessResult ReplaySystem::startAndWait(const std::string& commandLine) {
     out_ << "start " << quote(commandLine) << '\n';
     out_.flush();
     return platform_.startAndWait(commandLine);
 }
 
-bool ReplayPorts::startDetached(const std::string& commandLine) {
+bool ReplaySystem::startDetached(const std::string& commandLine) {
     out_ << "start " << quote(commandLine) << '\n';
     out_.flush();
     return platform_.startDetached(commandLine);
 }
 
-EngineResult ReplayPorts::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
+EngineResult ReplaySystem::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
     out_ << "engine";
     for (const auto& n : names)
         out_ << ' ' << quote(unpadded(n));
@@ -111,22 +110,6 @@ EngineResult ReplayPorts::callEngine(const std::string& programDir, const std::a
     out_.flush();
     return platform_.callEngine(programDir, names);
 }
-
-std::string ReplayPorts::readSetting(const std::string& app, const std::string& section, const std::string& key) {
-    return platform_.readSetting(app, section, key);
-}
-
-void ReplayPorts::writeSetting(const std::string& app, const std::string& section, const std::string& key,
-                               const std::string& value) {
-    platform_.writeSetting(app, section, key, value);
-}
-
-std::string ReplayPorts::readIni(const std::string& path, const std::string& section, const std::string& key,
-                                 const std::string& defaultValue) {
-    return readIniRaw(path, section, key, defaultValue);
-}
-
-AssociatedProgram ReplayPorts::associatedProgram(const std::string& file) { return platform_.associatedProgram(file); }
 
 void ReplayPorts::windowShow(const std::string& form, const std::string& caption) {
     out_ << "window show " << form << ' ' << quote(caption) << '\n';

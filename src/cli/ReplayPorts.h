@@ -3,15 +3,15 @@
 #pragma once
 
 #include "core/ports.h"
-#include "platform/Platform.h"
 
 #include <deque>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace tw {
 
-class ReplayPorts : public Ports {
+class ReplayPorts : public UserPorts {
   public:
     ReplayPorts(std::ostream& out, std::string scriptDir) : out_(out), scriptDir_(std::move(scriptDir)) {}
 
@@ -27,16 +27,6 @@ class ReplayPorts : public Ports {
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
     bool printerDialog() override;
     void print(const PrintDocument& doc) override;
-    void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
-    ProcessResult startAndWait(const std::string& commandLine) override;
-    bool startDetached(const std::string& commandLine) override;
-    EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
-    std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override;
-    void writeSetting(const std::string& app, const std::string& section, const std::string& key,
-                      const std::string& value) override;
-    std::string readIni(const std::string& path, const std::string& section, const std::string& key,
-                        const std::string& defaultValue) override;
-    AssociatedProgram associatedProgram(const std::string& file) override;
     void setBusyCursor(bool) override {}
     void windowShow(const std::string& form, const std::string& caption) override;
     void windowClose(const std::string& form) override;
@@ -45,11 +35,38 @@ class ReplayPorts : public Ports {
   private:
     std::ostream& out_;
     std::string scriptDir_;
-    Platform platform_;
     std::deque<MsgAnswer> answers_;
     std::deque<std::optional<std::string>> files_;
     std::deque<bool> printers_;
     std::vector<std::string> messages_;
+};
+
+// The platform as the replay sees it: what it starts and what it hands the
+// engine is printed before the platform does it; documents are not opened.
+class ReplaySystem : public SystemPorts {
+  public:
+    ReplaySystem(std::ostream& out, SystemPorts& platform) : out_(out), platform_(platform) {}
+
+    void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
+    ProcessResult startAndWait(const std::string& commandLine) override;
+    bool startDetached(const std::string& commandLine) override;
+    EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
+    std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override {
+        return platform_.readSetting(app, section, key);
+    }
+    void writeSetting(const std::string& app, const std::string& section, const std::string& key,
+                      const std::string& value) override {
+        platform_.writeSetting(app, section, key, value);
+    }
+    std::string readIni(const std::string& path, const std::string& section, const std::string& key,
+                        const std::string& defaultValue) override {
+        return platform_.readIni(path, section, key, defaultValue);
+    }
+    AssociatedProgram associatedProgram(const std::string& file) override { return platform_.associatedProgram(file); }
+
+  private:
+    std::ostream& out_;
+    SystemPorts& platform_;
 };
 
 } // namespace tw

@@ -5,7 +5,7 @@
 
 namespace tw {
 
-App::App(Ports& p, std::string dir) : ports(p), programDir(std::move(dir)) {
+App::App(UserPorts& u, SystemPorts& s, std::string dir) : user(u), system(s), programDir(std::move(dir)) {
     for (auto& f : buildForms()) {
         std::string name = f.name();
         forms_.emplace(std::move(name), std::move(f));
@@ -129,14 +129,14 @@ void App::guarded(const std::function<void()>& body, const std::string& errorTit
 void App::showForm(const std::string& name) {
     Form& f = form(name);
     f.loaded = true;
-    ports.windowShow(name, f.caption);
+    user.windowShow(name, f.caption);
 }
 
 void App::closeForm(const std::string& name) {
     Form& f = form(name);
     if (!f.loaded) return;
     f.loaded = false;
-    ports.windowClose(name);
+    user.windowClose(name);
 }
 
 int App::currentTab() const { return ctl(Ctl::SSTab1).value; }

@@ -40,11 +40,12 @@ using Handler = std::function<void(App&, EventArgs&)>;
 
 class App {
   public:
-    App(Ports& ports, std::string programDir);
+    App(UserPorts& user, SystemPorts& system, std::string programDir);
     App(const App&) = delete;
     App& operator=(const App&) = delete;
 
-    Ports& ports;
+    UserPorts& user;
+    SystemPorts& system;
     std::string programDir;
 
     // Every form of the program, loaded or not.
@@ -105,7 +106,7 @@ class App {
 
     // Message boxes through the ports.
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) {
-        return ports.message(text, title, buttons, icon);
+        return user.message(text, title, buttons, icon);
     }
     // The standard error box; the dialog-cancel number is passed over.
     void reportError(const RuntimeError& e, const std::string& title = "Error");

@@ -1,6 +1,7 @@
 // Ports for working without anyone watching: a box is remembered, not
 // shown (answered with its first button), dialogs are cancelled, nothing is
-// started, and settings live only as long as the object.
+// started, and settings live only as long as the object, so a headless
+// check leaves the user's own settings alone.
 #pragma once
 
 #include "core/ports.h"
@@ -10,7 +11,7 @@
 
 namespace tw {
 
-class QuietPorts : public Ports {
+class QuietPorts : public UserPorts, public SystemPorts {
   public:
     std::string lastMessage;
 
@@ -21,6 +22,11 @@ class QuietPorts : public Ports {
     std::optional<std::string> fileDialog(const FileDialogRequest&) override { return std::nullopt; }
     bool printerDialog() override { return false; }
     void print(const PrintDocument&) override {}
+    void setBusyCursor(bool) override {}
+    void windowShow(const std::string&, const std::string&) override {}
+    void windowClose(const std::string&) override {}
+    void pictureLoaded(const std::string&, const std::string&) override {}
+
     void shellOpen(const std::string&, const std::string&, const std::string&) override {}
     ProcessResult startAndWait(const std::string&) override { return {}; }
     bool startDetached(const std::string&) override { return false; }
@@ -35,10 +41,6 @@ class QuietPorts : public Ports {
         return d;
     }
     AssociatedProgram associatedProgram(const std::string&) override { return {}; }
-    void setBusyCursor(bool) override {}
-    void windowShow(const std::string&, const std::string&) override {}
-    void windowClose(const std::string&) override {}
-    void pictureLoaded(const std::string&, const std::string&) override {}
 
   private:
     std::map<std::string, std::string> settings_;

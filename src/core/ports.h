@@ -1,5 +1,5 @@
-// What the program's logic asks of the outside world. The window answers with
-// Qt, the headless front end with scripted answers, tests with fakes.
+// What the program's logic asks of the outside world, in two parts: what the
+// user answers, and what the platform does.
 #pragma once
 
 #include <array>
@@ -48,9 +48,12 @@ struct PrintDocument {
     std::vector<std::string> lines;
 };
 
-class Ports {
+// What the user answers and sees: message boxes, file and printer dialogs,
+// the printer, the windows and the pointer. The window answers with Qt, the
+// headless front end from its script, tests with fakes.
+class UserPorts {
   public:
-    virtual ~Ports() = default;
+    virtual ~UserPorts() = default;
 
     virtual MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) = 0;
     // The chosen path, or nothing when the dialog was cancelled.
@@ -59,6 +62,25 @@ class Ports {
     virtual bool printerDialog() = 0;
     virtual void print(const PrintDocument& doc) = 0;
 
+    virtual void setBusyCursor(bool busy) = 0;
+    virtual void windowShow(const std::string& form, const std::string& caption) = 0;
+    virtual void windowClose(const std::string& form) = 0;
+    virtual void pictureLoaded(const std::string& control, const std::string& file) = 0;
+    // Lets pending user-interface events run (between printed documents, say).
+    virtual void processEvents() {}
+
+    // Screen size in twips, for centring forms.
+    virtual int screenWidthTwips() const { return 1366 * 15; }
+    virtual int screenHeightTwips() const { return 768 * 15; }
+};
+
+// What the platform does: programs, the engine, settings, INI files and the
+// desktop's programs for documents. One implementation serves every front end.
+class SystemPorts {
+  public:
+    virtual ~SystemPorts() = default;
+
+    // Opens a document with the desktop's program for it; a relative name is taken from `folder`.
     virtual void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) = 0;
     // Starts a command line without a shell and waits for its end while the
     // user interface keeps processing events.
@@ -75,17 +97,6 @@ class Ports {
     virtual std::string readIni(const std::string& path, const std::string& section, const std::string& key,
                                 const std::string& defaultValue) = 0;
     virtual AssociatedProgram associatedProgram(const std::string& file) = 0;
-
-    virtual void setBusyCursor(bool busy) = 0;
-    virtual void windowShow(const std::string& form, const std::string& caption) = 0;
-    virtual void windowClose(const std::string& form) = 0;
-    virtual void pictureLoaded(const std::string& control, const std::string& file) = 0;
-    // Lets pending user-interface events run (between printed documents, say).
-    virtual void processEvents() {}
-
-    // Screen size in twips, for centring forms.
-    virtual int screenWidthTwips() const { return 1366 * 15; }
-    virtual int screenHeightTwips() const { return 768 * 15; }
 };
 
 } // namespace tw

@@ -4,6 +4,7 @@
 #include "gui/FormWindows.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
+#include "platform/Platform.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -25,7 +26,8 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     GuiPorts ports;
-    App app(ports, programDir);
+    Platform platform;
+    App app(ports, platform, programDir);
     std::unique_ptr<MainWindow> main;
     std::map<std::string, FormWindow*> windows;
     PictureWindow* picture = nullptr;

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCoreApplication>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -13,7 +12,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScreen>
-#include <QUrl>
 
 namespace tw {
 
@@ -129,36 +127,6 @@ bool printListing(QPrinter& printer, const PrintDocument& doc) {
     return painter.end();
 }
 
-void GuiPorts::shellOpen(const std::string& file, const std::string&, const std::string& folder) {
-    QString path = q(file);
-    if (QFileInfo(path).isRelative()) path = QDir(q(folder)).filePath(path);
-    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
-}
-
-ProcessResult GuiPorts::startAndWait(const std::string& commandLine) { return platform_.startAndWait(commandLine); }
-
-bool GuiPorts::startDetached(const std::string& commandLine) { return platform_.startDetached(commandLine); }
-
-EngineResult GuiPorts::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
-    return platform_.callEngine(programDir, names);
-}
-
-std::string GuiPorts::readSetting(const std::string& app, const std::string& section, const std::string& key) {
-    return platform_.readSetting(app, section, key);
-}
-
-void GuiPorts::writeSetting(const std::string& app, const std::string& section, const std::string& key,
-                            const std::string& value) {
-    platform_.writeSetting(app, section, key, value);
-}
-
-std::string GuiPorts::readIni(const std::string& path, const std::string& section, const std::string& key,
-                              const std::string& defaultValue) {
-    return readIniRaw(path, section, key, defaultValue);
-}
-
-AssociatedProgram GuiPorts::associatedProgram(const std::string& file) { return platform_.associatedProgram(file); }
-
 void GuiPorts::setBusyCursor(bool busy) {
     if (busy == busy_) return;
     busy_ = busy;
@@ -184,12 +152,12 @@ void GuiPorts::processEvents() { QCoreApplication::processEvents(); }
 
 int GuiPorts::screenWidthTwips() const {
     const QScreen* s = QGuiApplication::primaryScreen();
-    return s ? s->availableGeometry().width() * kTwipsPerPixel : Ports::screenWidthTwips();
+    return s ? s->availableGeometry().width() * kTwipsPerPixel : UserPorts::screenWidthTwips();
 }
 
 int GuiPorts::screenHeightTwips() const {
     const QScreen* s = QGuiApplication::primaryScreen();
-    return s ? s->availableGeometry().height() * kTwipsPerPixel : Ports::screenHeightTwips();
+    return s ? s->availableGeometry().height() * kTwipsPerPixel : UserPorts::screenHeightTwips();
 }
 
 } // namespace tw

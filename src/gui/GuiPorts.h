@@ -2,7 +2,6 @@
 #pragma once
 
 #include "core/ports.h"
-#include "platform/Platform.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -15,7 +14,7 @@ class QPrinter;
 
 namespace tw {
 
-class GuiPorts : public Ports {
+class GuiPorts : public UserPorts {
   public:
     GuiPorts();
     ~GuiPorts() override;
@@ -31,16 +30,6 @@ class GuiPorts : public Ports {
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
     bool printerDialog() override;
     void print(const PrintDocument& doc) override;
-    void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
-    ProcessResult startAndWait(const std::string& commandLine) override;
-    bool startDetached(const std::string& commandLine) override;
-    EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
-    std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override;
-    void writeSetting(const std::string& app, const std::string& section, const std::string& key,
-                      const std::string& value) override;
-    std::string readIni(const std::string& path, const std::string& section, const std::string& key,
-                        const std::string& defaultValue) override;
-    AssociatedProgram associatedProgram(const std::string& file) override;
     void setBusyCursor(bool busy) override;
     void windowShow(const std::string& form, const std::string& caption) override;
     void windowClose(const std::string& form) override;
@@ -51,7 +40,6 @@ class GuiPorts : public Ports {
 
   private:
     QPointer<QWidget> parent_;
-    Platform platform_;
     std::unique_ptr<QPrinter> printer_;
     int documentsPrinted_ = 0;
     bool busy_ = false;

@@ -1,6 +1,7 @@
 #include "platform/Platform.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QLibrary>
@@ -149,8 +150,15 @@ AssociatedProgram Platform::associatedProgram(const std::string& file) {
     return a;
 }
 
-void Platform::shellOpen(const std::string& file, const std::string& folder) {
-    QProcess::startDetached(QStringLiteral("xdg-open"), {q(file)}, q(folder));
+void Platform::shellOpen(const std::string& file, const std::string&, const std::string& folder) {
+    QString path = q(file);
+    if (QFileInfo(path).isRelative() && !folder.empty()) path = QDir(q(folder)).filePath(path);
+    QProcess::startDetached(QStringLiteral("xdg-open"), {path}, q(folder));
+}
+
+std::string Platform::readIni(const std::string& path, const std::string& section, const std::string& key,
+                              const std::string& defaultValue) {
+    return readIniRaw(path, section, key, defaultValue);
 }
 
 std::string executableDir() { return QCoreApplication::applicationDirPath().toStdString(); }

@@ -8,26 +8,21 @@
 
 namespace tw {
 
-class Platform {
+class Platform : public SystemPorts {
   public:
+    void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
+    ProcessResult startAndWait(const std::string& commandLine) override;
+    bool startDetached(const std::string& commandLine) override;
+    // The engine runs in a child process of ours (see callEngineHere).
+    EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
     // Per-user settings, one text value by application, section and key.
-    std::string readSetting(const std::string& app, const std::string& section, const std::string& key);
+    std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override;
     void writeSetting(const std::string& app, const std::string& section, const std::string& key,
-                      const std::string& value);
-
-    // Starts a command line without a shell; waits for its end while events run.
-    ProcessResult startAndWait(const std::string& commandLine);
-
-    bool startDetached(const std::string& commandLine);
-
-    // Calls DLL_ROUT of the engine library in `programDir`.
-    EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names);
-
+                      const std::string& value) override;
+    std::string readIni(const std::string& path, const std::string& section, const std::string& key,
+                        const std::string& defaultValue) override;
     // The desktop's program for the file's type.
-    AssociatedProgram associatedProgram(const std::string& file);
-
-    // Opens a document with its associated program.
-    void shellOpen(const std::string& file, const std::string& folder);
+    AssociatedProgram associatedProgram(const std::string& file) override;
 };
 
 // One key of an INI file read the way the Windows private-profile read

@@ -19,7 +19,7 @@ struct ShownMessage {
     MsgIcon icon;
 };
 
-class FakePorts : public Ports {
+class FakePorts : public UserPorts, public SystemPorts {
   public:
     std::deque<MsgAnswer> answers;
     std::deque<std::optional<std::string>> files;
@@ -97,7 +97,7 @@ struct Loaded {
     FakePorts ports;
     std::unique_ptr<App> app;
     explicit Loaded(const std::string& programDir = "/nonexistent") {
-        app = std::make_unique<App>(ports, programDir);
+        app = std::make_unique<App>(ports, ports, programDir);
         loadMainForm(*app);
     }
     App& operator*() { return *app; }

@@ -15,8 +15,8 @@ constexpr int kRowsWithoutScrolling = 10;
 void layoutStepRows(App& app, int n) {
     // The last count is remembered only to free the cap step that was the
     // closing field under it.
-    const int previous = static_cast<int>(leadingNumber(app.ports.readSetting("Usage", "UsageInfo", "LastTime")));
-    app.ports.writeSetting("Usage", "UsageInfo", "LastTime", std::to_string(n));
+    const int previous = static_cast<int>(leadingNumber(app.system.readSetting("Usage", "UsageInfo", "LastTime")));
+    app.system.writeSetting("Usage", "UsageInfo", "LastTime", std::to_string(n));
     for (Ctl c : {Ctl::txtCapStep, Ctl::lblCapStep, Ctl::txtEStepPI, Ctl::lblEStepPI})
         for (int i = 0; i < kRows; ++i)
             app.setVisible(CtlId(c, i), false);

@@ -11,7 +11,7 @@ namespace {
 // A cancelled file dialog ends its command quietly, as the old dialog's
 // cancel error did.
 std::string chooseFile(App& app, const FileDialogRequest& request) {
-    auto path = app.ports.fileDialog(request);
+    auto path = app.user.fileDialog(request);
     if (!path) throw RuntimeError(err::kCancel, "Cancel was selected.");
     app.dialogFileName = *path;
     return *path;

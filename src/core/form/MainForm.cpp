@@ -136,8 +136,8 @@ void setupPanes(App& app) {
 
 void loadMainForm(App& app) {
     Form& f = app.main();
-    f.top = (app.ports.screenHeightTwips() - f.height) / 2;
-    f.left = (app.ports.screenWidthTwips() - f.width) / 2;
+    f.top = (app.user.screenHeightTwips() - f.height) / 2;
+    f.left = (app.user.screenWidthTwips() - f.width) / 2;
     f.loaded = true;
     resetForm(app);
     setupPanes(app);

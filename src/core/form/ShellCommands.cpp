@@ -14,8 +14,8 @@ constexpr int kAboutOffset = 1200;
 
 void showSplash(App& app) {
     Form& f = app.form(kFrmSplash);
-    f.left = (app.ports.screenWidthTwips() - f.width) / 2;
-    f.top = (app.ports.screenHeightTwips() - f.height) / 2;
+    f.left = (app.user.screenWidthTwips() - f.width) / 2;
+    f.top = (app.user.screenHeightTwips() - f.height) / 2;
     app.showForm(kFrmSplash);
 }
 
@@ -33,7 +33,7 @@ void installShellCommands(App& app) {
     });
     app.on(kFrmAbout, Ctl::cmdOK, Event::Click, [](App& a, EventArgs&) { a.closeForm(kFrmAbout); });
     app.on(kFrmMain, Ctl::mnuTarnwickHelp, Event::Click,
-           [](App& a, EventArgs&) { a.ports.shellOpen(a.programDir + "/" + kHelpFile, "", a.programDir); });
+           [](App& a, EventArgs&) { a.system.shellOpen(a.programDir + "/" + kHelpFile, "", a.programDir); });
 }
 
 } // namespace tw

@@ -67,7 +67,7 @@ void printCommand(App& app) {
 
 void openDrawing(App& app) {
     const std::string drawing = plainBase(app) + "e.dgn";
-    const AssociatedProgram assoc = app.ports.associatedProgram(drawing);
+    const AssociatedProgram assoc = app.system.associatedProgram(drawing);
     if (assoc.status == AssociatedProgram::Status::NoAssociation) {
         app.message("You do not have a program assoiciated with the DGN file.", kAppTitle, MsgButtons::OK,
                     MsgIcon::None);
@@ -83,7 +83,7 @@ void openDrawing(App& app) {
     if (percent == std::string::npos || percent < 2)
         throw RuntimeError(err::kInvalidCall, "Invalid procedure call or argument (association " + assoc.command + ")");
     const std::string program = assoc.command.substr(0, percent - 2);
-    if (!app.ports.startDetached(program + " \"" + drawing + "\""))
+    if (!app.system.startDetached(program + " \"" + drawing + "\""))
         throw RuntimeError(err::kFileNotFound, "File not found: " + program);
 }
 
@@ -101,20 +101,20 @@ void preview(App& app) {
 void printListings(App& app) {
     const std::string base = dottedBase(app);
     const bool clean = concreteDataIsClean(base + "ebntc");
-    if (!app.ports.printerDialog()) return;
+    if (!app.user.printerDialog()) return;
     auto printOne = [&](const std::string& file) {
         PrintDocument doc;
         doc.file = file;
         // A line starting with "-1" would have started a new page; no single
         // character equals it, so pages break only where they are full.
         doc.lines = readLines(file);
-        app.ports.print(doc);
+        app.user.print(doc);
     };
     if (!clean) printOne(base + "ebntc");
     if (app.form(kFrmIPrinter).at(Ctl::cmbFileTypes).listIndex != 0) return;
     for (const char* ext : {"egen", "ebent", "eelev", "ebeam", "epile", "equan"}) {
         printOne(base + ext);
-        app.ports.processEvents();
+        app.user.processEvents();
     }
 }
 
@@ -152,12 +152,12 @@ void showSketch(App& app, Ctl label) {
         if (s.label != label || s.type != *type) continue;
         Form& view = app.form(kFrmPicView);
         const std::string picture = app.programDir + s.picture;
-        app.ports.pictureLoaded("picViewImage", picture);
+        app.user.pictureLoaded("picViewImage", picture);
         // The picture box remembers the full-size picture its double-click opens.
         view.at(Ctl::picViewImage).text = std::string(s.key) + ".tif";
         view.caption = sketchTitle(s.key);
-        view.left = (app.ports.screenWidthTwips() - view.width) / 2;
-        view.top = (app.ports.screenHeightTwips() - view.height) / 2;
+        view.left = (app.user.screenWidthTwips() - view.width) / 2;
+        view.top = (app.user.screenHeightTwips() - view.height) / 2;
         app.showForm(kFrmPicView);
         return;
     }
@@ -224,7 +224,7 @@ void installOutputs(App& app) {
                       Ctl::lblViewDimension})
         app.on(kFrmMain, label, Event::Click, [label](App& a, EventArgs&) { showSketch(a, label); });
     app.on(kFrmPicView, Ctl::picViewImage, Event::DblClick, [](App& a, EventArgs&) {
-        a.ports.shellOpen(a.form(kFrmPicView).at(Ctl::picViewImage).text, "", a.programDir + "/Drawing");
+        a.system.shellOpen(a.form(kFrmPicView).at(Ctl::picViewImage).text, "", a.programDir + "/Drawing");
     });
 }
 

@@ -39,18 +39,18 @@ void steps(App& app) {
     for (auto& n : names)
         n = padName(n);
 
-    app.ports.setBusyCursor(true);
-    const EngineResult engine = app.ports.callEngine(app.programDir, names);
+    app.user.setBusyCursor(true);
+    const EngineResult engine = app.system.callEngine(app.programDir, names);
     if (!engine.ok) throw RuntimeError(engine.errorNumber ? engine.errorNumber : err::kDllNotFound, engine.error);
 
-    const std::string batch = app.ports.readIni(app.programDir + "/Ebent.ini", "microstation", "dgnbatch", "");
+    const std::string batch = app.system.readIni(app.programDir + "/Ebent.ini", "microstation", "dgnbatch", "");
     const std::string command =
         batch + " \"" + runBaseName(app.currentFile.empty() ? input : app.currentFile) + "e.sif\"";
-    const ProcessResult started = app.ports.startAndWait(command);
+    const ProcessResult started = app.system.startAndWait(command);
     if (!started.started)
         throw RuntimeError(err::kFileNotFound, "File not found: the drawing batch program could not be started (" +
                                                    (started.error.empty() ? command : started.error) + ")");
-    app.ports.setBusyCursor(false);
+    app.user.setBusyCursor(false);
 
     app.message("The program has finished running.\r\n\r\nClick the printer icon to preview or print the files.",
                 kAppTitle, MsgButtons::OK, MsgIcon::None);
@@ -80,7 +80,7 @@ void runAfterSave(App& app) {
         steps(app);
     } catch (const RuntimeError& e) {
         if (e.number() == err::kCancel) return;
-        app.ports.setBusyCursor(false);
+        app.user.setBusyCursor(false);
         app.reportError(e, "Error Importing Input File");
     }
 }
