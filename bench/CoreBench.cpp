@@ -70,26 +70,26 @@ template <class Event> void perEvent(benchmark::State& state, Event event) {
 
 void BM_Event_KeyPress(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State&) {
-        a.setFocus(CtlId(Ctl::txtCapStep, 3));
-        a.typeKey(CtlId(Ctl::txtCapStep, 3), '7');
+        a.actions.focus(CtlId(Ctl::txtCapStep, 3));
+        a.actions.key(CtlId(Ctl::txtCapStep, 3), '7');
     });
 }
 void BM_Event_LeaveField(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State&) {
-        a.setFocus(CtlId(Ctl::txtCenterline, 3));
-        a.leaveFocus();
+        a.actions.focus(CtlId(Ctl::txtCenterline, 3));
+        a.actions.leave(CtlId(Ctl::txtCenterline, 3));
     });
 }
 void BM_Event_Beams1To20To1(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State&) {
-        a.setComboText(Ctl::cboNoBeam, "1");
-        a.setComboText(Ctl::cboNoBeam, "20");
+        a.actions.choose(Ctl::cboNoBeam, 0);
+        a.actions.choose(Ctl::cboNoBeam, 19);
     });
 }
 void BM_Event_SwitchBentType(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State&) {
-        a.setComboText(Ctl::cboTybent, "Pile End Bent without Backwall");
-        a.setComboText(Ctl::cboTybent, "Pile End Bent with Backwall");
+        a.actions.choose(Ctl::cboTybent, 0); // without backwall
+        a.actions.choose(Ctl::cboTybent, 1); // with backwall
     });
 }
 void BM_Event_AddInsertReplace(benchmark::State& s) {
@@ -98,12 +98,12 @@ void BM_Event_AddInsertReplace(benchmark::State& s) {
         fillEntry(a, "A");
         a.bentRegister.erase(std::remove(a.bentRegister.begin(), a.bentRegister.end(), "A"), a.bentRegister.end());
         st.ResumeTiming();
-        a.fire(CtlId(Ctl::cmdQuantity, 0), Event::Click);
+        a.actions.click(CtlId(Ctl::cmdQuantity, 0));
         st.PauseTiming();
         fillEntry(a, "B");
-        a.grid.select(50, 50);
+        a.actions.selectRows(50, 50);
         st.ResumeTiming();
-        a.fire(CtlId(Ctl::cmdQuantity, 2), Event::Click);
+        a.actions.click(CtlId(Ctl::cmdQuantity, 2));
         st.PauseTiming();
         a.grid.setRows(100);
         st.ResumeTiming();
@@ -111,15 +111,15 @@ void BM_Event_AddInsertReplace(benchmark::State& s) {
 }
 void BM_Event_MoveUpDown(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State&) {
-        a.grid.select(50, 50);
-        a.fire(Ctl::cmdMoveUp, Event::Click);
-        a.fire(Ctl::cmdMoveDown, Event::Click);
+        a.actions.selectRows(50, 50);
+        a.actions.click(Ctl::cmdMoveUp);
+        a.actions.click(Ctl::cmdMoveDown);
     });
 }
 void BM_Event_DeleteAllThenNew(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State& st) {
-        a.fire(CtlId(Ctl::cmdQuantity, 5), Event::Click);
-        a.fire(Ctl::mnuNew, Event::Click);
+        a.actions.click(CtlId(Ctl::cmdQuantity, 5));
+        a.actions.click(Ctl::mnuNew);
         st.PauseTiming();
         fillLargestProject(a);
         st.ResumeTiming();

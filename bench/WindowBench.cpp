@@ -16,15 +16,17 @@ namespace {
 struct Window {
     test::Loaded app;
     MainWindow window;
-    Window() : window(*app, [this] { window.refresh(); }) {
+    Window() : window(*app) {
+        app->actions.afterEach([this] { window.refresh(); });
         fillLargestProject(*app);
         window.resize(1366, 768);
         window.refresh();
         window.show();
         QApplication::processEvents();
     }
+    // One user action, which refreshes the window, then the repaint.
     void event(const std::function<void()>& body) {
-        window.binder().run(body);
+        body();
         window.repaint();
     }
 };
@@ -34,24 +36,24 @@ void BM_Window_KeyPress(benchmark::State& state) {
     w.window.tabs()->setCurrentIndex(1);
     for (auto _ : state)
         w.event([&] {
-            w.app->setFocus(CtlId(Ctl::txtCapStep, 3));
-            w.app->typeKey(CtlId(Ctl::txtCapStep, 3), '7');
+            w.app->actions.focus(CtlId(Ctl::txtCapStep, 3));
+            w.app->actions.key(CtlId(Ctl::txtCapStep, 3), '7');
         });
 }
 
 void BM_Window_Beams1To20(benchmark::State& state) {
     Window w;
     for (auto _ : state) {
-        w.event([&] { w.app->setComboText(Ctl::cboNoBeam, "1"); });
-        w.event([&] { w.app->setComboText(Ctl::cboNoBeam, "20"); });
+        w.event([&] { w.app->actions.choose(Ctl::cboNoBeam, 0); });
+        w.event([&] { w.app->actions.choose(Ctl::cboNoBeam, 19); });
     }
 }
 
 void BM_Window_SwitchBentType(benchmark::State& state) {
     Window w;
     for (auto _ : state) {
-        w.event([&] { w.app->setComboText(Ctl::cboTybent, "Pile End Bent without Backwall"); });
-        w.event([&] { w.app->setComboText(Ctl::cboTybent, "Pile End Bent with Backwall"); });
+        w.event([&] { w.app->actions.choose(Ctl::cboTybent, 0); }); // without backwall
+        w.event([&] { w.app->actions.choose(Ctl::cboTybent, 1); }); // with backwall
     }
 }
 
@@ -59,8 +61,8 @@ void BM_Window_MoveUpOnTheBentTable(benchmark::State& state) {
     Window w;
     w.window.tabs()->setCurrentIndex(5);
     for (auto _ : state) {
-        w.app->grid.select(50, 50);
-        w.event([&] { w.app->fire(Ctl::cmdMoveUp, Event::Click); });
+        w.app->actions.selectRows(50, 50);
+        w.event([&] { w.app->actions.click(Ctl::cmdMoveUp); });
     }
 }
 

@@ -1,13 +1,16 @@
 // Plays a script of form events against the program's logic, one event a line.
 #pragma once
 
+#include "cli/Quoting.h"
 #include "cli/ReplayPorts.h"
 #include "core/App.h"
 #include "platform/Platform.h"
 
 #include <istream>
+#include <map>
 #include <ostream>
 #include <string>
+#include <vector>
 
 namespace tw {
 
@@ -22,15 +25,48 @@ class Replay {
     // One line; false (with the reason printed) when it cannot be carried out.
     bool runLine(const std::string& line, int lineNumber);
 
+    // The verbs a script knows, in the order `--help` lists them.
+    static std::vector<std::string> verbNames();
+
   private:
-    struct Target {
-        std::string form;
-        CtlId id;
-        std::string written; // as the script names it
+    struct Line {
+        std::vector<ScriptWord> words;
+        int number = 0;
     };
-    bool resolve(const std::string& word, Target& t, std::string& why) const;
-    bool fail(int lineNumber, const std::string& why);
-    void showState(const Target& t);
+    // A control as the script names it.
+    struct Named {
+        Target target{CtlId()};
+        std::string written;
+    };
+    using Verb = bool (Replay::*)(const Line&);
+    static const std::vector<std::pair<std::string, Verb>>& verbs();
+
+    bool fail(const Line& l, const std::string& why);
+    bool need(const Line& l, size_t words);
+    bool resolve(const Line& l, Named& n);
+    // The words from `from` on, joined by blanks ("\b" in a plain word is Backspace).
+    static std::string textFrom(const Line& l, size_t from);
+    Control& control(const Named& n) { return app_.form(n.target.form).at(n.target.id); }
+
+    bool type(const Line& l);
+    bool paste(const Line& l);
+    bool leave(const Line& l);
+    bool choose(const Line& l);
+    bool click(const Line& l);
+    bool dblclick(const Line& l);
+    bool toolbar(const Line& l);
+    bool tab(const Line& l);
+    bool select(const Line& l);
+    bool answer(const Line& l);
+    bool file(const Line& l);
+    bool printer(const Line& l);
+    bool show(const Line& l);
+    bool state(const Line& l);
+    bool focus(const Line& l);
+    bool grid(const Line& l);
+    bool counter(const Line& l);
+    bool registerLine(const Line& l);
+    bool setting(const Line& l);
 
     App& app_;
     ReplayPorts& ports_;

@@ -1,7 +1,6 @@
 #include "core/App.h"
 
 #include "core/form/Forms.h"
-#include "core/model/Utf8.h"
 
 namespace tw {
 
@@ -20,8 +19,6 @@ Form& App::form(const std::string& name) {
 }
 
 void App::on(const std::string& form, Ctl ctl, Event ev, Handler h) { handlers_[{form, ctl, ev}] = std::move(h); }
-
-bool App::hasHandler(const std::string& form, Ctl ctl, Event ev) const { return handlers_.count({form, ctl, ev}) != 0; }
 
 bool App::fire(const std::string& form, const CtlId& id, Event ev, EventArgs& args) {
     auto it = handlers_.find({form, id.ctl, ev});
@@ -82,37 +79,6 @@ void App::leaveFocus() {
     if (old) fire(*old, Event::LostFocus);
 }
 
-void App::typeKey(const CtlId& id, int key) {
-    EventArgs a;
-    a.index = id.index;
-    a.key = key;
-    fire(kFrmMain, id, Event::KeyPress, a);
-    if (a.key == 0) return;
-    Control& c = ctl(id);
-    if (c.locked || c.kind != Kind::TextBox) return;
-    std::string t = c.text;
-    int start = std::min<int>(c.selStart, static_cast<int>(t.size()));
-    int len = std::min<int>(c.selLength, static_cast<int>(t.size()) - start);
-    if (a.key == 8) {
-        if (len > 0) {
-            t.erase(start, len);
-        } else if (start > 0) {
-            t.erase(start - 1, 1);
-            --start;
-        }
-    } else if (a.key >= 32) {
-        std::string replaced = t.substr(0, start) + utf8Encode(static_cast<char32_t>(a.key)) + t.substr(start + len);
-        if (c.maxLength > 0 && static_cast<int>(replaced.size()) > c.maxLength) return;
-        t = std::move(replaced);
-        start += static_cast<int>(utf8Encode(static_cast<char32_t>(a.key)).size());
-    } else {
-        return; // Enter and other control keys insert nothing in a one-line field
-    }
-    c.text = std::move(t);
-    c.selStart = start;
-    c.selLength = 0;
-}
-
 void App::reportError(const RuntimeError& e, const std::string& title) {
     if (e.number() == 0 || e.number() == err::kCancel) return;
     message(standardErrorText(e.number(), e.description()), title, MsgButtons::OK, MsgIcon::Critical);
@@ -136,6 +102,7 @@ void App::closeForm(const std::string& name) {
     Form& f = form(name);
     if (!f.loaded) return;
     f.loaded = false;
+    if (auto it = unloadHandlers_.find(name); it != unloadHandlers_.end()) it->second(*this);
     user.windowClose(name);
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/Errors.h"
+#include "core/UserActions.h"
 #include "core/model/Form.h"
 #include "core/model/Grid.h"
 #include "core/ports.h"
@@ -66,9 +67,13 @@ class App {
     // The current file path (empty while the project has no file).
     std::string currentFile;
 
+    // What the user does enters here: the window and the replay call nothing else.
+    UserActions actions{*this};
+
     // Handlers, by form, control name and event; array items share one.
     void on(const std::string& form, Ctl ctl, Event ev, Handler h);
-    bool hasHandler(const std::string& form, Ctl ctl, Event ev) const;
+    // What a form does when it unloads, besides closing its window.
+    void onUnload(const std::string& form, std::function<void(App&)> h) { unloadHandlers_[form] = std::move(h); }
     // Runs the handler of the event, if any. Run-time errors escape to the caller.
     bool fire(const std::string& form, const CtlId& id, Event ev, EventArgs& args);
     bool fire(const CtlId& id, Event ev) {
@@ -101,8 +106,6 @@ class App {
     std::optional<CtlId> focus() const { return focus_; }
     void setFocus(const CtlId& id);
     void leaveFocus();
-    // One key press into a text box: its key filter, then the edit.
-    void typeKey(const CtlId& id, int key);
 
     // Message boxes through the ports.
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) {
@@ -113,7 +116,8 @@ class App {
     // Runs a command body; a run-time error ends it in the standard error box.
     void guarded(const std::function<void()>& body, const std::string& errorTitle = "Error");
 
-    // Loads a form and shows it; unloads a loaded form and closes its window.
+    // Loads a form and shows it; unloads a loaded form (its unload handler
+    // first) and closes its window.
     void showForm(const std::string& name);
     void closeForm(const std::string& name);
 
@@ -126,6 +130,7 @@ class App {
   private:
     std::map<std::string, Form> forms_;
     std::map<std::tuple<std::string, Ctl, Event>, Handler> handlers_;
+    std::map<std::string, std::function<void(App&)>> unloadHandlers_;
     std::optional<CtlId> focus_;
 };
 

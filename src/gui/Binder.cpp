@@ -12,6 +12,8 @@
 #include <QScrollBar>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace tw {
 
 namespace {
@@ -31,10 +33,25 @@ QColor colorOf(BackColor c) {
 // is not the user moving between fields.
 bool userFocusReason(Qt::FocusReason r) { return r != Qt::ActiveWindowFocusReason && r != Qt::PopupFocusReason; }
 
+// Qt counts the caret in UTF-16 units, the form data in bytes of UTF-8.
+int bytesBefore(const QString& text, int position) { return static_cast<int>(text.left(position).toUtf8().size()); }
+
+Selection selectionOf(const QLineEdit* e) {
+    const QString t = e->text();
+    if (!e->hasSelectedText()) return {bytesBefore(t, e->cursorPosition()), 0};
+    const int start = e->selectionStart();
+    const int from = bytesBefore(t, start);
+    return {from, bytesBefore(t, start + static_cast<int>(e->selectedText().size())) - from};
+}
+
+int utf16Position(const std::string& text, int bytes) {
+    const int n = std::clamp(bytes, 0, static_cast<int>(text.size()));
+    return static_cast<int>(QString::fromUtf8(text.data(), n).size());
+}
+
 } // namespace
 
-Binder::Binder(App& app, std::string form, std::function<void()> after, QObject* parent)
-    : QObject(parent), app_(app), form_(std::move(form)), after_(std::move(after)) {}
+Binder::Binder(App& app, std::string form, QObject* parent) : QObject(parent), app_(app), form_(std::move(form)) {}
 
 QLineEdit* Binder::lineEdit(const CtlId& id, QWidget* parent) {
     auto* e = new QLineEdit(parent);
@@ -42,12 +59,8 @@ QLineEdit* Binder::lineEdit(const CtlId& id, QWidget* parent) {
     e->installEventFilter(this);
     bindings_.push_back({id, Type::Line, e});
     // Edits Qt makes itself (Delete, paste, cut) reach the data as they are.
-    connect(e, &QLineEdit::textChanged, this, [this, id, e](const QString& t) {
-        Control& c = data(id);
-        c.text = t.toStdString();
-        c.selStart = e->hasSelectedText() ? e->selectionStart() : e->cursorPosition();
-        c.selLength = static_cast<int>(e->selectedText().size());
-    });
+    connect(e, &QLineEdit::textChanged, this,
+            [this, id, e](const QString& t) { app_.actions.edit(target(id), t.toStdString(), selectionOf(e)); });
     return e;
 }
 
@@ -56,18 +69,7 @@ QComboBox* Binder::comboBox(const CtlId& id, QWidget* parent) {
     c->setObjectName(q(toString(id)));
     c->installEventFilter(this);
     bindings_.push_back({id, Type::Combo, c});
-    connect(c, &QComboBox::activated, this, [this, id](int index) {
-        run([&] {
-            if (form_ == kFrmMain) {
-                app_.setFocus(id);
-                app_.setListIndex(id, index);
-            } else {
-                data(id).listIndex = index;
-                EventArgs a;
-                app_.fire(form_, id, Event::Change, a);
-            }
-        });
-    });
+    connect(c, &QComboBox::activated, this, [this, id](int index) { app_.actions.choose(target(id), index); });
     return c;
 }
 
@@ -96,14 +98,7 @@ QPushButton* Binder::button(const CtlId& id, QWidget* parent) {
     b->setObjectName(q(toString(id)));
     b->installEventFilter(this);
     bindings_.push_back({id, Type::Button, b});
-    connect(b, &QPushButton::clicked, this, [this, id] {
-        run([&] {
-            if (form_ == kFrmMain) app_.setFocus(id);
-            EventArgs a;
-            a.index = id.index;
-            app_.fire(form_, id, Event::Click, a);
-        });
-    });
+    connect(b, &QPushButton::clicked, this, [this, id] { app_.actions.click(target(id)); });
     return b;
 }
 
@@ -133,24 +128,6 @@ QWidget* Binder::widgetFor(const CtlId& id) const {
     return nullptr;
 }
 
-void Binder::run(const std::function<void()>& body) {
-    ++depth_;
-    try {
-        body();
-    } catch (const RuntimeError& e) {
-        app_.reportError(e);
-    }
-    --depth_;
-    if (depth_ == 0 && after_) after_();
-}
-
-void Binder::keyInto(const Binding& b, QLineEdit* edit, int key) {
-    Control& c = data(b.id);
-    c.selStart = edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
-    c.selLength = static_cast<int>(edit->selectedText().size());
-    run([&] { app_.typeKey(b.id, key); });
-}
-
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
     const Binding* b = find(watched);
     if (!b) return false;
@@ -159,7 +136,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         auto* fe = static_cast<QFocusEvent*>(event);
         if (form_ != kFrmMain || !userFocusReason(fe->reason())) return false;
         const CtlId id = b->id;
-        if (app_.focus() != std::optional<CtlId>(id)) run([&] { app_.setFocus(id); });
+        if (app_.focus() != std::optional<CtlId>(id)) app_.actions.focus(target(id));
         // A leave handler that kept the focus (a refused value) takes it back.
         if (auto f = app_.focus(); f && *f != id)
             if (QWidget* keep = widgetFor(*f))
@@ -171,29 +148,18 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         if (!edit || form_ != kFrmMain) return false;
         auto* ke = static_cast<QKeyEvent*>(event);
         if (ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
-        if (ke->key() == Qt::Key_Backspace) {
-            keyInto(*b, edit, 8);
-            return true;
-        }
-        if (ke->key() == Qt::Key_Return || ke->key() == Qt::Key_Enter) {
-            keyInto(*b, edit, 13);
-            return true;
-        }
+        int key = 0;
+        if (ke->key() == Qt::Key_Backspace) key = 8;
+        if (ke->key() == Qt::Key_Return || ke->key() == Qt::Key_Enter) key = 13;
         const QString text = ke->text();
-        if (!text.isEmpty() && text.at(0).isPrint()) {
-            keyInto(*b, edit, static_cast<int>(text.at(0).unicode()));
-            return true;
-        }
-        return false;
+        if (!key && !text.isEmpty() && text.at(0).isPrint()) key = static_cast<int>(text.toUcs4().value(0));
+        if (!key) return false;
+        app_.actions.key(target(b->id), key, selectionOf(edit));
+        return true;
     }
     case QEvent::MouseButtonRelease: {
         if (b->type != Type::Label) return false;
-        const CtlId id = b->id;
-        run([&] {
-            EventArgs a;
-            a.index = id.index;
-            app_.fire(form_, id, Event::Click, a);
-        });
+        app_.actions.click(target(b->id));
         return true;
     }
     default: return false;
@@ -221,10 +187,11 @@ void Binder::syncOne(const Binding& b) {
             e->setPalette(p);
         }
         if (e->hasFocus()) {
+            const int start = utf16Position(c.text, c.selStart);
             if (c.selLength > 0)
-                e->setSelection(c.selStart, c.selLength);
+                e->setSelection(start, utf16Position(c.text, c.selStart + c.selLength) - start);
             else
-                e->setCursorPosition(c.selStart);
+                e->setCursorPosition(start);
         }
         break;
     }

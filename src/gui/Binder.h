@@ -1,5 +1,5 @@
 // Ties widgets to the controls of one form's data: copies the data into the
-// widgets after every event, and turns widget events into the core's events.
+// widgets, and turns widget events into the core's user actions.
 #pragma once
 
 #include "core/App.h"
@@ -8,7 +8,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <functional>
 #include <vector>
 
 class QLineEdit;
@@ -25,8 +24,7 @@ namespace tw {
 class Binder : public QObject {
     Q_OBJECT
   public:
-    // `after` runs after every event the binder forwarded (the window refresh).
-    Binder(App& app, std::string form, std::function<void()> after, QObject* parent = nullptr);
+    Binder(App& app, std::string form, QObject* parent = nullptr);
 
     QLineEdit* lineEdit(const CtlId& id, QWidget* parent = nullptr);
     QComboBox* comboBox(const CtlId& id, QWidget* parent = nullptr);
@@ -41,9 +39,6 @@ class Binder : public QObject {
     void sync();
     QWidget* widgetFor(const CtlId& id) const;
 
-    // Runs a core event with run-time errors ending in the error box, then refreshes.
-    void run(const std::function<void()>& body);
-
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -54,16 +49,14 @@ class Binder : public QObject {
         Type type;
         QPointer<QWidget> widget;
     };
-    Control& data(const CtlId& id) { return app_.form(form_).at(id); }
+    const Control& data(const CtlId& id) const { return app_.form(form_).at(id); }
+    Target target(const CtlId& id) const { return Target(form_, id); }
     const Binding* find(const QObject* w) const;
     void syncOne(const Binding& b);
-    void keyInto(const Binding& b, QLineEdit* edit, int key);
 
     App& app_;
     std::string form_;
-    std::function<void()> after_;
     std::vector<Binding> bindings_;
-    int depth_ = 0;
 };
 
 } // namespace tw

@@ -19,8 +19,8 @@ namespace {
 QString q(const std::string& s) { return QString::fromStdString(s); }
 } // namespace
 
-FormWindow::FormWindow(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent)
-    : QDialog(parent), app_(app), form_(form), binder_(app, form, std::move(refreshAll), this) {
+FormWindow::FormWindow(App& app, const std::string& form, QWidget* parent)
+    : QDialog(parent), app_(app), form_(form), binder_(app, form, this) {
     setObjectName(q(form));
     setModal(false);
 }
@@ -32,16 +32,12 @@ void FormWindow::refresh() {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
     // Closing the window is the window's own way out: the form unloads.
-    Form& f = app_.form(form_);
-    if (f.loaded) {
-        f.loaded = false;
-        if (form_ == kFrmViewTest) f.at(Ctl::rtOpen).text.clear();
-    }
+    if (app_.form(form_).loaded) app_.actions.closeWindow(form_);
     event->accept();
 }
 
-FormWindow* makeSplashOrAbout(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent) {
-    auto* w = new FormWindow(app, form, std::move(refreshAll), parent);
+FormWindow* makeSplashOrAbout(App& app, const std::string& form, QWidget* parent) {
+    auto* w = new FormWindow(app, form, parent);
     Binder& b = w->binder();
     auto* v = new QVBoxLayout(w);
     auto* title = b.label(Ctl::lblTitle);
@@ -71,8 +67,8 @@ FormWindow* makeSplashOrAbout(App& app, const std::string& form, std::function<v
     return w;
 }
 
-FormWindow* makePrinterWindow(App& app, std::function<void()> refreshAll, QWidget* parent) {
-    auto* w = new FormWindow(app, kFrmIPrinter, std::move(refreshAll), parent);
+FormWindow* makePrinterWindow(App& app, QWidget* parent) {
+    auto* w = new FormWindow(app, kFrmIPrinter, parent);
     Binder& b = w->binder();
     auto* g = new QGridLayout(w);
     g->addWidget(b.label(Ctl::lblPageNum), 0, 0);
@@ -91,8 +87,8 @@ FormWindow* makePrinterWindow(App& app, std::function<void()> refreshAll, QWidge
     return w;
 }
 
-FormWindow* makePreviewWindow(App& app, std::function<void()> refreshAll, QWidget* parent) {
-    auto* w = new FormWindow(app, kFrmViewTest, std::move(refreshAll), parent);
+FormWindow* makePreviewWindow(App& app, QWidget* parent) {
+    auto* w = new FormWindow(app, kFrmViewTest, parent);
     Binder& b = w->binder();
     auto* v = new QVBoxLayout(w);
     auto* text = b.textView(Ctl::rtOpen);
@@ -109,8 +105,7 @@ FormWindow* makePreviewWindow(App& app, std::function<void()> refreshAll, QWidge
     return w;
 }
 
-PictureWindow::PictureWindow(App& app, std::function<void()> refreshAll, QWidget* parent)
-    : FormWindow(app, kFrmPicView, std::move(refreshAll), parent) {
+PictureWindow::PictureWindow(App& app, QWidget* parent) : FormWindow(app, kFrmPicView, parent) {
     auto* v = new QVBoxLayout(this);
     image_ = new QLabel;
     image_->setObjectName(QStringLiteral("picViewImage"));
@@ -131,10 +126,7 @@ void PictureWindow::showPicture(const QString& file) {
 
 bool PictureWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == image_ && event->type() == QEvent::MouseButtonDblClick) {
-        binder_.run([&] {
-            EventArgs a;
-            app_.fire(kFrmPicView, Ctl::picViewImage, Event::DblClick, a);
-        });
+        app_.actions.doubleClick(Target(kFrmPicView, Ctl::picViewImage));
         return true;
     }
     return FormWindow::eventFilter(watched, event);

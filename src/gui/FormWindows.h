@@ -14,10 +14,9 @@ namespace tw {
 class FormWindow : public QDialog {
     Q_OBJECT
   public:
-    FormWindow(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent);
+    FormWindow(App& app, const std::string& form, QWidget* parent);
     void refresh();
     Binder& binder() { return binder_; }
-    const std::string& formName() const { return form_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -27,14 +26,14 @@ class FormWindow : public QDialog {
 };
 
 // frmSplash and frmAbout: title, version, disclaimer and OK.
-FormWindow* makeSplashOrAbout(App& app, const std::string& form, std::function<void()> refreshAll, QWidget* parent);
-FormWindow* makePrinterWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
-FormWindow* makePreviewWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
+FormWindow* makeSplashOrAbout(App& app, const std::string& form, QWidget* parent);
+FormWindow* makePrinterWindow(App& app, QWidget* parent);
+FormWindow* makePreviewWindow(App& app, QWidget* parent);
 
 class PictureWindow : public FormWindow {
     Q_OBJECT
   public:
-    PictureWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
+    PictureWindow(App& app, QWidget* parent);
     void showPicture(const QString& file);
 
   protected:

@@ -37,13 +37,14 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
         for (auto& [name, w] : windows)
             if (w->isVisible()) w->refresh();
     };
-    main = std::make_unique<MainWindow>(app, refreshAll);
+    main = std::make_unique<MainWindow>(app);
+    app.actions.afterEach(refreshAll);
     ports.setParent(main.get());
-    windows[kFrmSplash] = makeSplashOrAbout(app, kFrmSplash, refreshAll, main.get());
-    windows[kFrmAbout] = makeSplashOrAbout(app, kFrmAbout, refreshAll, main.get());
-    windows[kFrmIPrinter] = makePrinterWindow(app, refreshAll, main.get());
-    windows[kFrmViewTest] = makePreviewWindow(app, refreshAll, main.get());
-    picture = new PictureWindow(app, refreshAll, main.get());
+    windows[kFrmSplash] = makeSplashOrAbout(app, kFrmSplash, main.get());
+    windows[kFrmAbout] = makeSplashOrAbout(app, kFrmAbout, main.get());
+    windows[kFrmIPrinter] = makePrinterWindow(app, main.get());
+    windows[kFrmViewTest] = makePreviewWindow(app, main.get());
+    picture = new PictureWindow(app, main.get());
     windows[kFrmPicView] = picture;
 
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
@@ -89,10 +90,7 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
     });
     showSplash(app);
     if (quitWhenShown) // measuring start-up: go straight on to the main form
-        QTimer::singleShot(0, &qapp, [&] {
-            EventArgs a;
-            app.fire(kFrmSplash, Ctl::cmdOK, Event::Click, a);
-        });
+        QTimer::singleShot(0, &qapp, [&] { app.actions.click(Target(kFrmSplash, Ctl::cmdOK)); });
     const int status = qapp.exec();
     windows.clear();
     return status;

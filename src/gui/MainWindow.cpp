@@ -49,8 +49,7 @@ QWidget* page(const std::vector<QWidget*>& sections) {
 
 } // namespace
 
-MainWindow::MainWindow(App& app, std::function<void()> refreshAll)
-    : app_(app), binder_(app, kFrmMain, std::move(refreshAll), this) {
+MainWindow::MainWindow(App& app) : app_(app), binder_(app, kFrmMain, this) {
     setObjectName(QStringLiteral("frmMain"));
     tabs_ = new QTabWidget;
     tabs_->setObjectName(QStringLiteral("SSTab1"));
@@ -65,13 +64,7 @@ MainWindow::MainWindow(App& app, std::function<void()> refreshAll)
         tabs_->setTabText(i, q(captions[i]));
     tabs_->setTabText(5, QStringLiteral("Bent Table"));
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
-        if (syncing_) return;
-        binder_.run([&] {
-            app_.ctl(Ctl::SSTab1).value = index;
-            EventArgs a;
-            a.index = index;
-            app_.fire(kFrmMain, Ctl::SSTab1, Event::Click, a);
-        });
+        if (!syncing_) app_.actions.selectTab(index);
     });
 
     auto* central = new QWidget;
@@ -422,7 +415,7 @@ void MainWindow::buildMenus() {
         auto* a = menu->addAction(q(app_.ctl(ctl).caption));
         a->setObjectName(q(std::string(ctlName(ctl))));
         if (!shortcut.isEmpty()) a->setShortcut(shortcut);
-        connect(a, &QAction::triggered, this, [this, ctl] { binder_.run([&] { app_.fire(ctl, Event::Click); }); });
+        connect(a, &QAction::triggered, this, [this, ctl] { app_.actions.click(ctl); });
         return a;
     };
     auto* file = menuBar()->addMenu(q(app_.ctl(Ctl::mnuFile).caption));
@@ -455,13 +448,7 @@ void MainWindow::buildToolbar() {
         auto* a = bar->addAction(style()->standardIcon(icon), QString::fromLatin1(key));
         a->setData(QString::fromLatin1(key));
         const std::string k = key;
-        connect(a, &QAction::triggered, this, [this, k] {
-            binder_.run([&] {
-                EventArgs e;
-                e.text = k;
-                app_.fire(kFrmMain, Ctl::Toolbar1, Event::Click, e);
-            });
-        });
+        connect(a, &QAction::triggered, this, [this, k] { app_.actions.toolbar(k); });
     }
 }
 
@@ -475,7 +462,7 @@ void MainWindow::gridSelectionChanged() {
     // The current row is where the selection began; the other end is its end.
     const int anchor = current == bottom ? top : bottom;
     const int end = current == bottom ? bottom : top;
-    if (anchor < app_.grid.rows() && end < app_.grid.rows()) app_.grid.select(anchor, end);
+    if (anchor < app_.grid.rows() && end < app_.grid.rows()) app_.actions.selectRows(anchor, end);
 }
 
 void MainWindow::syncGrid() {
@@ -500,10 +487,15 @@ void MainWindow::syncGrid() {
             if (item->text() != text) item->setText(text);
             item->setTextAlignment(g.colCentred(c) ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
         }
-    grid_->clearSelection();
-    if (g.row() > 0) {
-        const int a = std::min(g.row(), g.rowSel()) - 1, b = std::max(g.row(), g.rowSel()) - 1;
-        grid_->setRangeSelected(QTableWidgetSelectionRange(a, 0, b, g.cols() - 1), true);
+    // The selection is set only when it differs, so a drag the user is making is not disturbed.
+    const auto ranges = grid_->selectedRanges();
+    const int top = std::min(g.row(), g.rowSel()) - 1, bottom = std::max(g.row(), g.rowSel()) - 1;
+    const bool same = g.row() > 0 ? ranges.size() == 1 && ranges.first().topRow() == top &&
+                                        ranges.first().bottomRow() == bottom && ranges.first().columnCount() == g.cols()
+                                  : ranges.isEmpty();
+    if (!same) {
+        grid_->clearSelection();
+        if (g.row() > 0) grid_->setRangeSelected(QTableWidgetSelectionRange(top, 0, bottom, g.cols() - 1), true);
     }
     syncing_ = false;
 }
@@ -522,7 +514,7 @@ void MainWindow::refresh() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (!app_.mainUnloaded) binder_.run([&] { unloadMainForm(app_); });
+    if (!app_.mainUnloaded) app_.actions.closeWindow(kFrmMain);
     if (app_.mainUnloaded)
         event->accept();
     else

@@ -17,7 +17,7 @@ namespace tw {
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
-    MainWindow(App& app, std::function<void()> refreshAll);
+    explicit MainWindow(App& app);
 
     // Copies the form data into the widgets.
     void refresh();

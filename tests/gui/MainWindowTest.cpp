@@ -32,7 +32,10 @@ class MainWindowTest : public QObject {
   private slots:
     void init() {
         app = std::make_unique<test::Loaded>(TW_PROGRAM_DIR);
-        window = std::make_unique<MainWindow>(**app, [this] { window->refresh(); });
+        window = std::make_unique<MainWindow>(**app);
+        (*app)->actions.afterEach([this] {
+            if (window) window->refresh();
+        });
         window->resize(1366, 768);
         window->refresh();
         window->show();

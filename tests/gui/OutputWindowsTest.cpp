@@ -13,7 +13,7 @@ class OutputWindowsTest : public QObject {
   private slots:
     void aListingWithMarkupShowsTheMarkup() {
         test::Loaded app;
-        auto* preview = makePreviewWindow(*app, {}, nullptr);
+        auto* preview = makePreviewWindow(*app, nullptr);
         app->form(kFrmViewTest).at(Ctl::rtOpen).text = "<b>CAP</b> &amp; <i>BENT</i>\r\nLINE 2\r\n";
         preview->refresh();
         auto* text = preview->findChild<QPlainTextEdit*>(QStringLiteral("rtOpen"));

@@ -47,7 +47,6 @@ std::int16_t add16(int a, int b) {
 } // namespace
 
 void layoutColumns(Grid& g, BentType type, std::int16_t beams) {
-    g.visible = true;
     for (int c = 0; c < 3; ++c)
         writeColumn(g, c, kLeading[c].heading, kLeading[c].width);
     int extra = 0;
@@ -66,6 +65,7 @@ int beamCount(const App& app) { return static_cast<int>(leadingNumber(app.text(C
 void relayoutColumns(App& app) {
     auto type = bentTypeOf(app.text(Ctl::cboTybent));
     if (!type) return;
+    app.setVisible(Ctl::MSFlexGrid1, true);
     layoutColumns(app.grid, *type, static_cast<std::int16_t>(beamCount(app)));
 }
 

@@ -110,10 +110,7 @@ void resetForm(App& app) {
     clearBeamRows(app);
     setMainCaption(app, false);
 
-    app.ctl(Ctl::SSTab1).value = 0;
-    EventArgs tab;
-    tab.index = 0;
-    app.fire(kFrmMain, Ctl::SSTab1, Event::Click, tab);
+    app.actions.selectTab(0);
 }
 
 void setupPanes(App& app) {

@@ -152,10 +152,7 @@ class Writer {
         if (second < first) return true;
         app_.message("The first pile box should be greater then the second pile box!", "Warning", MsgButtons::OK,
                      MsgIcon::Critical);
-        app_.ctl(Ctl::SSTab1).value = kPileBoxTab;
-        EventArgs tab;
-        tab.index = kPileBoxTab;
-        app_.fire(kFrmMain, Ctl::SSTab1, Event::Click, tab);
+        app_.actions.selectTab(kPileBoxTab);
         app_.setFocus(Ctl::txtPileBoxDistance1);
         app_.selectAll(Ctl::txtPileBoxDistance1);
         return false;

@@ -37,8 +37,6 @@ class Grid {
     void setRowSel(int r);
     void select(int r, int end);
 
-    bool visible = true;
-
   private:
     int cols_ = 7;
     std::vector<std::vector<std::string>> cells_;

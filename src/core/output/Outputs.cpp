@@ -216,10 +216,9 @@ void installOutputs(App& app) {
     app.on(kFrmIPrinter, Ctl::printPreview, Event::Click, [](App& a, EventArgs&) { a.guarded([&] { preview(a); }); });
     app.on(kFrmIPrinter, Ctl::PrintIt, Event::Click, [](App& a, EventArgs&) { a.guarded([&] { printListings(a); }); });
     app.on(kFrmIPrinter, Ctl::printCancel, Event::Click, [](App& a, EventArgs&) { a.closeForm(kFrmIPrinter); });
-    app.on(kFrmViewTest, Ctl::cmdQuit, Event::Click, [](App& a, EventArgs&) {
-        a.form(kFrmViewTest).at(Ctl::rtOpen).text.clear();
-        a.closeForm(kFrmViewTest);
-    });
+    app.on(kFrmViewTest, Ctl::cmdQuit, Event::Click, [](App& a, EventArgs&) { a.closeForm(kFrmViewTest); });
+    // The preview window is made anew each time it loads: its text goes with it.
+    app.onUnload(kFrmViewTest, [](App& a) { a.form(kFrmViewTest).at(Ctl::rtOpen).text.clear(); });
     for (Ctl label : {Ctl::lblBearingView, Ctl::lblCenterlineView, Ctl::lblElevationView, Ctl::lblViewCenterLine,
                       Ctl::lblViewDimension})
         app.on(kFrmMain, label, Event::Click, [label](App& a, EventArgs&) { showSketch(a, label); });
