@@ -1,6 +1,6 @@
 #include "LargestProject.h"
 
-#include "core/model/Project.h"
+#include "core/model/Inputs.h"
 
 namespace tw::bench {
 

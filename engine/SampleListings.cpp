@@ -7,7 +7,7 @@
 #include "core/inputfile/InputFile.h"
 #include "core/model/Choices.h"
 #include "core/model/Numeric.h"
-#include "core/model/Project.h"
+#include "core/model/Inputs.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -6,7 +6,7 @@
 #include "core/benttable/Layout.h"
 #include "core/form/MainForm.h"
 #include "core/inputfile/InputFile.h"
-#include "core/model/Project.h"
+#include "core/model/Inputs.h"
 
 #include <iostream>
 

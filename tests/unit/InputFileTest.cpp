@@ -4,7 +4,7 @@
 #include "core/inputfile/Codepage.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Numeric.h"
-#include "core/model/Project.h"
+#include "core/model/Inputs.h"
 
 #include <gtest/gtest.h>
 

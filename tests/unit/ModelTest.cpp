@@ -3,7 +3,7 @@
 
 #include "core/benttable/Layout.h"
 #include "core/model/Choices.h"
-#include "core/model/Project.h"
+#include "core/model/Inputs.h"
 
 #include <gtest/gtest.h>
 
@@ -38,11 +38,11 @@ TEST(ProjectModel, EveryInputIsAControlOfTheMainForm) {
 }
 
 TEST(ProjectModel, ChoiceListsKeepTheirOrder) {
-    EXPECT_EQ(choiceItems(Ctl::cboTybent),
+    EXPECT_EQ(choiceTexts(Ctl::cboTybent),
               (std::vector<std::string>{kEndWithoutBackwall, kEndWithBackwall, kIntermediate}));
-    EXPECT_EQ(choiceItems(Ctl::cboTypeOfPile).at(3), "STEEL H, HP 10X42");
-    EXPECT_EQ(choiceItems(Ctl::cboNoBeam).size(), 20u);
-    EXPECT_EQ(choiceItems(Ctl::cboWingwallPileBox).front(), "0");
+    EXPECT_EQ(choiceTexts(Ctl::cboTypeOfPile).at(3), "STEEL H, HP 10X42");
+    EXPECT_EQ(choiceTexts(Ctl::cboNoBeam).size(), 20u);
+    EXPECT_EQ(choiceTexts(Ctl::cboWingwallPileBox).front(), "0");
 }
 
 struct Default {

@@ -3,6 +3,7 @@
 #include "core/App.h"
 #include "core/benttable/Layout.h"
 #include "core/model/Choices.h"
+#include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "core/benttable/Layout.h"
 
 #include "core/App.h"
-#include "core/model/Numeric.h"
+#include "core/model/Inputs.h"
 
 namespace tw {
 
@@ -60,7 +60,11 @@ void layoutColumns(Grid& g, BentType type, std::int16_t beams) {
         writeColumn(g, beams + 3 + k, cols[k].heading, cols[k].width);
 }
 
-int beamCount(const App& app) { return static_cast<int>(leadingNumber(app.text(Ctl::cboNoBeam))); }
+const std::vector<int>& endBentFileColumns(bool withBackwall) {
+    static const std::vector<int> backwall = {3, 5, 4, 6, 9, 10, 11, 7, 8};
+    static const std::vector<int> noBackwall = {3, 5, 4, 6};
+    return withBackwall ? backwall : noBackwall;
+}
 
 void relayoutColumns(App& app) {
     auto type = bentTypeOf(app.text(Ctl::cboTybent));

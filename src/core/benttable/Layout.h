@@ -4,6 +4,7 @@
 #include "core/model/Choices.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace tw {
 
@@ -18,7 +19,8 @@ void layoutColumns(Grid& grid, BentType type, std::int16_t beams);
 // the columns; a text that names no bent type lays out nothing.
 void relayoutColumns(App& app);
 
-// The integer value of the number of beams as the form shows it (0 when empty).
-int beamCount(const App& app);
+// The bent-table columns after the steps, in the input file's order (not
+// ascending: the engine's order), as offsets from the number of beams.
+const std::vector<int>& endBentFileColumns(bool withBackwall);
 
 } // namespace tw

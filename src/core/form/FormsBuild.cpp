@@ -3,7 +3,10 @@
 
 #include "core/App.h"
 #include "core/model/Choices.h"
+#include "core/model/Inputs.h"
+
 #include "tarnwick_version.h"
+#include <algorithm>
 
 namespace tw {
 
@@ -26,16 +29,8 @@ class Builder {
     Control& add(Ctl c, Kind k, int index = -1) {
         Control ctl;
         ctl.kind = k;
-        if (k == Kind::ComboBox) ctl.items = choiceItems(c);
+        if (k == Kind::ComboBox) ctl.items = choiceTexts(c);
         return f_.add(CtlId(c, index), std::move(ctl));
-    }
-    void text(Ctl c) {
-        if (ctlArraySize(c) == 0) {
-            add(c, Kind::TextBox);
-            return;
-        }
-        for (int i = 0; i < ctlArraySize(c); ++i)
-            add(c, Kind::TextBox, i);
     }
     void label(Ctl c, const std::string& caption = {}) {
         if (ctlArraySize(c) == 0) {
@@ -68,49 +63,16 @@ Form buildMain() {
     f.height = 10800;
     Builder b(f);
 
-    // Inputs.
-    for (Ctl c : {Ctl::txtProjectInfo,
-                  Ctl::txtCapLength,
-                  Ctl::txtCapWidth,
-                  Ctl::txtCapDepth,
-                  Ctl::txtTransWidth,
-                  Ctl::txtLongWidth,
-                  Ctl::txtCenterlineDistance,
-                  Ctl::txtWidthEndPost,
-                  Ctl::txtLengthEndPost,
-                  Ctl::txtWingwallLength,
-                  Ctl::txtPileBoxDistance1,
-                  Ctl::txtPileBoxDistance2,
-                  Ctl::txtCapStep,
-                  Ctl::txtCenterline,
-                  Ctl::txtBeamangleH,
-                  Ctl::txtBeamangleM,
-                  Ctl::txtBeamangleS,
-                  Ctl::txtBatterPile,
-                  Ctl::txtWinLAngle,
-                  Ctl::txtWinRAngle,
-                  Ctl::txtBentNoPI,
-                  Ctl::txtBtLCapPI,
-                  Ctl::txtBtRCapPI,
-                  Ctl::txtEStepPI,
-                  Ctl::txtLwingwallElevation,
-                  Ctl::txtElevationTopLeftfront,
-                  Ctl::txtElevationTopLeftEnd,
-                  Ctl::txtRwingwallElevation,
-                  Ctl::txtElevationTopRighFront,
-                  Ctl::txtElevationTopRighEnd,
-                  Ctl::txtTopLeftEndPost,
-                  Ctl::txtTopLeftBackwall,
-                  Ctl::txtTopCentBackwall,
-                  Ctl::txtTopRightBackwall,
-                  Ctl::txtTopRightEndPost})
-        b.text(c);
-    f.at(Ctl::txtBentNoPI).maxLength = 2;
-    for (Ctl c :
-         {Ctl::cboTybent, Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn,
-          Ctl::cboWingParallel, Ctl::cboTPLwinwall, Ctl::cboTPRwingwall, Ctl::cboBatterPile, Ctl::cboWingwallPileBox,
-          Ctl::cboBatteredPile, Ctl::cboBearingHole, Ctl::cboTypeOfPile, Ctl::cboStrirrups, Ctl::cboBtomCalPI})
-        b.add(c, Kind::ComboBox);
+    // Inputs: text boxes and combo boxes, as the table of inputs has them.
+    for (Ctl c : inputControls()) {
+        const int items = std::max(ctlArraySize(c), 1);
+        for (int i = 0; i < items; ++i) {
+            const CtlId id = ctlArraySize(c) > 0 ? CtlId(c, i) : CtlId(c);
+            const bool isChoice = inputRule(id).kind == InputKind::Choice;
+            Control& ctl = b.add(c, isChoice ? Kind::ComboBox : Kind::TextBox, id.index);
+            ctl.maxLength = inputRule(id).maxLength;
+        }
+    }
 
     // Prompts and unit labels the logic changes.
     b.label(Ctl::lblCCapLength, "Enter the length of the cap measured along");

@@ -2,7 +2,7 @@
 
 #include "core/App.h"
 #include "core/form/Forms.h"
-#include "core/model/Choices.h"
+#include "core/model/Inputs.h"
 
 #include <cmath>
 
@@ -10,14 +10,14 @@ namespace tw {
 
 namespace {
 
-void clearTexts(App& app, std::initializer_list<Ctl> ctls) {
-    for (Ctl c : ctls)
-        app.setText(c, "");
+void defaults(App& app, std::initializer_list<CtlId> ids) {
+    for (const auto& id : ids)
+        applyDefault(app, id);
 }
 
-void clearArray(App& app, Ctl c, int from, int to) {
+void defaultItems(App& app, Ctl c, int from, int to) {
     for (int i = from; i <= to; ++i)
-        app.setText(CtlId(c, i), "");
+        applyDefault(app, CtlId(c, i));
 }
 
 void setWingLabels(App& app, Ctl labels) {
@@ -39,77 +39,52 @@ void clearBentTable(App& app) {
 
 void clearBeamRows(App& app) {
     for (int i = 0; i < 20; ++i) {
-        app.setText(CtlId(Ctl::txtCapStep, i), "");
+        defaults(app, {CtlId(Ctl::txtCapStep, i), CtlId(Ctl::txtEStepPI, i), CtlId(Ctl::txtCenterline, i)});
         app.ctl(CtlId(Ctl::txtCapStep, i)).color = BackColor::Normal;
-        app.setText(CtlId(Ctl::txtEStepPI, i), "");
-        app.setText(CtlId(Ctl::txtCenterline, i), "");
     }
 }
 
+// The order of the steps is the old form's: the bent type and the number of
+// beams run their handlers early, and several inputs are set twice.
 void resetForm(App& app) {
     clearBentTable(app);
     app.saveFailed = false;
     app.bentRegister.clear();
     app.bentCounter = 0;
-    clearArray(app, Ctl::txtProjectInfo, 0, 2);
+    defaultItems(app, Ctl::txtProjectInfo, 0, 2);
 
-    app.setListIndex(Ctl::cboDrScale, 0);
-    app.setListIndex(Ctl::cboNoBeam, 3);
-    app.setListIndex(Ctl::cboTybent, 0);
-
+    defaults(app, {Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboTybent});
     setWingLabels(app, Ctl::lblWingLAngle);
     setWingLabels(app, Ctl::lblWingRAngle);
 
-    app.setText(Ctl::txtCapLength, "");
-    for (Ctl c : {Ctl::cboBtomCalPI, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn, Ctl::cboTPLwinwall,
-                  Ctl::cboTPRwingwall, Ctl::cboWingParallel, Ctl::cboWingwallPileBox})
-        app.setListIndex(c, 0);
-    app.setListIndex(Ctl::cboBatterPile, 1);
+    defaults(app, {Ctl::txtCapLength, Ctl::cboBtomCalPI, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn,
+                   Ctl::cboTPLwinwall, Ctl::cboTPRwingwall, Ctl::cboWingParallel, Ctl::cboWingwallPileBox,
+                   Ctl::cboBatterPile});
+    defaults(app, {Ctl::txtCapDepth, Ctl::txtCapWidth, Ctl::txtLongWidth, Ctl::txtTransWidth, Ctl::txtWingwallLength,
+                   Ctl::txtPileBoxDistance1, Ctl::txtPileBoxDistance2, Ctl::txtLengthEndPost, Ctl::txtWidthEndPost});
+    defaultItems(app, Ctl::txtWinLAngle, 0, 2);
+    defaultItems(app, Ctl::txtWinRAngle, 0, 2);
 
-    app.setText(Ctl::txtCapDepth, "2.0000");
-    app.setText(Ctl::txtCapWidth, "3.0000");
-    app.setText(Ctl::txtLongWidth, "2.0000");
-    app.setText(Ctl::txtTransWidth, "2.0000");
-    app.setText(Ctl::txtWingwallLength, "10.0000");
-    app.setText(Ctl::txtPileBoxDistance1, "10.0000");
-    app.setText(Ctl::txtPileBoxDistance2, "10.0000");
-    app.setText(Ctl::txtLengthEndPost, "4.0000");
-    app.setText(Ctl::txtWidthEndPost, "1.0000");
-    for (Ctl angle : {Ctl::txtWinLAngle, Ctl::txtWinRAngle}) {
-        app.setText(CtlId(angle, 0), "90");
-        app.setText(CtlId(angle, 1), "0");
-        app.setText(CtlId(angle, 2), "00.0");
-    }
-
-    app.setText(Ctl::txtBentNoPI, "");
-    app.setListIndex(Ctl::cboBtomCalPI, 0);
-    clearTexts(app, {Ctl::txtBtLCapPI, Ctl::txtBtRCapPI, Ctl::txtLwingwallElevation, Ctl::txtElevationTopLeftfront,
-                     Ctl::txtElevationTopLeftEnd, Ctl::txtRwingwallElevation, Ctl::txtElevationTopRighFront,
-                     Ctl::txtElevationTopRighEnd, Ctl::txtTopLeftEndPost, Ctl::txtTopRightEndPost,
-                     Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall, Ctl::txtTopRightBackwall});
-
+    defaults(app,
+             {Ctl::txtBentNoPI, Ctl::cboBtomCalPI, Ctl::txtBtLCapPI, Ctl::txtBtRCapPI, Ctl::txtLwingwallElevation,
+              Ctl::txtElevationTopLeftfront, Ctl::txtElevationTopLeftEnd, Ctl::txtRwingwallElevation,
+              Ctl::txtElevationTopRighFront, Ctl::txtElevationTopRighEnd, Ctl::txtTopLeftEndPost,
+              Ctl::txtTopRightEndPost, Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall, Ctl::txtTopRightBackwall});
     app.setTop(Ctl::picInnerStep, 0);
 
-    app.setListIndex(Ctl::cboBearingHole, 1);
+    applyDefault(app, Ctl::cboBearingHole);
     app.ctl(CtlId(Ctl::txtCenterline, 20)).color = BackColor::Normal;
-    app.setText(CtlId(Ctl::txtCenterline, 20), "");
-
+    applyDefault(app, CtlId(Ctl::txtCenterline, 20));
     for (Ctl c : {Ctl::txtBeamangleH, Ctl::txtBeamangleM, Ctl::txtBeamangleS})
-        clearArray(app, c, 0, 19);
-    app.setText(CtlId(Ctl::txtBeamangleH, 0), "90");
-    app.setText(CtlId(Ctl::txtBeamangleM, 0), "0");
-    app.setText(CtlId(Ctl::txtBeamangleS, 0), "0.0");
+        defaultItems(app, c, 0, 19);
 
     app.setVisible(Ctl::Frame18, false);
-    app.setListIndex(Ctl::cboBatteredPile, 3);
-    app.setListIndex(Ctl::cboTypeOfPile, 0);
-    app.setListIndex(Ctl::cboStrirrups, 0);
-    clearArray(app, Ctl::txtBatterPile, 0, 5);
+    defaults(app, {Ctl::cboBatteredPile, Ctl::cboTypeOfPile, Ctl::cboStrirrups});
+    defaultItems(app, Ctl::txtBatterPile, 0, 5);
     app.ctl(CtlId(Ctl::txtBatterPile, 6)).color = BackColor::Normal;
 
     clearBeamRows(app);
     setMainCaption(app, false);
-
     app.actions.selectTab(0);
 }
 

@@ -1,7 +1,7 @@
 #include "core/form/NumericEntry.h"
 
 #include "core/App.h"
-#include "core/benttable/Layout.h"
+#include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
 #include <vector>
@@ -13,62 +13,6 @@ namespace {
 constexpr int kBackspace = 8;
 constexpr int kPoint = '.';
 constexpr int kMinus = '-';
-
-struct FieldRule {
-    Ctl ctl;
-    bool minus;
-    bool point;
-    int digits; // of the format applied on leaving
-    int decimals;
-    bool focusSelects;
-};
-
-// Dimensions carry four decimals, elevations two, angles whole degrees and
-// minutes and seconds with one decimal.
-const std::vector<FieldRule>& fieldRules() {
-    static const std::vector<FieldRule> rules = {
-        {Ctl::txtCapDepth, true, true, 2, 4, true},
-        {Ctl::txtCapWidth, true, true, 2, 4, true},
-        {Ctl::txtCenterlineDistance, true, true, 2, 4, true},
-        {Ctl::txtLengthEndPost, true, true, 2, 4, true},
-        {Ctl::txtLongWidth, true, true, 2, 4, true},
-        {Ctl::txtPileBoxDistance1, true, true, 2, 4, true},
-        {Ctl::txtPileBoxDistance2, true, true, 2, 4, true},
-        {Ctl::txtTransWidth, true, true, 2, 4, true},
-        {Ctl::txtWidthEndPost, true, true, 2, 4, true},
-        {Ctl::txtWingwallLength, true, true, 2, 4, true},
-        {Ctl::txtBatterPile, true, true, 2, 4, true},
-        {Ctl::txtCapStep, true, true, 2, 4, true},
-        {Ctl::txtCenterline, true, true, 2, 4, true},
-        {Ctl::txtBtLCapPI, true, true, 4, 2, true},
-        {Ctl::txtBtRCapPI, true, true, 4, 2, true},
-        {Ctl::txtElevationTopLeftEnd, true, true, 4, 2, true},
-        {Ctl::txtElevationTopLeftfront, true, true, 4, 2, true},
-        {Ctl::txtElevationTopRighEnd, true, true, 4, 2, true},
-        {Ctl::txtElevationTopRighFront, true, true, 4, 2, true},
-        {Ctl::txtLwingwallElevation, true, true, 4, 2, true},
-        {Ctl::txtRwingwallElevation, true, true, 4, 2, true},
-        {Ctl::txtTopCentBackwall, true, true, 4, 2, true},
-        {Ctl::txtTopLeftBackwall, true, true, 4, 2, true},
-        {Ctl::txtTopLeftEndPost, true, true, 4, 2, true},
-        {Ctl::txtTopRightBackwall, true, true, 4, 2, true},
-        {Ctl::txtTopRightEndPost, true, true, 4, 2, true},
-        {Ctl::txtEStepPI, true, true, 4, 2, true},
-        {Ctl::txtCapLength, true, true, 3, 4, false},
-        {Ctl::txtBeamangleH, true, false, 3, 0, true},
-        {Ctl::txtBeamangleM, true, false, 2, 0, true},
-        {Ctl::txtBeamangleS, true, true, 2, 1, true},
-    };
-    return rules;
-}
-
-// The wingwall angles are arrays whose items differ: degrees, minutes, seconds.
-struct AngleFormat {
-    bool point;
-    int digits;
-    int decimals;
-};
-constexpr AngleFormat kAngle[] = {{false, 3, 0}, {false, 2, 0}, {true, 2, 1}};
 
 float valueOf(const App& app, const CtlId& id) { return static_cast<float>(leadingNumber(app.text(id))); }
 
@@ -102,32 +46,51 @@ int filterKeyOf(const App& app, const CtlId& id, int key, bool minus, bool point
 
 void leaveCapLength(App& app) {
     const double value = leadingNumber(app.text(Ctl::txtCapLength));
+    const InputRule& r = inputRule(Ctl::txtCapLength);
     if (value <= 99.0) {
-        app.setText(Ctl::txtCapLength, formatField(3, 4, app.text(Ctl::txtCapLength)));
+        app.setText(Ctl::txtCapLength, formatField(r.digits, r.decimals, app.text(Ctl::txtCapLength)));
         return;
     }
     app.message("The cap length can't be over 99 ft!", "Overlimit Cap Length", MsgButtons::OK, MsgIcon::Critical);
-    app.setText(Ctl::txtCapLength, formatField(3, 4, app.text(Ctl::txtCapLength)));
+    app.setText(Ctl::txtCapLength, formatField(r.digits, r.decimals, app.text(Ctl::txtCapLength)));
     app.selectAll(Ctl::txtCapLength);
     app.setFocus(Ctl::txtCapLength);
 }
 
-void installField(App& app, Ctl ctl, bool minus, bool point, int digits, int decimals, bool focusSelects) {
-    if (focusSelects)
-        app.on(kFrmMain, ctl, Event::GotFocus, [ctl](App& a, EventArgs& e) { a.selectAll(CtlId(ctl, e.index)); });
-    app.on(kFrmMain, ctl, Event::KeyPress, [ctl, minus, point](App& a, EventArgs& e) {
-        e.key = filterKeyOf(a, CtlId(ctl, e.index), e.key, minus, point);
+// Leaving a family's field brings its closing value up to date.
+void updateClosingOf(App& app, Ctl ctl) {
+    if (ctl == Ctl::txtBatterPile) updateBatteredPileClosing(app);
+    if (ctl == Ctl::txtCenterline) updateCenterlineClosing(app);
+    if (ctl == Ctl::txtCapStep) updateCapStepClosing(app);
+}
+
+// The handlers of one input, as its rule in the table says.
+void installInput(App& app, Ctl ctl) {
+    const CtlId first = ctlArraySize(ctl) > 0 ? CtlId(ctl, 0) : CtlId(ctl);
+    const InputKind kind = inputRule(first).kind;
+    if (kind != InputKind::Number && kind != InputKind::BentNumber) return;
+    app.on(kFrmMain, ctl, Event::GotFocus, [ctl](App& a, EventArgs& e) {
+        const CtlId id(ctl, e.index);
+        if (inputRule(id).selectsOnFocus) a.selectAll(id);
+    });
+    if (kind == InputKind::BentNumber) {
+        app.on(kFrmMain, ctl, Event::KeyPress, [](App&, EventArgs& e) { e.key = filterBentNumberKey(e.key); });
+        return;
+    }
+    app.on(kFrmMain, ctl, Event::KeyPress, [ctl](App& a, EventArgs& e) {
+        const CtlId id(ctl, e.index);
+        const InputRule& r = inputRule(id);
+        e.key = filterKeyOf(a, id, e.key, r.minus, r.point);
     });
     if (ctl == Ctl::txtCapLength) {
         app.on(kFrmMain, ctl, Event::LostFocus, [](App& a, EventArgs&) { leaveCapLength(a); });
         return;
     }
-    app.on(kFrmMain, ctl, Event::LostFocus, [ctl, digits, decimals](App& a, EventArgs& e) {
+    app.on(kFrmMain, ctl, Event::LostFocus, [ctl](App& a, EventArgs& e) {
         const CtlId id(ctl, e.index);
-        a.setText(id, formatField(digits, decimals, a.text(id)));
-        if (ctl == Ctl::txtBatterPile) updateBatteredPileClosing(a);
-        if (ctl == Ctl::txtCenterline) updateCenterlineClosing(a);
-        if (ctl == Ctl::txtCapStep) updateCapStepClosing(a);
+        const InputRule& r = inputRule(id);
+        a.setText(id, formatField(r.digits, r.decimals, a.text(id)));
+        updateClosingOf(a, ctl);
     });
 }
 
@@ -173,18 +136,8 @@ void updateAllClosing(App& app) {
 }
 
 void installNumericEntry(App& app) {
-    for (const auto& r : fieldRules())
-        installField(app, r.ctl, r.minus, r.point, r.digits, r.decimals, r.focusSelects);
-    for (Ctl angle : {Ctl::txtWinLAngle, Ctl::txtWinRAngle}) {
-        app.on(kFrmMain, angle, Event::KeyPress, [angle](App& a, EventArgs& e) {
-            e.key = filterKeyOf(a, CtlId(angle, e.index), e.key, true, kAngle[e.index].point);
-        });
-        app.on(kFrmMain, angle, Event::LostFocus, [angle](App& a, EventArgs& e) {
-            const CtlId id(angle, e.index);
-            a.setText(id, formatField(kAngle[e.index].digits, kAngle[e.index].decimals, a.text(id)));
-        });
-    }
-    app.on(kFrmMain, Ctl::txtBentNoPI, Event::KeyPress, [](App&, EventArgs& e) { e.key = filterBentNumberKey(e.key); });
+    for (Ctl ctl : inputControls())
+        installInput(app, ctl);
 }
 
 } // namespace tw

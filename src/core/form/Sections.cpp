@@ -5,6 +5,7 @@
 #include "core/form/Forms.h"
 #include "core/form/NumericEntry.h"
 #include "core/model/Choices.h"
+#include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
 namespace tw {

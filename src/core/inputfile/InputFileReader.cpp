@@ -1,9 +1,9 @@
 #include "core/App.h"
 #include "core/benttable/Layout.h"
 #include "core/inputfile/Codepage.h"
-#include "core/inputfile/Codes.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Choices.h"
+#include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
 #include <fstream>
@@ -247,7 +247,7 @@ class Reader {
 
     void record900(int r) {
         next("900");
-        for (int offset : endBentColumnOffsets(type_ == BentType::EndWithBackwall))
+        for (int offset : endBentFileColumns(type_ == BentType::EndWithBackwall))
             app_.grid.setCell(r, beams_ + offset, restore(take(6), kElevation));
     }
 

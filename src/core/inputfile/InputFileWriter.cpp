@@ -2,9 +2,9 @@
 #include "core/benttable/Layout.h"
 #include "core/form/Forms.h"
 #include "core/inputfile/Codepage.h"
-#include "core/inputfile/Codes.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Choices.h"
+#include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
 #include <cstdio>
@@ -160,7 +160,7 @@ class Writer {
 
     void record900(int r) {
         std::string l = "900";
-        for (int offset : endBentColumnOffsets(type_ == BentType::EndWithBackwall))
+        for (int offset : endBentFileColumns(type_ == BentType::EndWithBackwall))
             l += numericField(6, app_.grid.cell(r, beams_ + offset));
         line(l);
     }

@@ -3,12 +3,16 @@
 namespace tw {
 
 namespace {
-std::vector<std::string> numbers(int from, int to) {
-    std::vector<std::string> v;
+
+using Items = std::vector<ChoiceItem>;
+
+Items numbers(int from, int to) {
+    Items v;
     for (int i = from; i <= to; ++i)
-        v.push_back(std::to_string(i));
+        v.push_back({std::to_string(i), std::nullopt});
     return v;
 }
+
 } // namespace
 
 std::optional<BentType> bentTypeOf(const std::string& text) {
@@ -18,32 +22,36 @@ std::optional<BentType> bentTypeOf(const std::string& text) {
     return std::nullopt;
 }
 
-const std::vector<std::string>& choiceItems(Ctl ctl) {
-    static const std::vector<std::string> none;
-    static const std::vector<std::string> yesNo = {"Yes", "No"};
-    static const std::vector<std::string> bentTypes = {kEndWithoutBackwall, kEndWithBackwall, kIntermediate};
-    static const std::vector<std::string> scales = {"3/8 in/ft", "1/2 in/ft", "1/4 in/ft"};
-    static const std::vector<std::string> beams = numbers(1, 20);
-    static const std::vector<std::string> skew = {"None", "Right", "Left"};
-    static const std::vector<std::string> pileBoxes = numbers(0, 3);
-    static const std::vector<std::string> batteredPiles = numbers(1, 6);
-    static const std::vector<std::string> bearing = {"None", "Dowel Bar", "Two Anchor Bolts"};
-    static const std::vector<std::string> piles = {"PSC, 12 IN SQ",         "PSC, 14 IN SQ",        "PSC, 16 IN SQ",
-                                                   "STEEL H, HP 10X42",     "STEEL H, HP 12X53",    "STEEL H, HP 14X73",
-                                                   "METAL SHELL, 14 IN OD", "METAL SHELL, 16 IN OD"};
-    static const std::vector<std::string> stirrups = {"4", "5", "6"};
+const std::vector<ChoiceItem>& choices(Ctl ctl) {
+    static const Items none;
+    static const Items yesNo = {{"Yes", "0"}, {"No", "1"}};
+    static const Items bentTypes = {{kEndWithoutBackwall, "2"}, {kEndWithBackwall, "3"}, {kIntermediate, "1"}};
+    static const Items scales = {{"3/8 in/ft", "2"}, {"1/2 in/ft", "1"}, {"1/4 in/ft", "3"}};
+    static const Items drawn = {{"Yes", " 0"}, {"No", " 1"}};
+    static const Items skew = {{"None", " "}, {"Right", "R"}, {"Left", "L"}};
+    static const Items bearing = {{"None", "  "}, {"Dowel Bar", " 1"}, {"Two Anchor Bolts", " 2"}};
+    static const Items piles = {{"PSC, 12 IN SQ", " 4"},         {"PSC, 14 IN SQ", " 5"},
+                                {"PSC, 16 IN SQ", " 6"},         {"STEEL H, HP 10X42", " 1"},
+                                {"STEEL H, HP 12X53", " 2"},     {"STEEL H, HP 14X73", " 3"},
+                                {"METAL SHELL, 14 IN OD", " 7"}, {"METAL SHELL, 16 IN OD", " 8"}};
+    static const Items stirrups = {{"4", " 4"}, {"5", " 5"}, {"6", " 6"}};
+    // Counts the file writes as numbers, and the bottom-of-cap question it does not hold.
+    static const Items beams = numbers(1, 20);
+    static const Items pileBoxes = numbers(0, 3);
+    static const Items batteredPiles = numbers(1, 6);
+    static const Items bottomOfCap = {{"Yes", std::nullopt}, {"No", std::nullopt}};
     switch (ctl) {
     case Ctl::cboTybent: return bentTypes;
     case Ctl::cboDrScale: return scales;
     case Ctl::cboNoBeam: return beams;
     case Ctl::cboBSkew: return skew;
+    case Ctl::cboBentDrawn: return drawn;
     case Ctl::cboAngleType:
-    case Ctl::cboBentDrawn:
     case Ctl::cboWingParallel:
     case Ctl::cboTPLwinwall:
     case Ctl::cboTPRwingwall:
-    case Ctl::cboBatterPile:
-    case Ctl::cboBtomCalPI: return yesNo;
+    case Ctl::cboBatterPile: return yesNo;
+    case Ctl::cboBtomCalPI: return bottomOfCap;
     case Ctl::cboWingwallPileBox: return pileBoxes;
     case Ctl::cboBatteredPile: return batteredPiles;
     case Ctl::cboBearingHole: return bearing;
@@ -51,6 +59,25 @@ const std::vector<std::string>& choiceItems(Ctl ctl) {
     case Ctl::cboStrirrups: return stirrups;
     default: return none;
     }
+}
+
+std::vector<std::string> choiceTexts(Ctl ctl) {
+    std::vector<std::string> v;
+    for (const auto& item : choices(ctl))
+        v.push_back(item.text);
+    return v;
+}
+
+std::optional<std::string> codeOf(Ctl ctl, const std::string& text) {
+    for (const auto& item : choices(ctl))
+        if (item.text == text) return item.code;
+    return std::nullopt;
+}
+
+std::optional<std::string> textOfCode(Ctl ctl, const std::string& code) {
+    for (const auto& item : choices(ctl))
+        if (item.code == code) return item.text;
+    return std::nullopt;
 }
 
 } // namespace tw
