@@ -3,31 +3,38 @@
 #include "core/App.h"
 #include "core/model/Inputs.h"
 
+#include <stdexcept>
+
 namespace tw {
 
 namespace {
 
+// Each column with the entry field that feeds it (a level wingwall top fills
+// both of its side's columns from its one field; the sloped fields stand here).
 struct Column {
     const char* heading;
     int width;
+    Ctl source;
 };
 
-constexpr Column kLeading[] = {{"Bent Number", 1000}, {"Bottom Left Cap", 1400}, {"Bottom Right Cap", 1400}};
+constexpr Column kLeading[] = {{"Bent Number", 1000, Ctl::txtBentNoPI},
+                               {"Bottom Left Cap", 1400, Ctl::txtBtLCapPI},
+                               {"Bottom Right Cap", 1400, Ctl::txtBtRCapPI}};
 
-constexpr Column kWithoutBackwall[] = {{"Top Left Wingwall (Front Face)", 2300},
-                                       {"Top Right Wingwall (Front Face)", 2300},
-                                       {"Top Left Wingwall (End)", 2300},
-                                       {"Top Right Wingwall (End)", 2300}};
+constexpr Column kWithoutBackwall[] = {{"Top Left Wingwall (Front Face)", 2300, Ctl::txtElevationTopLeftfront},
+                                       {"Top Right Wingwall (Front Face)", 2300, Ctl::txtElevationTopRighFront},
+                                       {"Top Left Wingwall (End)", 2300, Ctl::txtElevationTopLeftEnd},
+                                       {"Top Right Wingwall (End)", 2300, Ctl::txtElevationTopRighEnd}};
 
-constexpr Column kWithBackwall[] = {{"Top Left Wingwall (Front Face)", 2300},
-                                    {"Top Right Wingwall (Front Face)", 2400},
-                                    {"Top Left Wingwall (End)", 2300},
-                                    {"Top Right Wingwall (End)", 2300},
-                                    {"Top Left Endpost", 2000},
-                                    {"Top Right Endpost", 2000},
-                                    {"Inside Face Left Endpost", 2200},
-                                    {"Centerline of Bent", 2200},
-                                    {"Inside Face Right Endpost", 2200}};
+constexpr Column kWithBackwall[] = {{"Top Left Wingwall (Front Face)", 2300, Ctl::txtElevationTopLeftfront},
+                                    {"Top Right Wingwall (Front Face)", 2400, Ctl::txtElevationTopRighFront},
+                                    {"Top Left Wingwall (End)", 2300, Ctl::txtElevationTopLeftEnd},
+                                    {"Top Right Wingwall (End)", 2300, Ctl::txtElevationTopRighEnd},
+                                    {"Top Left Endpost", 2000, Ctl::txtTopLeftEndPost},
+                                    {"Top Right Endpost", 2000, Ctl::txtTopRightEndPost},
+                                    {"Inside Face Left Endpost", 2200, Ctl::txtTopLeftBackwall},
+                                    {"Centerline of Bent", 2200, Ctl::txtTopCentBackwall},
+                                    {"Inside Face Right Endpost", 2200, Ctl::txtTopRightBackwall}};
 
 constexpr int kStepWidth = 700;
 
@@ -58,6 +65,15 @@ void layoutColumns(Grid& g, BentType type, std::int16_t beams) {
     const Column* cols = type == BentType::EndWithBackwall ? kWithBackwall : kWithoutBackwall;
     for (int k = 0; k < extra; ++k)
         writeColumn(g, beams + 3 + k, cols[k].heading, cols[k].width);
+}
+
+CtlId columnSource(BentType type, int beams, int column) {
+    if (column < 3) return kLeading[column].source;
+    if (column < beams + 3) return CtlId(Ctl::txtEStepPI, column - 3);
+    const int extra = column - beams - 3;
+    if (type == BentType::EndWithBackwall && extra < 9) return kWithBackwall[extra].source;
+    if (type == BentType::EndWithoutBackwall && extra < 4) return kWithoutBackwall[extra].source;
+    throw std::out_of_range("no bent-table column " + std::to_string(column));
 }
 
 const std::vector<int>& endBentFileColumns(bool withBackwall) {

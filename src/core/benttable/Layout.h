@@ -19,6 +19,9 @@ void layoutColumns(Grid& grid, BentType type, std::int16_t beams);
 // the columns; a text that names no bent type lays out nothing.
 void relayoutColumns(App& app);
 
+// The entry field whose value a column holds: its number format is the cell's.
+CtlId columnSource(BentType type, int beams, int column);
+
 // The bent-table columns after the steps, in the input file's order (not
 // ascending: the engine's order), as offsets from the number of beams.
 const std::vector<int>& endBentFileColumns(bool withBackwall);

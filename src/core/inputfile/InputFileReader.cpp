@@ -1,11 +1,12 @@
 #include "core/App.h"
-#include "core/benttable/Layout.h"
 #include "core/inputfile/Codepage.h"
+#include "core/inputfile/FileLayout.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Choices.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -14,14 +15,6 @@
 namespace tw {
 
 namespace {
-
-constexpr int kValuesPerLine = 10;
-
-// Decimals the file leaves implied, per kind of value.
-constexpr int kDimension = 4;
-constexpr int kElevation = 2;
-constexpr int kWhole = 0;
-constexpr int kSeconds = 1;
 
 std::vector<std::string> splitLines(const std::string& bytes) {
     std::vector<std::string> lines;
@@ -46,26 +39,14 @@ std::string restore(const std::string& field, int decimals) {
     return t == "." ? "" : t;
 }
 
-class Reader {
+// Cuts every field of the file out of its columns, line by line in the
+// order the file is written, and fills the form and the bent table.
+class Reader : public FileWalk {
   public:
     Reader(App& app, const std::string& bytes) : app_(app), lines_(splitLines(bytes)) {}
 
     void read() {
-        for (int i = 0; i < 3; ++i)
-            app_.setText(CtlId(Ctl::txtProjectInfo, i), cp1252ToUtf8(next("")));
-        record100();
-        record200();
-        perBeam("300", "301", Ctl::txtCapStep);
-        for (int b = 0; b < bents_; ++b)
-            record400();
-        perBeam("500", "501", Ctl::txtCenterline);
-        record600();
-        record700();
-        if (endBent()) {
-            record800();
-            for (int r = 1; r <= bents_; ++r)
-                record900(r);
-        }
+        walkInputFile(app_, *this);
         app_.bentCounter = static_cast<std::int16_t>(bents_);
     }
 
@@ -75,7 +56,7 @@ class Reader {
     }
 
     // The next line, which must begin with `code` (title lines have none).
-    const std::string& next(const std::string& code) {
+    void next(const std::string& code) {
         if (lineNo_ >= static_cast<int>(lines_.size())) {
             ++lineNo_;
             fail(err::kInputPastEnd,
@@ -86,7 +67,6 @@ class Reader {
             fail(err::kInvalidProperty,
                  "Invalid file format: record " + code + " expected, found \"" + line_->substr(0, 12) + "\"");
         col_ = static_cast<int>(code.size());
-        return *line_;
     }
     // The next `width` columns of the current line.
     std::string take(int width) {
@@ -97,13 +77,12 @@ class Reader {
         return s;
     }
     bool more(int width) const { return col_ + width <= static_cast<int>(line_->size()); }
-
-    void setCode(Ctl ctl, const std::string& code) {
-        auto text = textOfCode(ctl, code);
-        if (!text)
-            fail(err::kInvalidProperty,
-                 "Invalid property value: code \"" + code + "\" of " + std::string(ctlName(ctl)));
-        app_.setComboText(ctl, *text);
+    int count(const std::string& field) {
+        const std::string t = trim(field);
+        if (t.empty()) return 0;
+        if (!isNumeric(t) || t.find_first_of(".eE") != std::string::npos)
+            fail(err::kTypeMismatch, "Type mismatch: \"" + field + "\" is not a count");
+        return std::stoi(t);
     }
     void setItem(Ctl ctl, const std::string& text) {
         try {
@@ -112,144 +91,95 @@ class Reader {
             fail(err::kInvalidProperty, "Invalid property value: \"" + text + "\" for " + std::string(ctlName(ctl)));
         }
     }
-    void setNumber(const CtlId& id, int width, int decimals) { app_.setText(id, restore(take(width), decimals)); }
-    int count(const std::string& field) {
-        const std::string t = trim(field);
-        if (t.empty()) return 0;
-        if (!isNumeric(t) || t.find_first_of(".eE") != std::string::npos)
-            fail(err::kTypeMismatch, "Type mismatch: \"" + field + "\" is not a count");
-        return std::stoi(t);
+    void setCode(Ctl ctl, const std::string& code) {
+        auto text = textOfCode(ctl, code);
+        if (!text)
+            fail(err::kInvalidProperty,
+                 "Invalid property value: code \"" + code + "\" of " + std::string(ctlName(ctl)));
+        app_.setComboText(ctl, *text);
     }
-    bool endBent() const { return type_ && isEndBent(*type_); }
 
-    void record100() {
-        next("100 ");
-        const std::string scale = take(1);
+    void title(int item) override {
+        next("");
+        app_.setText(CtlId(Ctl::txtProjectInfo, item), cp1252ToUtf8(*line_));
+    }
+    void record(const std::string& code) override {
+        next(code);
+        firstRecord_ = code == "100 ";
+    }
+    void end() override {
+        // Record "100" sets its choices once the line is read: the number of
+        // beams and the bent type before the rest, since their handlers lay
+        // out the sections and columns and give type defaults the file overrides.
+        auto pending = std::move(pending_);
+        auto rank = [](Ctl c) {
+            return c == Ctl::cboDrScale ? 0 : c == Ctl::cboNoBeam ? 1 : c == Ctl::cboTybent ? 2 : 3;
+        };
+        std::stable_sort(pending.begin(), pending.end(),
+                         [&](const auto& a, const auto& b) { return rank(a.first) < rank(b.first); });
+        for (const auto& [ctl, text] : pending) {
+            if (ctl == Ctl::cboNoBeam || ctl == Ctl::cboBatteredPile)
+                setItem(ctl, text);
+            else
+                setCode(ctl, text);
+        }
+    }
+
+    void number(const CtlId& id) override { app_.setText(id, restore(take(fileWidth(id)), fileDecimals(id))); }
+    void code(Ctl ctl) override {
+        std::string field = take(static_cast<int>(choices(ctl).front().code->size()));
+        // The bent-drawn code is read from its second column alone.
+        if (ctl == Ctl::cboBentDrawn) field[0] = ' ';
+        if (firstRecord_)
+            pending_.emplace_back(ctl, field);
+        else
+            setCode(ctl, field);
+    }
+    void count(Ctl ctl) override { pending_.emplace_back(ctl, trim(take(2))); }
+    void blanks(int n) override { take(n); }
+
+    void bentCount() override {
         bents_ = count(take(2));
         if (bents_ < 0) fail(err::kTypeMismatch, "Type mismatch: a negative number of bents");
-        const std::string beams = trim(take(2));
-        take(1); // the bent-drawn code stands in column 11 alone
-        const std::string drawn = " " + take(1);
-        const std::string skew = take(1);
+    }
+    void batteredCount() override {
         batteredCount_ = trim(take(2));
-        const std::string type = take(1);
-        std::string yesNo[5];
-        for (auto& c : yesNo)
-            c = take(1);
-
-        // The bent type and the number of beams first: their handlers lay out
-        // the sections and the columns, and set type defaults read later.
-        setCode(Ctl::cboDrScale, scale);
-        setItem(Ctl::cboNoBeam, beams);
-        setCode(Ctl::cboTybent, type);
-        type_ = bentTypeOf(app_.text(Ctl::cboTybent));
-        beams_ = beamCount(app_);
-        setCode(Ctl::cboBentDrawn, drawn);
-        setCode(Ctl::cboBSkew, skew);
-        if (!batteredCount_.empty()) setItem(Ctl::cboBatteredPile, batteredCount_);
-        const Ctl switches[] = {Ctl::cboAngleType, Ctl::cboWingParallel, Ctl::cboTPLwinwall, Ctl::cboTPRwingwall,
-                                Ctl::cboBatterPile};
-        for (int i = 0; i < 5; ++i)
-            setCode(switches[i], yesNo[i]);
-        setNumber(Ctl::txtCapLength, 7, kDimension);
-        setNumber(CtlId(Ctl::txtCenterline, 20), 6, kDimension);
-        setNumber(CtlId(Ctl::txtBatterPile, 6), 6, kDimension);
+        if (!batteredCount_.empty()) pending_.emplace_back(Ctl::cboBatteredPile, batteredCount_);
     }
-
-    void record200() {
-        next("200");
-        setNumber(Ctl::txtCapWidth, 6, kDimension);
-        setNumber(Ctl::txtCapDepth, 6, kDimension);
-        setCode(Ctl::cboBearingHole, take(2));
-        setNumber(Ctl::txtCenterlineDistance, 6, kDimension);
-        if (endBent()) {
-            setNumber(Ctl::txtTransWidth, 6, kDimension);
-            setNumber(Ctl::txtLongWidth, 6, kDimension);
-        }
+    int bents() override { return bents_; }
+    void beginRow(int) override {
+        row_.clear();
+        inRow_ = true;
     }
-
-    void perBeam(const std::string& first, const std::string& cont, Ctl array) {
-        next(first);
-        for (int i = 0; i < beams_; ++i) {
-            if (i == kValuesPerLine) next(cont);
-            setNumber(CtlId(array, i), 6, kDimension);
-        }
-    }
-
-    void record400() {
-        next("400");
-        std::vector<std::string> cells;
-        cells.push_back(trim(take(2)));
-        cells.push_back(restore(take(6), kElevation));
-        cells.push_back(restore(take(6), kElevation));
-        for (int k = 0; k < beams_; ++k) {
-            if (k == kValuesPerLine) {
-                next("401");
-                take(14);
-            }
-            cells.push_back(restore(take(6), kElevation));
-        }
-        std::string row;
-        for (const auto& c : cells)
-            row += c + '\t';
-        app_.grid.addItem(row);
-        app_.bentRegister.push_back(cells[0]);
-    }
-
-    void record600() {
-        next("600");
-        if (app_.text(Ctl::cboAngleType) != "No") return;
-        for (int k = 0; k < beams_; ++k) {
-            setNumber(CtlId(Ctl::txtBeamangleH, k), 3, kWhole);
-            setNumber(CtlId(Ctl::txtBeamangleM, k), 2, kWhole);
-            setNumber(CtlId(Ctl::txtBeamangleS, k), 3, kSeconds);
-        }
-    }
-
-    void record700() {
-        next("700");
-        setCode(Ctl::cboTypeOfPile, take(2));
-        setCode(Ctl::cboStrirrups, take(2));
-        if (!endBent()) return;
-        // The spacings follow the count the file names; a file whose piles are
-        // not drawn names none, so the line itself tells how many there are.
-        int k = batteredCount_.empty() ? 0 : count(batteredCount_);
-        if (batteredCount_.empty()) {
-            while (k < 6 && more(6 * (k + 1)))
-                ++k;
-            if (k > 0) setItem(Ctl::cboBatteredPile, std::to_string(k));
-        }
-        for (int i = 0; i < k && i < 6; ++i)
-            setNumber(CtlId(Ctl::txtBatterPile, i), 6, kDimension);
-    }
-
-    void record800() {
-        next("800");
-        setNumber(Ctl::txtWidthEndPost, 6, kDimension);
-        setNumber(Ctl::txtLengthEndPost, 6, kDimension);
-        setNumber(Ctl::txtWingwallLength, 6, kDimension);
-        angle(Ctl::txtWinLAngle);
-        if (app_.text(Ctl::cboWingParallel) == "Yes")
-            take(9);
+    void bentNumber(int) override { row_.push_back(trim(take(2))); }
+    void cell(int row, int column, const CtlId& source) override {
+        std::string value = restore(take(fileWidth(source)), fileDecimals(source));
+        if (inRow_)
+            row_.push_back(std::move(value));
         else
-            angle(Ctl::txtWinRAngle);
-        const std::string boxes = trim(take(1));
-        setItem(Ctl::cboWingwallPileBox, boxes);
-        if (boxes == "2" || boxes == "3") setNumber(Ctl::txtPileBoxDistance1, 6, kDimension);
-        if (boxes == "3") setNumber(Ctl::txtPileBoxDistance2, 6, kDimension);
+            app_.grid.setCell(row, column, value);
+    }
+    void endRow(int) override {
+        std::string tabbed;
+        for (const auto& c : row_)
+            tabbed += c + '\t';
+        app_.grid.addItem(tabbed);
+        app_.bentRegister.push_back(row_.front());
+        inRow_ = false;
     }
 
-    void angle(Ctl a) {
-        setNumber(CtlId(a, 0), 3, kWhole);
-        setNumber(CtlId(a, 1), 2, kWhole);
-        setNumber(CtlId(a, 2), 3, kSeconds);
+    // The spacings follow the count the file names; a file whose piles are
+    // not drawn names none, so the line itself tells how many there are.
+    int batteredSpacings() override {
+        if (!batteredCount_.empty()) return count(batteredCount_);
+        int k = 0;
+        while (k < 6 && more(6 * (k + 1)))
+            ++k;
+        if (k > 0) setItem(Ctl::cboBatteredPile, std::to_string(k));
+        return k;
     }
-
-    void record900(int r) {
-        next("900");
-        for (int offset : endBentFileColumns(type_ == BentType::EndWithBackwall))
-            app_.grid.setCell(r, beams_ + offset, restore(take(6), kElevation));
-    }
+    void pileBoxCount() override { setItem(Ctl::cboWingwallPileBox, trim(take(1))); }
+    bool pileBoxCheck() override { return true; }
 
     App& app_;
     std::vector<std::string> lines_;
@@ -257,9 +187,11 @@ class Reader {
     const std::string* line_ = nullptr;
     int col_ = 0;
     int bents_ = 0;
-    int beams_ = 0;
     std::string batteredCount_;
-    std::optional<BentType> type_;
+    std::vector<std::pair<Ctl, std::string>> pending_;
+    bool firstRecord_ = false;
+    std::vector<std::string> row_;
+    bool inRow_ = false;
 };
 
 } // namespace
