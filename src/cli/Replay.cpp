@@ -9,12 +9,8 @@ namespace tw {
 namespace {
 
 const char* colorName(BackColor c) {
-    switch (c) {
-    case BackColor::Normal: return "normal";
-    case BackColor::Yellow: return "yellow";
-    case BackColor::Red: return "red";
-    }
-    return "normal";
+    static const char* const names[] = {"normal", "yellow", "red"};
+    return names[static_cast<int>(c)];
 }
 
 bool parseInt(const std::string& s, int& v) {
@@ -100,6 +96,13 @@ bool Replay::resolve(const Line& l, Named& n) {
     return true;
 }
 
+bool Replay::onControl(const Line& l, const std::function<void(const Target&)>& action) {
+    Named n;
+    if (!resolve(l, n)) return false;
+    action(n.target);
+    return true;
+}
+
 bool Replay::type(const Line& l) {
     Named n;
     if (!resolve(l, n) || !need(l, 3)) return false;
@@ -117,10 +120,7 @@ bool Replay::paste(const Line& l) {
 }
 
 bool Replay::leave(const Line& l) {
-    Named n;
-    if (!resolve(l, n)) return false;
-    app_.actions.leave(n.target);
-    return true;
+    return onControl(l, [&](const Target& t) { app_.actions.leave(t); });
 }
 
 bool Replay::choose(const Line& l) {
@@ -138,17 +138,11 @@ bool Replay::choose(const Line& l) {
 }
 
 bool Replay::click(const Line& l) {
-    Named n;
-    if (!resolve(l, n)) return false;
-    app_.actions.click(n.target);
-    return true;
+    return onControl(l, [&](const Target& t) { app_.actions.click(t); });
 }
 
 bool Replay::dblclick(const Line& l) {
-    Named n;
-    if (!resolve(l, n)) return false;
-    app_.actions.doubleClick(n.target);
-    return true;
+    return onControl(l, [&](const Target& t) { app_.actions.doubleClick(t); });
 }
 
 bool Replay::toolbar(const Line& l) {
@@ -178,14 +172,10 @@ bool Replay::select(const Line& l) {
 
 bool Replay::answer(const Line& l) {
     if (!need(l, 2)) return false;
-    static const std::pair<const char*, MsgAnswer> buttons[] = {
-        {"OK", MsgAnswer::OK}, {"Cancel", MsgAnswer::Cancel}, {"Yes", MsgAnswer::Yes}, {"No", MsgAnswer::No}};
-    for (const auto& [name, answer] : buttons) {
-        if (l.words[1].text != name) continue;
-        ports_.queueAnswer(answer);
-        return true;
-    }
-    return fail(l, "unknown button " + l.words[1].text);
+    const auto answer = answerNamed(l.words[1].text);
+    if (!answer) return fail(l, "unknown button " + l.words[1].text);
+    ports_.queueAnswer(*answer);
+    return true;
 }
 
 bool Replay::file(const Line& l) {

@@ -6,6 +6,7 @@
 #include "core/App.h"
 #include "platform/Platform.h"
 
+#include <functional>
 #include <istream>
 #include <map>
 #include <ostream>
@@ -47,6 +48,8 @@ class Replay {
     // The words from `from` on, joined by blanks ("\b" in a plain word is Backspace).
     static std::string textFrom(const Line& l, size_t from);
     Control& control(const Named& n) { return app_.form(n.target.form).at(n.target.id); }
+    // Resolves the line's control and acts on it.
+    bool onControl(const Line& l, const std::function<void(const Target&)>& action);
 
     bool type(const Line& l);
     bool paste(const Line& l);

@@ -9,23 +9,12 @@ namespace tw {
 namespace {
 
 const char* buttonsName(MsgButtons b) {
-    switch (b) {
-    case MsgButtons::OK: return "OK";
-    case MsgButtons::OKCancel: return "OKCancel";
-    case MsgButtons::YesNo: return "YesNo";
-    }
-    return "OK";
+    static const char* const names[] = {"OK", "OKCancel", "YesNo"};
+    return names[static_cast<int>(b)];
 }
 
-const char* answerName(MsgAnswer a) {
-    switch (a) {
-    case MsgAnswer::OK: return "OK";
-    case MsgAnswer::Cancel: return "Cancel";
-    case MsgAnswer::Yes: return "Yes";
-    case MsgAnswer::No: return "No";
-    }
-    return "OK";
-}
+// The buttons as scripts and output name them, in the order of MsgAnswer.
+const char* const kAnswerNames[] = {"OK", "Cancel", "Yes", "No"};
 
 MsgAnswer firstButton(MsgButtons b) { return b == MsgButtons::YesNo ? MsgAnswer::Yes : MsgAnswer::OK; }
 
@@ -36,6 +25,14 @@ std::string unpadded(const std::string& s) {
 }
 
 } // namespace
+
+const char* answerName(MsgAnswer a) { return kAnswerNames[static_cast<int>(a)]; }
+
+std::optional<MsgAnswer> answerNamed(const std::string& name) {
+    for (int i = 0; i < 4; ++i)
+        if (name == kAnswerNames[i]) return static_cast<MsgAnswer>(i);
+    return std::nullopt;
+}
 
 bool ReplayPorts::sawMessageStartingWith(const std::string& prefix) const {
     for (const auto& m : messages_)

@@ -11,6 +11,10 @@
 
 namespace tw {
 
+// A message box's button as scripts and output name it ("OK", "Cancel", "Yes", "No").
+const char* answerName(MsgAnswer a);
+std::optional<MsgAnswer> answerNamed(const std::string& name);
+
 class ReplayPorts : public UserPorts {
   public:
     ReplayPorts(std::ostream& out, std::string scriptDir) : out_(out), scriptDir_(std::move(scriptDir)) {}

@@ -23,7 +23,6 @@ constexpr int kCancel = 32755; // a file or printer dialog was cancelled
 constexpr int kFileNotFound = 53;
 constexpr int kPathNotFound = 76;
 constexpr int kPermissionDenied = 70;
-constexpr int kBadFileName = 52;
 constexpr int kInputPastEnd = 62;
 constexpr int kInvalidProperty = 380;
 constexpr int kTextReadOnly = 383; // a list-only combo box refuses a text not in its list
@@ -33,7 +32,8 @@ constexpr int kInvalidCall = 5;
 constexpr int kFileAccess = 75;
 constexpr int kDeviceIo = 57;
 constexpr int kDllNotFound = 48;
-constexpr int kEntryNotFound = 453;
+constexpr int kEntryNotFound = 453; // the library has no such entry point
+constexpr int kInternalError = 51;
 constexpr int kGridInvalidRow = 30009;
 constexpr int kGridLastRow = 30015;
 } // namespace err

@@ -10,7 +10,6 @@ namespace tw {
 
 namespace {
 constexpr int kBackspace = 8;
-constexpr int kInternalError = 51;
 } // namespace
 
 // Every action stands on its own, also one that arrives while another waits
@@ -24,7 +23,7 @@ template <class Body> void UserActions::act(Body&& body) {
     } catch (const std::exception& e) {
         // Nothing may escape an event: what the program did not foresee ends
         // in the same box, and the project stays as it is.
-        app_.reportError(RuntimeError(kInternalError, std::string("Internal error: ") + e.what()));
+        app_.reportError(RuntimeError(err::kInternalError, std::string("Internal error: ") + e.what()));
     }
     for (const auto& f : after_)
         f();

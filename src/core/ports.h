@@ -2,6 +2,8 @@
 // user answers, and what the platform does.
 #pragma once
 
+#include "core/model/Form.h"
+
 #include <array>
 #include <optional>
 #include <string>
@@ -70,8 +72,8 @@ class UserPorts {
     virtual void processEvents() {}
 
     // Screen size in twips, for centring forms.
-    virtual int screenWidthTwips() const { return 1366 * 15; }
-    virtual int screenHeightTwips() const { return 768 * 15; }
+    virtual int screenWidthTwips() const { return 1366 * kTwipsPerPixel; }
+    virtual int screenHeightTwips() const { return 768 * kTwipsPerPixel; }
 };
 
 // What the platform does: programs, the engine, settings, INI files and the

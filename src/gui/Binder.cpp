@@ -1,4 +1,5 @@
 #include "gui/Binder.h"
+#include "platform/QtText.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -17,8 +18,6 @@
 namespace tw {
 
 namespace {
-
-QString q(const std::string& s) { return QString::fromStdString(s); }
 
 QColor colorOf(BackColor c) {
     switch (c) {

@@ -1,4 +1,5 @@
 #include "gui/FormWindows.h"
+#include "platform/QtText.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -14,10 +15,6 @@
 #include <QVBoxLayout>
 
 namespace tw {
-
-namespace {
-QString q(const std::string& s) { return QString::fromStdString(s); }
-} // namespace
 
 FormWindow::FormWindow(App& app, const std::string& form, QWidget* parent)
     : QDialog(parent), app_(app), form_(form), binder_(app, form, this) {

@@ -15,10 +15,6 @@
 
 namespace tw {
 
-namespace {
-constexpr int kTwipsPerPixel = 15;
-} // namespace
-
 int runGui(int& argc, char** argv, const std::string& programDir) {
     QApplication qapp(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Norvale"));

@@ -1,4 +1,5 @@
 #include "gui/GuiPorts.h"
+#include "platform/QtText.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -16,10 +17,6 @@
 namespace tw {
 
 namespace {
-
-QString q(const std::string& s) { return QString::fromStdString(s); }
-
-constexpr int kTwipsPerPixel = 15;
 
 // "Description (*.ext)|*.ext" as Qt writes it: "Description (*.ext)".
 QString qtFilter(const std::string& legacy) {

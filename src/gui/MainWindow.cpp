@@ -1,4 +1,5 @@
 #include "gui/MainWindow.h"
+#include "platform/QtText.h"
 
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
@@ -24,10 +25,6 @@
 namespace tw {
 
 namespace {
-
-QString q(const std::string& s) { return QString::fromStdString(s); }
-
-constexpr int kTwipsPerPixel = 15;
 
 QScrollArea* scrolled(QWidget* inner, int maxHeight = 0) {
     auto* area = new QScrollArea;

@@ -1,4 +1,7 @@
 #include "platform/Platform.h"
+#include "platform/QtText.h"
+
+#include "core/Errors.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,7 +19,6 @@
 namespace tw {
 
 namespace {
-QString q(const std::string& s) { return QString::fromStdString(s); }
 
 // Exit statuses of the engine child, told back to the parent.
 constexpr int kLibraryMissing = 48;
@@ -88,13 +90,15 @@ EngineResult Platform::callEngine(const std::string& programDir, const std::arra
     runAndWait(proc, QCoreApplication::applicationFilePath(), args);
     const std::string said = QString::fromLocal8Bit(proc.readAllStandardError()).trimmed().toStdString();
     if (proc.error() == QProcess::FailedToStart) {
-        r.errorNumber = 48;
+        r.errorNumber = err::kDllNotFound;
         r.error = "The engine could not be started: " + proc.errorString().toStdString();
     } else if (proc.exitStatus() == QProcess::CrashExit) {
-        r.errorNumber = 51;
+        r.errorNumber = err::kInternalError;
         r.error = "Internal error: the engine stopped unexpectedly (it crashed)" + (said.empty() ? "" : ": " + said);
     } else if (proc.exitCode() != 0) {
-        r.errorNumber = proc.exitCode() == kLibraryMissing ? 48 : proc.exitCode() == kEntryMissing ? 453 : 51;
+        r.errorNumber = proc.exitCode() == kLibraryMissing ? err::kDllNotFound
+                        : proc.exitCode() == kEntryMissing ? err::kEntryNotFound
+                                                           : err::kInternalError;
         r.error =
             said.empty() ? "Internal error: the engine ended with status " + std::to_string(proc.exitCode()) : said;
     } else {

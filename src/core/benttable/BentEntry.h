@@ -22,6 +22,4 @@ bool sameBentNumber(const std::string& a, const std::string& b);
 // Empties the entry fields after a bent entered the table.
 void clearEntryFields(App& app, bool resetBottomOfCap);
 
-void installBentTable(App& app);
-
 } // namespace tw

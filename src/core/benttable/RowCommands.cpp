@@ -2,6 +2,7 @@
 #include "core/App.h"
 #include "core/benttable/BentEntry.h"
 #include "core/benttable/Layout.h"
+#include "core/form/Forms.h"
 #include "core/model/Choices.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"

@@ -1,6 +1,7 @@
 #include "core/form/FileCommands.h"
 
 #include "core/App.h"
+#include "core/form/Forms.h"
 #include "core/form/MainForm.h"
 #include "core/inputfile/InputFile.h"
 

@@ -10,6 +10,4 @@ class App;
 // True when the file was written without the pile-box abort.
 bool saveProject(App& app);
 
-void installFileCommands(App& app);
-
 } // namespace tw

@@ -56,84 +56,105 @@ class Builder {
     Form& f_;
 };
 
-Form buildMain() {
-    Form f(kFrmMain);
-    f.caption = kAppTitle;
-    f.width = 15360;
-    f.height = 10800;
+// Builds a form of this caption and size (twips); `controls` adds its controls.
+template <class Controls>
+Form buildForm(const char* name, std::string caption, int width, int height, Controls controls) {
+    Form f(name);
+    f.caption = std::move(caption);
+    f.width = width;
+    f.height = height;
     Builder b(f);
+    controls(b);
+    return f;
+}
 
-    // Inputs: text boxes and combo boxes, as the table of inputs has them.
+// Text boxes and combo boxes, as the table of inputs has them.
+void addInputs(Builder& b) {
     for (Ctl c : inputControls()) {
         const int items = std::max(ctlArraySize(c), 1);
         for (int i = 0; i < items; ++i) {
             const CtlId id = ctlArraySize(c) > 0 ? CtlId(c, i) : CtlId(c);
             const bool isChoice = inputRule(id).kind == InputKind::Choice;
-            Control& ctl = b.add(c, isChoice ? Kind::ComboBox : Kind::TextBox, id.index);
-            ctl.maxLength = inputRule(id).maxLength;
+            b.add(c, isChoice ? Kind::ComboBox : Kind::TextBox, id.index).maxLength = inputRule(id).maxLength;
         }
     }
+}
 
-    // Prompts and unit labels the logic changes.
-    b.label(Ctl::lblCCapLength, "Enter the length of the cap measured along");
-    b.label(Ctl::lblCCapLength1, "the front face of the cap");
-    b.label(Ctl::Label12, "feet");
-    b.label(Ctl::lblCCWingPwall, "Are the wingwalls parallel to each other?");
-    b.label(Ctl::lblCCNoWinwall, "Select the number of pile boxes per wingwall");
-    b.label(Ctl::lblCCBatPile, "Are battered piles to be drawn?");
-    b.label(Ctl::Label10, "Is the top left wingwall level?");
-    b.label(Ctl::Label11, "Is the top right wingwall level?");
-    b.label(Ctl::Label35, "Enter the bottom left cap elevation");
-    b.label(Ctl::Label36, "Enter the bottom right cap elevation");
-    b.label(Ctl::Label37, "feet");
-    b.label(Ctl::lblPileD1, "Enter the dimension from the front face of cap to the centerline of the second pile box");
-    b.label(Ctl::Label26, "feet");
-    b.label(Ctl::lblPileD2, "Enter the dimension from the front face of cap to the centerline of the third pile box");
-    b.label(Ctl::Label27, "feet");
-    b.label(Ctl::Label80, "Battered Pile");
-    b.label(Ctl::Label81, "Spacing (feet)");
-    b.label(Ctl::lblWingWallLAngle, "Enter the wingwall angle");
-    b.label(Ctl::lblWingWallRAngle, "Enter the right wingwall angle");
-    for (Ctl c :
-         {Ctl::lblBatterPile, Ctl::lblWingLAngle, Ctl::lblWingRAngle, Ctl::lblCapStep, Ctl::lblEStepPI,
-          Ctl::lblBeamAngleIndex, Ctl::lblBeamAngleH, Ctl::lblBeamAngleM, Ctl::lblBeamAngleS, Ctl::lblCenterline})
+// Prompts, unit labels and the sketch labels, with their design-time captions.
+void addLabels(Builder& b, Form& f) {
+    const std::pair<Ctl, const char*> captions[] = {
+        {Ctl::lblCCapLength, "Enter the length of the cap measured along"},
+        {Ctl::lblCCapLength1, "the front face of the cap"},
+        {Ctl::Label12, "feet"},
+        {Ctl::lblCCWingPwall, "Are the wingwalls parallel to each other?"},
+        {Ctl::lblCCNoWinwall, "Select the number of pile boxes per wingwall"},
+        {Ctl::lblCCBatPile, "Are battered piles to be drawn?"},
+        {Ctl::Label10, "Is the top left wingwall level?"},
+        {Ctl::Label11, "Is the top right wingwall level?"},
+        {Ctl::Label35, "Enter the bottom left cap elevation"},
+        {Ctl::Label36, "Enter the bottom right cap elevation"},
+        {Ctl::Label37, "feet"},
+        {Ctl::lblPileD1, "Enter the dimension from the front face of cap to the centerline of the second pile box"},
+        {Ctl::Label26, "feet"},
+        {Ctl::lblPileD2, "Enter the dimension from the front face of cap to the centerline of the third pile box"},
+        {Ctl::Label27, "feet"},
+        {Ctl::Label80, "Battered Pile"},
+        {Ctl::Label81, "Spacing (feet)"},
+        {Ctl::lblWingWallLAngle, "Enter the wingwall angle"},
+        {Ctl::lblWingWallRAngle, "Enter the right wingwall angle"},
+        {Ctl::lblBearingView, "Bearing Dimension and Beam Angle Sketch"},
+        {Ctl::lblCenterlineView, "Centerline Beam Sketch"},
+        {Ctl::lblElevationView, "Elevation Sketch"},
+        {Ctl::lblViewCenterLine, "Centerlines Sketch"},
+        {Ctl::lblViewDimension, "Dimension Sketch"},
+    };
+    for (const auto& [c, caption] : captions)
+        b.label(c, caption);
+    for (Ctl c : {Ctl::lblWingLAngle, Ctl::lblWingRAngle, Ctl::lblCapStep, Ctl::lblEStepPI, Ctl::lblBeamAngleIndex})
         b.label(c);
-    for (int i = 0; i < ctlArraySize(Ctl::lblBatterPile); ++i)
-        f.at(CtlId(Ctl::lblBatterPile, i)).caption = std::to_string(i + 1);
-    for (int i = 0; i < ctlArraySize(Ctl::lblCenterline); ++i)
-        f.at(CtlId(Ctl::lblCenterline, i)).caption = std::to_string(i + 1);
-    for (int i = 0; i < ctlArraySize(Ctl::lblBeamAngleH); ++i) {
-        f.at(CtlId(Ctl::lblBeamAngleH, i)).caption = kDegreeMark;
-        f.at(CtlId(Ctl::lblBeamAngleM, i)).caption = kMinuteMark;
-        f.at(CtlId(Ctl::lblBeamAngleS, i)).caption = kSecondMark;
+    // Numbered rows and the marks of the beam angles' units.
+    for (Ctl c : {Ctl::lblBatterPile, Ctl::lblCenterline})
+        for (int i = 0; i < ctlArraySize(c); ++i)
+            b.add(c, Kind::Label, i).caption = std::to_string(i + 1);
+    const std::pair<Ctl, const char*> marks[] = {
+        {Ctl::lblBeamAngleH, kDegreeMark}, {Ctl::lblBeamAngleM, kMinuteMark}, {Ctl::lblBeamAngleS, kSecondMark}};
+    for (const auto& [c, mark] : marks)
+        for (int i = 0; i < ctlArraySize(c); ++i)
+            b.add(c, Kind::Label, i).caption = mark;
+    f.at(Ctl::lblCCapLength).top = 4500;
+    f.at(Ctl::Label12).top = 4620;
+}
+
+void addFrames(Builder& b) {
+    struct FrameAt {
+        Ctl ctl;
+        const char* caption;
+        std::optional<int> top, left;
+    };
+    const FrameAt frames[] = {
+        {Ctl::Frame1, "General", {}, {}},
+        {Ctl::Frame2, "Cap Dimensions", {}, {}},
+        {Ctl::Frame3, "Fillet Dimensions", {}, {}},
+        {Ctl::Frame4, "Cap Steps", 2880, {}},
+        {Ctl::Frame5, "Wingwall Dimensions and Angles", {}, {}},
+        {Ctl::Frame6, "Pile Box Dimension", {}, {}},
+        {Ctl::Frame7, "Backwall and End Post Dimension", 7080, 120},
+        {Ctl::Frame13, "Top of Backwall Elevations and End Post", {}, {}},
+        {Ctl::Frame18, "Battered Piles", {}, {}},
+        {Ctl::Frame12, "Top Left Wingwall Level", {}, 0},
+        {Ctl::Frame11, "Is top left wingwall level - Yes", {}, 4680},
+        {Ctl::Frame10, "Top Right Wingwall Level", {}, 0},
+        {Ctl::Frame9, "Is top right wingwall level - Yes", {}, 4680},
+    };
+    for (const auto& fr : frames) {
+        Control& c = b.frame(fr.ctl, fr.caption);
+        c.top = fr.top;
+        c.left = fr.left;
     }
+}
 
-    b.label(Ctl::lblBearingView, "Bearing Dimension and Beam Angle Sketch");
-    b.label(Ctl::lblCenterlineView, "Centerline Beam Sketch");
-    b.label(Ctl::lblElevationView, "Elevation Sketch");
-    b.label(Ctl::lblViewCenterLine, "Centerlines Sketch");
-    b.label(Ctl::lblViewDimension, "Dimension Sketch");
-
-    b.frame(Ctl::Frame1, "General");
-    b.frame(Ctl::Frame2, "Cap Dimensions");
-    b.frame(Ctl::Frame3, "Fillet Dimensions");
-    b.frame(Ctl::Frame4, "Cap Steps").top = 2880;
-    b.frame(Ctl::Frame5, "Wingwall Dimensions and Angles");
-    b.frame(Ctl::Frame6, "Pile Box Dimension");
-    auto& f7 = b.frame(Ctl::Frame7, "Backwall and End Post Dimension");
-    f7.top = 7080;
-    f7.left = 120;
-    b.frame(Ctl::Frame13, "Top of Backwall Elevations and End Post");
-    b.frame(Ctl::Frame18, "Battered Piles");
-    auto& f12 = b.frame(Ctl::Frame12, "Top Left Wingwall Level");
-    f12.left = 0;
-    auto& f11 = b.frame(Ctl::Frame11, "Is top left wingwall level - Yes");
-    f11.left = 4680;
-    auto& f10 = b.frame(Ctl::Frame10, "Top Right Wingwall Level");
-    f10.left = 0;
-    auto& f9 = b.frame(Ctl::Frame9, "Is top right wingwall level - Yes");
-    f9.left = 4680;
-
+// The tabs, the bent table with its buttons, and the four scrolled panes.
+void addContainers(Builder& b, Form& f) {
     auto& tab = b.add(Ctl::SSTab1, Kind::Tab);
     tab.items = tabCaptions();
     tab.value = 0;
@@ -152,12 +173,9 @@ Form buildMain() {
     auto& down = b.button(Ctl::cmdMoveDown, "Move down");
     down.top = 4920;
     down.left = 13680;
-
     f.at(Ctl::txtCapLength).top = 4560;
-    f.at(Ctl::lblCCapLength).top = 4500;
-    f.at(Ctl::Label12).top = 4620;
 
-    // The four scrolled panes: an inner box taller than the visible outer one.
+    // Each pane: an inner box taller than the visible outer one.
     auto pane = [&](Ctl bar, Ctl outer, Ctl inner, int rows, int visibleRows) {
         b.add(bar, Kind::ScrollBar);
         b.add(outer, Kind::Picture).height = visibleRows * kRowPitch;
@@ -170,22 +188,39 @@ Form buildMain() {
     pane(Ctl::vbarscrollerWingwall, Ctl::picOutterWingwall, Ctl::picInnerWingWall, 8, 5);
     pane(Ctl::vbarscrollerBeamAngle, Ctl::picOutterBeamAngle, Ctl::picInnerBeamAngle, 20, kVisibleRows);
     f.at(Ctl::vbarscrollerCapStep).top = 3000;
+}
 
-    b.menu(Ctl::mnuFile, "&File");
-    b.menu(Ctl::mnuNew, "&New");
-    b.menu(Ctl::mnuOpen, "&Open");
-    b.menu(Ctl::mnuSave, "&Save");
-    b.menu(Ctl::mnuSaveAs, "S&ave As...");
-    b.menu(Ctl::mnuBreak1, "-");
-    b.menu(Ctl::mnuPrint, "&Print");
-    b.menu(Ctl::mnuBreak2, "-");
-    b.menu(Ctl::mnuRun, "R&un");
-    b.menu(Ctl::mnuBreak3, "-");
-    b.menu(Ctl::mnuExit, "E&xit");
-    b.menu(Ctl::mnuHelp, "&Help");
-    b.menu(Ctl::mnuTarnwickHelp, "&Tarnwick Help");
-    b.menu(Ctl::mnuBreak5, "-");
-    b.menu(Ctl::mnuAbout, "&About");
+void addMenus(Builder& b) {
+    const std::pair<Ctl, const char*> menus[] = {
+        {Ctl::mnuFile, "&File"},
+        {Ctl::mnuNew, "&New"},
+        {Ctl::mnuOpen, "&Open"},
+        {Ctl::mnuSave, "&Save"},
+        {Ctl::mnuSaveAs, "S&ave As..."},
+        {Ctl::mnuBreak1, "-"},
+        {Ctl::mnuPrint, "&Print"},
+        {Ctl::mnuBreak2, "-"},
+        {Ctl::mnuRun, "R&un"},
+        {Ctl::mnuBreak3, "-"},
+        {Ctl::mnuExit, "E&xit"},
+        {Ctl::mnuHelp, "&Help"},
+        {Ctl::mnuTarnwickHelp, "&Tarnwick Help"},
+        {Ctl::mnuBreak5, "-"},
+        {Ctl::mnuAbout, "&About"},
+    };
+    for (const auto& [c, caption] : menus)
+        b.menu(c, caption);
+}
+
+Form buildMain() {
+    Form f = buildForm(kFrmMain, kAppTitle, 15360, 10800, [](Builder& b) {
+        addInputs(b);
+        addFrames(b);
+        addMenus(b);
+    });
+    Builder b(f);
+    addLabels(b, f);
+    addContainers(b, f);
     return f;
 }
 
@@ -200,38 +235,16 @@ const char* kDisclaimer =
     "Norvale accepts no liability for the use of this program or of its results. "
     "Support: Norvale Bridge Design Office, bridge.software@norvale.example, (555) 014-2260.";
 
-Form buildSplash() {
-    Form f(kFrmSplash);
-    f.width = 7200;
-    f.height = 4800;
-    Builder b(f);
+// The splash and the About box: the title, the version, the disclaimer and OK.
+void titleControls(Builder& b, bool disclaimerHeading) {
     b.label(Ctl::lblTitle, kAppTitle);
     b.label(Ctl::lblVersion, versionText());
-    b.label(Ctl::lblLabel, "DISCLAIMER");
+    if (disclaimerHeading) b.label(Ctl::lblLabel, "DISCLAIMER");
     b.label(Ctl::lblDisclaimer, kDisclaimer);
     b.button(Ctl::cmdOK, "OK");
-    return f;
 }
 
-Form buildAbout() {
-    Form f(kFrmAbout);
-    f.caption = std::string("About ") + kAppTitle;
-    f.width = 6000;
-    f.height = 3600;
-    Builder b(f);
-    b.label(Ctl::lblTitle, kAppTitle);
-    b.label(Ctl::lblVersion, versionText());
-    b.label(Ctl::lblDisclaimer, kDisclaimer);
-    b.button(Ctl::cmdOK, "OK");
-    return f;
-}
-
-Form buildPrinter() {
-    Form f(kFrmIPrinter);
-    f.caption = "Printer";
-    f.width = 6000;
-    f.height = 2400;
-    Builder b(f);
+void printerControls(Builder& b) {
     b.button(Ctl::PrintIt, "Pr&int");
     b.add(Ctl::cmbFileTypes, Kind::ComboBox);
     b.button(Ctl::printCancel, "C&ancel");
@@ -240,29 +253,6 @@ Form buildPrinter() {
     b.label(Ctl::Label2, "Current File:");
     b.label(Ctl::lblPageNum, " Select File:");
     b.add(Ctl::CommonDialog1, Kind::Dialog);
-    return f;
-}
-
-Form buildViewTest() {
-    Form f(kFrmViewTest);
-    f.caption = "Print Preview";
-    f.width = 12000;
-    f.height = 9000;
-    Builder b(f);
-    b.add(Ctl::rtOpen, Kind::RichText);
-    b.button(Ctl::cmdQuit, "&Exit");
-    b.add(Ctl::comView, Kind::Dialog);
-    return f;
-}
-
-Form buildPicView() {
-    Form f(kFrmPicView);
-    f.width = 9000;
-    f.height = 7200;
-    Builder b(f);
-    b.add(Ctl::picViewImage, Kind::Picture);
-    b.label(Ctl::Label1, "Double click on image to view the full size picture ");
-    return f;
 }
 
 } // namespace
@@ -270,11 +260,19 @@ Form buildPicView() {
 std::vector<Form> buildForms() {
     std::vector<Form> forms;
     forms.push_back(buildMain());
-    forms.push_back(buildSplash());
-    forms.push_back(buildAbout());
-    forms.push_back(buildPrinter());
-    forms.push_back(buildViewTest());
-    forms.push_back(buildPicView());
+    forms.push_back(buildForm(kFrmSplash, "", 7200, 4800, [](Builder& b) { titleControls(b, true); }));
+    forms.push_back(buildForm(kFrmAbout, std::string("About ") + kAppTitle, 6000, 3600,
+                              [](Builder& b) { titleControls(b, false); }));
+    forms.push_back(buildForm(kFrmIPrinter, "Printer", 6000, 2400, printerControls));
+    forms.push_back(buildForm(kFrmViewTest, "Print Preview", 12000, 9000, [](Builder& b) {
+        b.add(Ctl::rtOpen, Kind::RichText);
+        b.button(Ctl::cmdQuit, "&Exit");
+        b.add(Ctl::comView, Kind::Dialog);
+    }));
+    forms.push_back(buildForm(kFrmPicView, "", 9000, 7200, [](Builder& b) {
+        b.add(Ctl::picViewImage, Kind::Picture);
+        b.label(Ctl::Label1, "Double click on image to view the full size picture ");
+    }));
     return forms;
 }
 

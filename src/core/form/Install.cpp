@@ -1,15 +1,7 @@
 // The handler table: which routine answers which event of which control.
 #include "core/App.h"
-#include "core/benttable/BentEntry.h"
-#include "core/form/BeamRows.h"
-#include "core/form/FileCommands.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
-#include "core/form/NumericEntry.h"
-#include "core/form/Sections.h"
-#include "core/form/ShellCommands.h"
-#include "core/output/Outputs.h"
-#include "core/run/Run.h"
 
 namespace tw {
 

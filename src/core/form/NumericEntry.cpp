@@ -1,6 +1,7 @@
 #include "core/form/NumericEntry.h"
 
 #include "core/App.h"
+#include "core/form/Forms.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 

@@ -19,6 +19,4 @@ void updateCenterlineClosing(App& app);
 void updateCapStepClosing(App& app);
 void updateAllClosing(App& app);
 
-void installNumericEntry(App& app);
-
 } // namespace tw

@@ -35,37 +35,23 @@ struct TypeLayout {
     int buttonsTop;
 };
 
-TypeLayout layoutFor(BentType t) {
+// One column per bent type: prompts, type defaults and the tops (twips) of
+// what moves with the type.
+const TypeLayout& layoutFor(BentType t) {
+    // clang-format off
+    static const TypeLayout intermediate = {"Enter the length of the cap", false, false, "No",
+                                            3600, 3660, 3660, "0.7500", 1680, 1800, 3180, 2700};
+    static const TypeLayout withBackwall = {"Enter the length of the cap measured along", true, true, "Yes",
+                                            4560, 4500, 4620, "1.5000", 2880, 3000, 6480, 6000};
+    static const TypeLayout withoutBackwall = {"Enter the length of the cap measured along", true, false, "Yes",
+                                               4560, 4500, 4620, "1.5000", 2880, 3000, 4200, 3720};
+    // clang-format on
     switch (t) {
-    case BentType::Intermediate:
-        return {"Enter the length of the cap", false, false, "No", 3600, 3660, 3660, "0.7500", 1680, 1800, 3180, 2700};
-    case BentType::EndWithBackwall:
-        return {"Enter the length of the cap measured along",
-                true,
-                true,
-                "Yes",
-                4560,
-                4500,
-                4620,
-                "1.5000",
-                2880,
-                3000,
-                6480,
-                6000};
+    case BentType::Intermediate: return intermediate;
+    case BentType::EndWithBackwall: return withBackwall;
     case BentType::EndWithoutBackwall: break;
     }
-    return {"Enter the length of the cap measured along",
-            true,
-            false,
-            "Yes",
-            4560,
-            4500,
-            4620,
-            "1.5000",
-            2880,
-            3000,
-            4200,
-            3720};
+    return withoutBackwall;
 }
 
 // Exactly one of the two wingwall-top panels shows, and it always carries
@@ -155,7 +141,7 @@ void applyTab(App& app, int tab) {
 void applyBentType(App& app) {
     const auto type = bentTypeOf(app.text(Ctl::cboTybent));
     if (!type) return;
-    const TypeLayout l = layoutFor(*type);
+    const TypeLayout& l = layoutFor(*type);
     app.setCaption(Ctl::lblCCapLength, l.capPrompt);
     app.setCaption(Ctl::lblCCapLength1, "the front face of the cap");
     app.setVisible(Ctl::lblCCapLength1, l.endBent);

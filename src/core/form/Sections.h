@@ -1,5 +1,5 @@
-// The sections of the main form that the bent type and the options show,
-// hide, label and place.
+// The sections and repeated rows of the main form: what the bent type, the
+// number of beams and the options show, hide, label and place.
 #pragma once
 
 namespace tw {
@@ -7,6 +7,8 @@ namespace tw {
 class App;
 
 void applyBentType(App& app);
-void installSections(App& app);
+// Rows for the number of beams: cap steps, step elevations, beam angles, centerline distances.
+void applyBeamCount(App& app);
+void applyBeamAngleRows(App& app);
 
 } // namespace tw

@@ -1,6 +1,7 @@
 #include "core/form/ShellCommands.h"
 
 #include "core/App.h"
+#include "core/form/Forms.h"
 #include "core/form/MainForm.h"
 
 namespace tw {

@@ -10,6 +10,4 @@ inline constexpr const char* kHelpFile = "tarnwick-help.html";
 
 // Shows the splash window, the first window of the program.
 void showSplash(App& app);
-void installShellCommands(App& app);
-
 } // namespace tw

@@ -11,6 +11,10 @@
 
 namespace tw {
 
+// Positions and sizes are in twips, as the old forms were laid out: 15 to a
+// pixel on a screen of 96 dots per inch.
+inline constexpr int kTwipsPerPixel = 15;
+
 enum class Kind {
     TextBox,
     ComboBox,

@@ -1,6 +1,7 @@
 #include "core/output/Outputs.h"
 
 #include "core/App.h"
+#include "core/form/Forms.h"
 #include "core/model/Choices.h"
 
 #include <fstream>

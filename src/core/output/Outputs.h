@@ -19,6 +19,4 @@ bool concreteDataIsClean(const std::string& concreteFile);
 // The title of the sketch window for a sketch key; empty for an unknown key.
 std::string sketchTitle(const std::string& key);
 
-void installOutputs(App& app);
-
 } // namespace tw

@@ -2,6 +2,7 @@
 
 #include "core/App.h"
 #include "core/form/FileCommands.h"
+#include "core/form/Forms.h"
 
 #include <filesystem>
 #include <fstream>

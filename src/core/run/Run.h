@@ -24,6 +24,4 @@ void runProject(App& app);
 // Everything after the save, on the file the dialog names.
 void runAfterSave(App& app);
 
-void installRun(App& app);
-
 } // namespace tw
