@@ -1,5 +1,6 @@
 // One executable: the window by default, the headless commands by name.
 #include "cli/Cli.h"
+#include "cli/Replay.h"
 #include "gui/GuiMain.h"
 #include "platform/Platform.h"
 #include "tarnwick_version.h"
@@ -55,7 +56,10 @@ int main(int argc, char** argv) {
         }
     }
     if (!args.empty() && (args[0] == "--help" || args[0] == "-h")) {
-        std::cout << kUsage;
+        std::cout << kUsage << "\nReplay script lines (one event a line):\n ";
+        for (const auto& verb : tw::Replay::verbNames())
+            std::cout << ' ' << verb;
+        std::cout << '\n';
         return 0;
     }
     if (!args.empty() && args[0] == "--version") {
