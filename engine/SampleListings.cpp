@@ -344,7 +344,7 @@ class Listings {
         }
         d.symbology(kTextLevel, 0, 0, 0);
         for (int i = 0; i < beams_; ++i)
-            d.text(beamsAt[i] - 0.1, top + 1.4, 0.3, 90, "BEAM " + std::to_string(i + 1));
+            d.text(beamsAt[i] - 0.2, top + 1.4, 0.3, 90, "BEAM " + std::to_string(i + 1));
 
         const double pile = pileSize();
         const int piles = std::max(2, beams_);
