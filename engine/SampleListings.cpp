@@ -324,14 +324,16 @@ class Listings {
         const double top = b.steps.empty() ? b.bottomLeft : *std::max_element(b.steps.begin(), b.steps.end());
         const double bottom = std::min(b.bottomLeft, b.bottomRight);
 
+        // Annotation grows with a long cap, so that it reads when the drawing is seen whole.
+        const double a = std::max(1.0, length_ / 36.0);
         d.symbology(kTextLevel, 0, 0, 0);
         for (int k = 0; k < beams_; ++k) {
             const std::string label = "EL. " + fixed(b.steps[k]);
-            const double h = 0.35, width = edges[k + 1] - edges[k];
-            if (textWidth(label, h) < 0.9 * width)
-                d.text((edges[k] + edges[k + 1]) / 2 - textWidth(label, h) / 2, b.steps[k] + 0.2, h, 0, label);
+            const double h = 0.35 * a, mid = (edges[k] + edges[k + 1]) / 2;
+            if (textWidth(label, h) < 0.9 * (edges[k + 1] - edges[k]))
+                d.text(mid - textWidth(label, h) / 2, b.steps[k] + 0.2 * a, h, 0, label);
             else
-                d.text((edges[k] + edges[k + 1]) / 2 + h / 2, b.steps[k] + 0.2, h, 90, label);
+                d.text(mid + h / 2, b.steps[k] + 0.2 * a, h, 90, label);
         }
 
         d.symbology(kBeamLevel, 3, 0, 7); // red centre lines
@@ -340,11 +342,11 @@ class Listings {
         for (int i = 0; i < beams_; ++i) {
             x += value(CtlId(Ctl::txtCenterline, i));
             beamsAt.push_back(x);
-            d.line(x, top + 1.2, x, top + 3.2);
+            d.line(x, top + 1.2 * a, x, top + 3.2 * a);
         }
         d.symbology(kTextLevel, 0, 0, 0);
         for (int i = 0; i < beams_; ++i)
-            d.text(beamsAt[i] - 0.2, top + 1.4, 0.3, 90, "BEAM " + std::to_string(i + 1));
+            d.text(beamsAt[i] - 0.2 * a, top + 1.4 * a, 0.3 * a, 90, "BEAM " + std::to_string(i + 1));
 
         const double pile = pileSize();
         const int piles = std::max(2, beams_);
@@ -359,36 +361,36 @@ class Listings {
             d.arc(px - pile / 4, foot, pile / 4, 180, 180);
             d.arc(px + pile / 4, foot, pile / 4, 0, 180);
             d.symbology(kTextLevel, 0, 0, 0);
-            d.text(px + pile / 2 + 0.45, foot + 1.0, 0.3, 90, "PILE " + std::to_string(p + 1));
+            d.text(px + pile / 2 + 0.45 * a, foot + 1.0, 0.3 * a, 90, "PILE " + std::to_string(p + 1));
         }
 
         // The cap length, dimensioned above the beam lines.
-        const double dimension = top + 4.2;
+        const double dimension = top + 4.2 * a, tick = 0.3 * a;
         d.symbology(kDimensionLevel, 6, 0, 0); // orange
         d.line(0, dimension, length_, dimension);
-        d.line(-0.3, dimension - 0.3, 0.3, dimension + 0.3);
-        d.line(length_ - 0.3, dimension - 0.3, length_ + 0.3, dimension + 0.3);
-        d.line(0, top + 0.3, 0, dimension + 0.5);
-        d.line(length_, top + 0.3, length_, dimension + 0.5);
+        d.line(-tick, dimension - tick, tick, dimension + tick);
+        d.line(length_ - tick, dimension - tick, length_ + tick, dimension + tick);
+        d.line(0, top + tick, 0, dimension + 0.5 * a);
+        d.line(length_, top + tick, length_, dimension + 0.5 * a);
         const std::string capLength = fixed(length_, 4) + " FT";
-        d.text(length_ / 2 - textWidth(capLength, 0.4) / 2, dimension + 0.2, 0.4, 0, capLength);
+        d.text(length_ / 2 - textWidth(capLength, 0.4 * a) / 2, dimension + 0.2 * a, 0.4 * a, 0, capLength);
 
         // Title block: the bent's number in a circle, then the project.
-        const double titleY = bottom - pileLength - 3.0;
+        const double titleY = bottom - pileLength - 3.0 * a;
         d.symbology(kTitleLevel, 13, 1, 0); // purple
-        d.circle(1.2, titleY + 0.5, 1.2);
-        d.text(1.2 - textWidth(b.number, 0.8) / 2, titleY + 0.1, 0.8, 0, b.number);
+        d.circle(1.2 * a, titleY + 0.5 * a, 1.2 * a);
+        d.text(1.2 * a - textWidth(b.number, 0.8 * a) / 2, titleY + 0.1 * a, 0.8 * a, 0, b.number);
         d.symbology(kTitleLevel, 0, 1, 0);
-        d.text(3.0, titleY, 1.0, 0, "ELEVATION OF BENT " + b.number);
+        d.text(3.0 * a, titleY, 1.0 * a, 0, "ELEVATION OF BENT " + b.number);
         d.symbology(kTextLevel, 0, 0, 0);
-        double lineY = titleY - 1.2;
+        double lineY = titleY - 1.2 * a;
         for (int i = 0; i < 3; ++i) {
             const std::string info = trim(app_.text(CtlId(Ctl::txtProjectInfo, i)));
             if (info.empty()) continue;
-            d.text(3.0, lineY, 0.5, 0, info);
-            lineY -= 0.9;
+            d.text(3.0 * a, lineY, 0.5 * a, 0, info);
+            lineY -= 0.9 * a;
         }
-        d.text(3.0, lineY, 0.4, 0, app_.text(Ctl::cboTybent) + ", PILES " + app_.text(Ctl::cboTypeOfPile));
+        d.text(3.0 * a, lineY, 0.4 * a, 0, app_.text(Ctl::cboTybent) + ", PILES " + app_.text(Ctl::cboTypeOfPile));
     }
 
     // The pile's side from its type ("PSC, 14 IN SQ"); 14 inches when it names none.
