@@ -7,6 +7,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <algorithm>
 #include <memory>
 #include <mutex>
 

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 
 namespace tw::drawing {
 
@@ -69,7 +69,8 @@ LineStyle lineStyleOfPen(const StyleTool* pen) {
     if (const auto id = pen->get("id")) {
         const auto at = id->find("ogr-pen-");
         if (at != std::string::npos) {
-            const int n = std::atoi(id->c_str() + at + 8);
+            int n = 0;
+            std::from_chars(id->data() + at + 8, id->data() + id->size(), n);
             if (n >= 2 && n <= 4) return LineStyle::Dashed;
             if (n == 5) return LineStyle::Dotted;
             if (n == 6 || n == 7) return LineStyle::Center;
