@@ -10,6 +10,7 @@
 #include "core/model/Inputs.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -39,6 +40,44 @@ struct Bent {
     std::vector<double> steps;
     double volume = 0; // cubic feet
 };
+
+// The lines of the drawing script, one element a line after the
+// symbology (level, colour, weight, line style) it is drawn with.
+class DrawingScript {
+  public:
+    explicit DrawingScript(std::ostream& out) : out_(out) {}
+    void symbology(int level, int color, int weight, int style) {
+        out_ << "SYMBOLOGY " << level << ' ' << color << ' ' << weight << ' ' << style << "\r\n";
+    }
+    void line(double x1, double y1, double x2, double y2) {
+        out_ << "LINE " << fixed(x1, 4) << ' ' << fixed(y1, 4) << ' ' << fixed(x2, 4) << ' ' << fixed(y2, 4) << "\r\n";
+    }
+    void shape(const std::vector<std::pair<double, double>>& points) {
+        out_ << "SHAPE " << points.size();
+        for (const auto& [x, y] : points)
+            out_ << ' ' << fixed(x, 4) << ' ' << fixed(y, 4);
+        out_ << "\r\n";
+    }
+    void circle(double x, double y, double r) {
+        out_ << "CIRCLE " << fixed(x, 4) << ' ' << fixed(y, 4) << ' ' << fixed(r, 4) << "\r\n";
+    }
+    void arc(double x, double y, double r, double start, double sweep) {
+        out_ << "ARC " << fixed(x, 4) << ' ' << fixed(y, 4) << ' ' << fixed(r, 4) << ' ' << fixed(start, 1) << ' '
+             << fixed(sweep, 1) << "\r\n";
+    }
+    void text(double x, double y, double height, double angle, std::string text) {
+        std::replace(text.begin(), text.end(), '\r', ' ');
+        std::replace(text.begin(), text.end(), '\n', ' ');
+        out_ << "TEXT " << fixed(x, 4) << ' ' << fixed(y, 4) << ' ' << fixed(height, 4) << ' ' << fixed(angle, 1) << ' '
+             << text << "\r\n";
+    }
+
+  private:
+    std::ostream& out_;
+};
+
+// Levels of the sample drawing.
+constexpr int kCapLevel = 1, kPileLevel = 2, kBeamLevel = 3, kTextLevel = 10, kDimensionLevel = 20, kTitleLevel = 30;
 
 class Listings {
   public:
@@ -262,32 +301,114 @@ class Listings {
         out << "TOTAL CAP CONCRETE " << fixed(total / 27.0) << " CU YD FOR " << bents_.size() << " BENTS\r\n";
     }
 
-    // The elevation of the first bent as lines, for the drawing batch program.
+    // The elevation of the first bent for the drawing batch program: the cap,
+    // the piles, the beam lines, elevations and titles, each on a level and
+    // in a colour of its own (see DgnBatch.cpp for the script's lines).
     void writeDrawingScript() {
         auto out = open(1);
         out << "* TARNWICK SAMPLE DRAWING SCRIPT: ELEVATION OF THE FIRST BENT\r\n";
         if (bents_.empty() || length_ <= 0) return;
         const Bent& b = bents_.front();
-        auto line = [&](double x1, double y1, double x2, double y2) {
-            out << "LINE " << fixed(x1, 4) << ' ' << fixed(y1, 4) << ' ' << fixed(x2, 4) << ' ' << fixed(y2, 4)
-                << "\r\n";
-        };
-        line(0, b.bottomLeft, length_, b.bottomRight);
-        double x = 0, previous = b.bottomLeft;
-        for (int k = 0; k < beams_; ++k) {
-            const double next = x + stepLength(k);
-            line(x, previous, x, b.steps[k]);
-            line(x, b.steps[k], next, b.steps[k]);
-            previous = b.steps[k];
-            x = next;
+        DrawingScript d(out);
+
+        d.symbology(kCapLevel, 1, 2, 0); // blue, heavy
+        std::vector<std::pair<double, double>> cap = {{0, b.bottomLeft}, {length_, b.bottomRight}};
+        std::vector<double> edges = {0};
+        for (int k = 0; k < beams_; ++k)
+            edges.push_back(edges.back() + stepLength(k));
+        for (int k = beams_ - 1; k >= 0; --k) {
+            cap.emplace_back(k == beams_ - 1 ? length_ : edges[k + 1], b.steps[k]);
+            cap.emplace_back(k == 0 ? 0 : edges[k], b.steps[k]);
         }
-        line(x, previous, length_, b.bottomRight);
+        d.shape(cap);
+        const double top = b.steps.empty() ? b.bottomLeft : *std::max_element(b.steps.begin(), b.steps.end());
+        const double bottom = std::min(b.bottomLeft, b.bottomRight);
+
+        // Annotation grows with a long cap, so that it reads when the drawing is seen whole.
+        const double a = std::max(1.0, length_ / 36.0);
+        d.symbology(kTextLevel, 0, 0, 0);
+        for (int k = 0; k < beams_; ++k) {
+            const std::string label = "EL. " + fixed(b.steps[k]);
+            const double h = 0.35 * a, mid = (edges[k] + edges[k + 1]) / 2;
+            if (textWidth(label, h) < 0.9 * (edges[k + 1] - edges[k]))
+                d.text(mid - textWidth(label, h) / 2, b.steps[k] + 0.2 * a, h, 0, label);
+            else
+                d.text(mid + h / 2, b.steps[k] + 0.2 * a, h, 90, label);
+        }
+
+        d.symbology(kBeamLevel, 3, 0, 7); // red centre lines
+        double x = 0;
+        std::vector<double> beamsAt;
+        for (int i = 0; i < beams_; ++i) {
+            x += value(CtlId(Ctl::txtCenterline, i));
+            beamsAt.push_back(x);
+            d.line(x, top + 1.2 * a, x, top + 3.2 * a);
+        }
+        d.symbology(kTextLevel, 0, 0, 0);
+        for (int i = 0; i < beams_; ++i)
+            d.text(beamsAt[i] - 0.2 * a, top + 1.4 * a, 0.3 * a, 90, "BEAM " + std::to_string(i + 1));
+
+        const double pile = pileSize();
         const int piles = std::max(2, beams_);
+        const double pileLength = 10.0;
         for (int p = 0; p < piles; ++p) {
             const double px = length_ * (p + 0.5) / piles;
-            const double bottom = b.bottomLeft + (b.bottomRight - b.bottomLeft) * px / length_;
-            line(px, bottom, px, bottom - 10.0);
+            const double under = b.bottomLeft + (b.bottomRight - b.bottomLeft) * px / length_;
+            const double foot = under - pileLength;
+            d.symbology(kPileLevel, 98, 1, 0); // green
+            d.shape({{px - pile / 2, under}, {px + pile / 2, under}, {px + pile / 2, foot}, {px - pile / 2, foot}});
+            // The pile goes on below: a break drawn as two half circles.
+            d.arc(px - pile / 4, foot, pile / 4, 180, 180);
+            d.arc(px + pile / 4, foot, pile / 4, 0, 180);
+            d.symbology(kTextLevel, 0, 0, 0);
+            d.text(px + pile / 2 + 0.45 * a, foot + 1.0, 0.3 * a, 90, "PILE " + std::to_string(p + 1));
         }
+
+        // The cap length, dimensioned above the beam lines.
+        const double dimension = top + 4.2 * a, tick = 0.3 * a;
+        d.symbology(kDimensionLevel, 6, 0, 0); // orange
+        d.line(0, dimension, length_, dimension);
+        d.line(-tick, dimension - tick, tick, dimension + tick);
+        d.line(length_ - tick, dimension - tick, length_ + tick, dimension + tick);
+        d.line(0, top + tick, 0, dimension + 0.5 * a);
+        d.line(length_, top + tick, length_, dimension + 0.5 * a);
+        const std::string capLength = fixed(length_, 4) + " FT";
+        d.text(length_ / 2 - textWidth(capLength, 0.4 * a) / 2, dimension + 0.2 * a, 0.4 * a, 0, capLength);
+
+        // Title block: the bent's number in a circle, then the project.
+        const double titleY = bottom - pileLength - 3.0 * a;
+        d.symbology(kTitleLevel, 13, 1, 0); // purple
+        d.circle(1.2 * a, titleY + 0.5 * a, 1.2 * a);
+        d.text(1.2 * a - textWidth(b.number, 0.8 * a) / 2, titleY + 0.1 * a, 0.8 * a, 0, b.number);
+        d.symbology(kTitleLevel, 0, 1, 0);
+        d.text(3.0 * a, titleY, 1.0 * a, 0, "ELEVATION OF BENT " + b.number);
+        d.symbology(kTextLevel, 0, 0, 0);
+        double lineY = titleY - 1.2 * a;
+        for (int i = 0; i < 3; ++i) {
+            const std::string info = trim(app_.text(CtlId(Ctl::txtProjectInfo, i)));
+            if (info.empty()) continue;
+            d.text(3.0 * a, lineY, 0.5 * a, 0, info);
+            lineY -= 0.9 * a;
+        }
+        d.text(3.0 * a, lineY, 0.4 * a, 0, app_.text(Ctl::cboTybent) + ", PILES " + app_.text(Ctl::cboTypeOfPile));
+    }
+
+    // The pile's side from its type ("PSC, 14 IN SQ"); 14 inches when it names none.
+    double pileSize() const {
+        const std::string type = app_.text(Ctl::cboTypeOfPile);
+        const auto inches = type.find(" IN");
+        if (inches != std::string::npos) {
+            auto start = inches;
+            while (start > 0 && std::isdigit(static_cast<unsigned char>(type[start - 1])))
+                --start;
+            if (start < inches) return std::stoi(type.substr(start, inches - start)) / 12.0;
+        }
+        return 14 / 12.0;
+    }
+
+    // About how wide a text of capitals is drawn.
+    static double textWidth(const std::string& text, double height) {
+        return 0.75 * height * static_cast<double>(text.size());
     }
 
     std::array<std::string, 10> names_;

@@ -11,9 +11,9 @@ fi
 build=build-fuzz
 CXX=clang++ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=OFF -DTARNWICK_FUZZ=ON \
   -DCMAKE_CXX_FLAGS="-fsanitize=fuzzer-no-link,address,undefined" >/dev/null
-cmake --build "$build" -j"$(nproc)" --target fuzz_reader fuzz_replay
+cmake --build "$build" -j"$(nproc)" --target fuzz_reader fuzz_replay fuzz_dgn_scene
 corpus=$(mktemp -d)
-mkdir -p "$corpus/reader" "$corpus/replay"
+mkdir -p "$corpus/reader" "$corpus/replay" "$corpus/dgn"
 cp samples/*.ebnt "$corpus/reader/"
 for s in tests/replay/*/script.txt; do cp "$s" "$corpus/replay/$(basename "$(dirname "$s")").txt"; done
 export ASAN_OPTIONS=detect_leaks=0
@@ -31,4 +31,5 @@ fuzz() {
 }
 fuzz fuzz_reader -max_len=65536 -artifact_prefix="$build/" "$corpus/reader"
 fuzz fuzz_replay -max_len=4096 -artifact_prefix="$build/" "$corpus/replay"
+fuzz fuzz_dgn_scene -max_len=8192 -artifact_prefix="$build/" "$corpus/dgn"
 rm -rf "$corpus"

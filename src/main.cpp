@@ -2,6 +2,7 @@
 #include "cli/Cli.h"
 #include "cli/Replay.h"
 #include "gui/GuiMain.h"
+#include "gui/ViewerMain.h"
 #include "platform/Platform.h"
 #include "tarnwick_version.h"
 
@@ -23,6 +24,10 @@ const char* kUsage =
     "  tarnwick dump FILE                read one input file and print every input and the bent table\n"
     "  tarnwick run FILE                 open FILE and run it, answering Yes to the save question\n"
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
+    "  tarnwick view DRAWING [--export OUT]\n"
+    "                                    the engine's drawing (a DGN file) in a window, or written\n"
+    "                                    without one as SVG, PDF or PNG by OUT's suffix\n"
+    "  tarnwick DRAWING.dgn              the same window (how the desktop opens a drawing)\n"
     "  tarnwick --help | --version\n"
     "\n"
     "Options:\n"
@@ -66,6 +71,8 @@ int main(int argc, char** argv) {
         std::cout << "tarnwick " << TW_VERSION_STRING << '\n';
         return 0;
     }
+    if (!args.empty() && args[0] == "view") return tw::runView(argc, argv, {args.begin() + 1, args.end()});
+    if (args.size() == 1 && tw::isDrawingFileName(args[0])) return tw::runView(argc, argv, args);
     if (args.empty()) {
         if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM")) {
             std::cerr << "tarnwick: no display found, so the window cannot open. The headless commands work:\n"

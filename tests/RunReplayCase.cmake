@@ -22,6 +22,11 @@ else()
   set(args replay ${WORK_DIR}/script.txt)
 endif()
 set(ENV{XDG_CONFIG_HOME} ${WORK_DIR}/xdg)
+# No program the machine associates with drawings (or anything else) reaches a case.
+file(MAKE_DIRECTORY ${WORK_DIR}/xdg-data ${WORK_DIR}/xdg-system)
+set(ENV{XDG_DATA_HOME} ${WORK_DIR}/xdg-data)
+set(ENV{XDG_DATA_DIRS} ${WORK_DIR}/xdg-system)
+set(ENV{XDG_CONFIG_DIRS} ${WORK_DIR}/xdg-system)
 set(ENV{QT_QPA_PLATFORM} offscreen)
 execute_process(COMMAND ${TARNWICK} --program-dir ${PROGRAM_DIR} ${args}
                 WORKING_DIRECTORY ${WORK_DIR}

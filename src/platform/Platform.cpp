@@ -3,9 +3,12 @@
 
 #include "core/Errors.h"
 
+#include "platform/DesktopEntry.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
 #include <QMimeDatabase>
@@ -136,21 +139,26 @@ int callEngineHere(const std::string& programDir, const std::array<std::string, 
 }
 
 AssociatedProgram Platform::associatedProgram(const std::string& file) {
+    // The desktop's counterpart of the registry's open command: the default
+    // application of the file's MIME type, read from its desktop entry.
     AssociatedProgram a;
-    const QString mime = QMimeDatabase().mimeTypeForFile(q(file), QMimeDatabase::MatchExtension).name();
+    const QMimeType mime = QMimeDatabase().mimeTypeForFile(q(file), QMimeDatabase::MatchExtension);
+    if (mime.isDefault()) return a; // a file of no known type has no program
     QProcess query;
-    query.start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"), mime});
-    if (!query.waitForFinished(5000) || query.exitStatus() != QProcess::NormalExit) {
-        a.status = AssociatedProgram::Status::NoAssociation;
-        return a;
-    }
-    const QString desktop = QString::fromLocal8Bit(query.readAllStandardOutput()).trimmed();
-    if (desktop.isEmpty()) {
-        a.status = AssociatedProgram::Status::NoAssociation;
-        return a;
-    }
+    query.start(QStringLiteral("xdg-mime"), {QStringLiteral("query"), QStringLiteral("default"), mime.name()});
+    if (!query.waitForFinished(5000) || query.exitStatus() != QProcess::NormalExit) return a;
+    const std::string id =
+        QString::fromLocal8Bit(query.readAllStandardOutput()).section(QLatin1Char(';'), 0, 0).trimmed().toStdString();
+    const std::string entry = id.empty() ? std::string() : findDesktopEntry(id, xdgDataDirs());
+    if (entry.empty()) return a;
+    a.status = AssociatedProgram::Status::Unreadable;
+    QFile f(q(entry));
+    if (!f.open(QIODevice::ReadOnly)) return a;
+    const auto exec = desktopEntryExec(f.readAll().toStdString());
+    const auto command = exec ? openCommandFromExec(*exec) : std::nullopt;
+    if (!command) return a;
     a.status = AssociatedProgram::Status::Found;
-    a.command = "gtk-launch " + desktop.toStdString() + " \"%1\"";
+    a.command = *command;
     return a;
 }
 

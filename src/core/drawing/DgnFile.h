@@ -1,0 +1,69 @@
+// The engine's drawing (a MicroStation V7 design file) as plain records, one
+// per element, and the turn of those records into a Scene. Reading the file
+// itself is the platform's business, behind DrawingFileReader.
+#pragma once
+
+#include "core/drawing/Scene.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tw::drawing {
+
+// An elliptical arc as the file gives it, when a reader knows it (angles in
+// degrees, counter-clockwise).
+struct DgnArc {
+    Point center;
+    double rx = 0, ry = 0, rotation = 0, start = 0, sweep = 360;
+};
+
+struct DgnElement {
+    enum class Kind { Line, LineString, Shape, Arc, Ellipse, Text, Curve, ComplexChain, ComplexShape, Point, Other };
+    Kind kind = Kind::Other;
+    int type = 0; // the element type number of the file
+
+    // The outline: one path for most elements, several for a shape with holes
+    // or a chain of pieces. A text stands at paths[0][0].
+    std::vector<std::vector<Point>> paths;
+    bool closed = false; // the paths are rings
+
+    int level = 0;
+    int colorIndex = -1;       // into the file's colour table; -1: none
+    std::optional<Color> rgb;  // the colour itself, when the reader knows it
+    int weight = -1;           // 0..31; -1: none
+    int style = -1;            // 0..7; -1: none
+    std::optional<Color> fill; // the fill colour of a filled shape
+
+    std::string text;
+    std::optional<double> textSize;  // height of capitals in design units
+    std::optional<double> textAngle; // degrees, counter-clockwise
+
+    std::optional<DgnArc> arc;
+
+    // The reader's feature style string (PEN, BRUSH, LABEL), as given.
+    std::string styleString;
+};
+
+// Reads a drawing file into records. False with one sentence in `error`
+// (naming the file) when the file is missing, not a drawing or damaged.
+class DrawingFileReader {
+  public:
+    virtual ~DrawingFileReader() = default;
+    virtual bool read(const std::string& path, std::vector<DgnElement>& elements, std::string& error) = 0;
+};
+
+// What stands wrong with the element chain of a V7 design file: elements
+// running past the end, or no end-of-design mark. Nothing when it is whole.
+std::optional<std::string> dgnChainProblem(std::string_view bytes);
+
+// The colour of an index in the standard colour table of a design file.
+Color dgnColor(int index);
+
+// The drawing, one shape per path (a text: one shape), on the element's
+// level, in its colour, weight and line style. Points that are not numbers
+// are left out; an element with nothing left to draw is skipped.
+Scene sceneFromDgn(const std::vector<DgnElement>& elements);
+
+} // namespace tw::drawing

@@ -1,0 +1,76 @@
+#include "gui/ViewerMain.h"
+
+#include "gui/DrawingViewer.h"
+#include "platform/GdalDrawingReader.h"
+#include "render/ScenePainter.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMessageBox>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace tw {
+
+namespace {
+
+bool hasDisplay() { return std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY") || std::getenv("QT_QPA_PLATFORM"); }
+
+int exportDrawing(int& argc, char** argv, const std::string& file, const std::string& out) {
+    LoadedDrawing drawing;
+    std::string error;
+    if (!loadDrawing(file, drawing, error)) {
+        std::cerr << "tarnwick: " << error << '\n';
+        return 1;
+    }
+    // Writing a file needs no screen: without one, Qt draws offscreen for this command.
+    if (!hasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    QString why;
+    if (!exportScene(drawing.scene, QString::fromStdString(out), &why,
+                     QFileInfo(QString::fromStdString(file)).fileName())) {
+        std::cerr << "tarnwick: " << why.toStdString() << '\n';
+        return 1;
+    }
+    return 0;
+}
+
+int showDrawing(int& argc, char** argv, const std::string& file) {
+    if (!hasDisplay()) {
+        std::cerr << "tarnwick: no display found, so the drawing cannot be shown; "
+                     "`tarnwick view DRAWING --export OUT` writes it as SVG, PDF or PNG.\n";
+        return 1;
+    }
+    LoadedDrawing drawing;
+    std::string error;
+    const bool loaded = loadDrawing(file, drawing, error);
+    if (!loaded) std::cerr << "tarnwick: " << error << '\n';
+    QApplication app(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Norvale"));
+    QApplication::setApplicationName(QStringLiteral("Tarnwick"));
+    if (!loaded) {
+        QMessageBox::critical(nullptr, QStringLiteral("Tarnwick drawing viewer"), QString::fromStdString(error));
+        return 1;
+    }
+    DrawingViewer viewer(std::move(drawing.scene), QString::fromStdString(file), drawing.elements);
+    viewer.placeOnScreen();
+    viewer.show();
+    return app.exec();
+}
+
+} // namespace
+
+bool isDrawingFileName(const std::string& arg) {
+    return arg.size() > 4 && QString::fromStdString(arg).endsWith(QLatin1String(".dgn"), Qt::CaseInsensitive);
+}
+
+int runView(int& argc, char** argv, const std::vector<std::string>& args) {
+    if (args.size() == 1 && args[0].rfind("--", 0) != 0) return showDrawing(argc, argv, args[0]);
+    if (args.size() == 3 && args[1] == "--export") return exportDrawing(argc, argv, args[0], args[2]);
+    std::cerr << "tarnwick: view needs a drawing, and --export OUT to write it without a window\n";
+    return 2;
+}
+
+} // namespace tw
