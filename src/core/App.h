@@ -7,6 +7,7 @@
 #include "core/UserActions.h"
 #include "core/model/Form.h"
 #include "core/model/Grid.h"
+#include "core/model/ProjectState.h"
 #include "core/ports.h"
 
 #include <cstdint>
@@ -61,6 +62,12 @@ class App {
     std::int16_t bentCounter = 0;
     std::vector<std::string> bentRegister;
     bool saveFailed = false;
+
+    // The project as it was last saved, opened or started afresh; what
+    // differs from it is the user's unsaved work.
+    ProjectState savedProject;
+    void markSaved() { savedProject = captureProject(*this); }
+    bool modified() const { return captureProject(*this) != savedProject; }
 
     // The file dialog's file name: the working copy of the current file path.
     std::string dialogFileName;

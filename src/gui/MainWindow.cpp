@@ -65,14 +65,21 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, kFrmMain, this) {
     });
 
     auto* central = new QWidget;
-    auto* h = new QHBoxLayout(central);
+    auto* v = new QVBoxLayout(central);
+    v->setContentsMargins(0, 0, 0, 0);
+    notices_ = new QVBoxLayout;
+    v->addLayout(notices_);
+    auto* h = new QHBoxLayout;
     h->addWidget(tabs_, 1);
     h->addWidget(sketchPanel());
+    v->addLayout(h, 1);
     setCentralWidget(central);
     buildMenus();
     buildToolbar();
     resize(1280, 720);
 }
+
+void MainWindow::addNotice(QWidget* bar) { notices_->addWidget(bar); }
 
 void MainWindow::row(QGridLayout* grid, const QString& prompt, QWidget* field, const QString& unit) {
     const int r = grid->rowCount();

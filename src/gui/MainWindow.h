@@ -24,6 +24,8 @@ class MainWindow : public QMainWindow {
     Binder& binder() { return binder_; }
     QTableWidget* grid() const { return grid_; }
     QTabWidget* tabs() const { return tabs_; }
+    // A bar across the top of the window, above the form (a message that needs no answer now).
+    void addNotice(QWidget* bar);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -49,6 +51,7 @@ class MainWindow : public QMainWindow {
     Binder binder_;
     QTabWidget* tabs_ = nullptr;
     QTableWidget* grid_ = nullptr;
+    QVBoxLayout* notices_ = nullptr;
     bool syncing_ = false;
 };
 

@@ -3,8 +3,8 @@
 
 #include "core/inputfile/Codepage.h"
 #include "core/inputfile/InputFile.h"
-#include "core/model/Numeric.h"
 #include "core/model/Inputs.h"
+#include "core/model/Numeric.h"
 
 #include <gtest/gtest.h>
 
@@ -248,6 +248,43 @@ TEST(InputFileReader, RefusesWrongCodesAndJunkWithoutCrashing) {
         longLines.insert(p, std::string(5000, '9'));
     EXPECT_TRUE(takes(longLines));
     EXPECT_TRUE(takes(good + "trailing notes\r\n"));
+}
+
+} // namespace
+} // namespace tw
+
+namespace tw {
+namespace {
+
+// The project counts as modified from the first change until it is saved or
+// opened again; a save the pile-box check cut short leaves it modified.
+TEST(ModifiedProject, FollowsChangesSavesAndOpens) {
+    test::Loaded app;
+    EXPECT_FALSE(app->modified());
+    app->actions.type(Ctl::txtCapLength, "40");
+    EXPECT_TRUE(app->modified());
+
+    const auto dir = std::filesystem::temp_directory_path() / "tw-modified-test";
+    std::filesystem::create_directories(dir);
+    const std::string path = (dir / "bent.ebnt").string();
+    app.ports.files = {path};
+    app->actions.click(Ctl::mnuSave);
+    EXPECT_FALSE(app->modified());
+
+    app->actions.choose(Ctl::cboWingParallel, 0);
+    app->actions.choose(Ctl::cboWingwallPileBox, 3);
+    EXPECT_TRUE(app->modified());
+    app.ports.answers = {MsgAnswer::Yes}; // "Save file as ..."
+    app->actions.click(Ctl::mnuSave);
+    EXPECT_TRUE(app->saveFailed) << "equal pile-box distances stop the file";
+    EXPECT_TRUE(app->modified());
+
+    app.ports.files = {path};
+    app.ports.answers = {MsgAnswer::Yes}; // revert to the saved copy
+    app->actions.click(Ctl::mnuOpen);
+    EXPECT_FALSE(app->modified());
+    EXPECT_EQ(app->text(Ctl::cboWingwallPileBox), "0");
+    std::filesystem::remove_all(dir);
 }
 
 } // namespace

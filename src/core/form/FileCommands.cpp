@@ -32,6 +32,8 @@ FileDialogRequest saveDialog(const char* filter, const char* defaultExt, const s
 bool writeAndCaption(App& app, const std::string& path) {
     if (!writeInputFile(app, path)) return false;
     setMainCaption(app, true);
+    // A file the pile-box check cut short holds less than the form.
+    if (!app.saveFailed) app.markSaved();
     return true;
 }
 
@@ -43,9 +45,10 @@ void newProject(App& app) {
 
 void readProject(App& app, const std::string& path) {
     resetForm(app);
-    if (readInputFile(app, path))
+    if (readInputFile(app, path)) {
         setMainCaption(app, true);
-    else
+        app.markSaved();
+    } else
         resetForm(app); // never leave a half-read project on the form
 }
 

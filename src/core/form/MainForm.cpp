@@ -86,6 +86,7 @@ void resetForm(App& app) {
     clearBeamRows(app);
     setMainCaption(app, false);
     app.actions.selectTab(0);
+    app.markSaved();
 }
 
 void setupPanes(App& app) {
