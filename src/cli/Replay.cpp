@@ -27,7 +27,7 @@ std::string joinFrom(const std::vector<ScriptWord>& w, size_t from) {
         std::string t = w[i].text;
         if (!w[i].quoted) { // "\b" stands for Backspace in plain words too
             for (size_t p; (p = t.find("\\b")) != std::string::npos;)
-                t.replace(p, 2, "\b");
+                t.replace(p, 2, 1, '\b');
         }
         s += t;
     }

@@ -42,7 +42,7 @@ std::string restore(const std::string& field, int decimals) {
     std::string t = trim(field);
     if (decimals == 0) return t;
     if (static_cast<int>(t.size()) < decimals + 1) return "";
-    t.insert(t.size() - decimals, ".");
+    t.insert(t.size() - decimals, 1, '.');
     return t == "." ? "" : t;
 }
 
@@ -129,7 +129,7 @@ class Reader {
         if (bents_ < 0) fail(err::kTypeMismatch, "Type mismatch: a negative number of bents");
         const std::string beams = trim(take(2));
         take(1); // the bent-drawn code stands in column 11 alone
-        const std::string drawn = " " + take(1);
+        const std::string drawn = ' ' + take(1);
         const std::string skew = take(1);
         batteredCount_ = trim(take(2));
         const std::string type = take(1);
