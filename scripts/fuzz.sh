@@ -9,7 +9,7 @@ if ! command -v clang++ >/dev/null; then
   exit 0
 fi
 build=build-fuzz
-CXX=clang++ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=OFF -DTARNWICK_FUZZ=ON \
+CXX=clang++ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DBUILD_TESTING=OFF -DTARNWICK_FUZZ=ON -DTARNWICK_WERROR=ON \
   -DCMAKE_CXX_FLAGS="-fsanitize=fuzzer-no-link,address,undefined" >/dev/null
 cmake --build "$build" -j"$(nproc)" --target fuzz_reader fuzz_replay fuzz_dgn_scene
 corpus=$(mktemp -d)

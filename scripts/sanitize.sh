@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=build-sanitize
-cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Debug -DTARNWICK_SANITIZE=ON >/dev/null
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Debug -DTARNWICK_SANITIZE=ON -DTARNWICK_WERROR=ON >/dev/null
 cmake --build "$build" -j"$(nproc)"
 # A crashing engine must crash its process as it would without the sanitizer.
 export ASAN_OPTIONS="detect_leaks=1:abort_on_error=1:strict_string_checks=1:handle_segv=0"

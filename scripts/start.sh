@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Sets everything up and starts Tarnwick on the sample engine. Without a
+# Sets everything up, registers Tarnwick with the user's desktop (menu entry,
+# icon, .ebnt and .dgn files) and starts it on the sample engine. Without a
 # display it says so and runs a sample project headlessly instead.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh build
+scripts/register-desktop.sh build/bin/tarnwick || echo "Tarnwick could not be registered with the desktop."
 if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
   exec build/bin/tarnwick
 fi

@@ -7,10 +7,12 @@
 #include "tarnwick_version.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -19,7 +21,7 @@ namespace {
 
 const char* kUsage =
     "Usage:\n"
-    "  tarnwick                          the window (splash, then the main form)\n"
+    "  tarnwick [FILE]                   the window (splash, then the main form, opening FILE)\n"
     "  tarnwick check FILE...            read each input file; exit 0 if all read\n"
     "  tarnwick dump FILE                read one input file and print every input and the bent table\n"
     "  tarnwick run FILE                 open FILE and run it, answering Yes to the save question\n"
@@ -32,7 +34,21 @@ const char* kUsage =
     "\n"
     "Options:\n"
     "  --program-dir DIR                 the program folder (Ebent.ini, the engine library,\n"
-    "                                    Drawing/, help); default: the folder of the executable\n";
+    "                                    Drawing/, help); default: EXEDIR/" TW_PROGRAM_DIR_FROM_BIN "\n"
+    "                                    if it exists, else EXEDIR, the executable's folder\n";
+
+// Installed, the program folder sits beside bin/; in the build tree it is the
+// executable's own folder.
+std::string defaultProgramDir() {
+    const QString exeDir = QString::fromStdString(tw::executableDir());
+    const QString installed = QDir::cleanPath(exeDir + QStringLiteral("/" TW_PROGRAM_DIR_FROM_BIN));
+    return (QDir(installed).exists() ? installed : exeDir).toStdString();
+}
+
+bool isCommand(const std::string& arg) {
+    return arg == "check" || arg == "dump" || arg == "run" || arg == "replay" || arg == "view" || arg == "draw" ||
+           arg.rfind('-', 0) == 0;
+}
 
 } // namespace
 
@@ -73,7 +89,8 @@ int main(int argc, char** argv) {
     }
     if (!args.empty() && args[0] == "view") return tw::runView(argc, argv, {args.begin() + 1, args.end()});
     if (args.size() == 1 && tw::isDrawingFileName(args[0])) return tw::runView(argc, argv, args);
-    if (args.empty()) {
+    // `tarnwick FILE` (the desktop's way to open a project) is the window, opening FILE.
+    if (args.empty() || (args.size() == 1 && !isCommand(args[0]))) {
         if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM")) {
             std::cerr << "tarnwick: no display found, so the window cannot open. The headless commands work:\n"
                       << kUsage;
@@ -81,15 +98,22 @@ int main(int argc, char** argv) {
         }
         if (programDir.empty()) {
             QCoreApplication probe(argc, argv);
-            programDir = tw::executableDir();
+            programDir = defaultProgramDir();
         }
-        return tw::runGui(argc, argv, programDir);
+        std::string file;
+        if (!args.empty()) {
+            // Absolute and without "./": Run derives its file names from the whole path.
+            std::error_code error;
+            const auto path = std::filesystem::absolute(args[0], error);
+            file = error ? args[0] : path.lexically_normal().string();
+        }
+        return tw::runGui(argc, argv, programDir, file);
     }
 
     QCoreApplication qapp(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Norvale"));
     tw::CliOptions opt;
-    opt.programDir = programDir.empty() ? tw::executableDir() : programDir;
+    opt.programDir = programDir.empty() ? defaultProgramDir() : programDir;
     const std::string& cmd = args[0];
     std::vector<std::string> rest(args.begin() + 1, args.end());
     if (cmd == "replay" && rest.size() == 1) return tw::cliReplay(opt, rest[0]);

@@ -6,6 +6,14 @@
 #   CASE_DIR/program-dir    a folder under ENGINES_DIR to use as the program folder
 #   CASE_DIR/files/         copied into WORK_DIR before the run
 #   CASE_DIR/expected-files/NAME   WORK_DIR/NAME must hold these bytes afterwards
+# Run cuts file names at the first "." of the whole path, so a WORK_DIR with a
+# dot in its path gives way to a fresh temporary folder, removed when the case
+# passes.
+if(WORK_DIR MATCHES "\\.")
+  include(${CMAKE_CURRENT_LIST_DIR}/TempDir.cmake)
+  tw_temp_dir(WORK_DIR tarnwick-replay)
+  set(temporary_work_dir ON)
+endif()
 if(EXISTS ${CASE_DIR}/program-dir)
   file(STRINGS ${CASE_DIR}/program-dir sub LIMIT_COUNT 1)
   set(PROGRAM_DIR ${ENGINES_DIR}/${sub})
@@ -42,7 +50,7 @@ file(WRITE ${WORK_DIR}/actual.txt "${out}")
 file(READ ${CASE_DIR}/expected.txt expected)
 if(NOT out STREQUAL expected)
   execute_process(COMMAND diff -u ${CASE_DIR}/expected.txt ${WORK_DIR}/actual.txt)
-  message(FATAL_ERROR "output differs from ${CASE_DIR}/expected.txt (stderr: ${err})")
+  message(FATAL_ERROR "output differs from ${CASE_DIR}/expected.txt (stderr: ${err}; work folder ${WORK_DIR})")
 endif()
 if(NOT rc STREQUAL expected_rc)
   message(FATAL_ERROR "exit status ${rc}, expected ${expected_rc} (stderr: ${err})")
@@ -57,4 +65,7 @@ if(EXISTS ${CASE_DIR}/expected-files)
       message(FATAL_ERROR "${f} differs from expected-files/${f}")
     endif()
   endforeach()
+endif()
+if(temporary_work_dir)
+  file(REMOVE_RECURSE ${WORK_DIR})
 endif()

@@ -64,7 +64,7 @@ std::string Replay::textFrom(const Line& l, size_t from) {
         std::string t = l.words[i].text;
         if (!l.words[i].quoted)
             for (size_t p; (p = t.find("\\b")) != std::string::npos;)
-                t.replace(p, 2, "\b");
+                t.replace(p, 2, 1, '\b');
         s += t;
     }
     return s;

@@ -6,23 +6,54 @@
 #include "gui/MainWindow.h"
 #include "platform/Platform.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDir>
+#include <QIcon>
 #include <QScreen>
 #include <QTimer>
 
 #include <map>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace tw {
 
-int runGui(int& argc, char** argv, const std::string& programDir) {
-    QApplication qapp(argc, argv);
+namespace {
+// Answers the first Open dialog with the file named on the command line.
+class StartPorts : public GuiPorts {
+  public:
+    explicit StartPorts(std::string file) : file_(std::move(file)) {}
+    std::optional<std::string> fileDialog(const FileDialogRequest& request) override {
+        if (request.kind == FileDialogKind::Open && !file_.empty()) return std::exchange(file_, {});
+        return GuiPorts::fileDialog(request);
+    }
+
+  private:
+    std::string file_;
+};
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const QFileInfo& png : QDir(QStringLiteral(":/icons")).entryInfoList(QDir::Files))
+        icon.addFile(png.filePath());
+    return icon;
+}
+} // namespace
+
+int runGui(int& argc, char** argv, const std::string& programDir, const std::string& file) {
+    std::optional<QApplication> ownApp; // a test brings its own
+    if (!QCoreApplication::instance()) ownApp.emplace(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Norvale"));
     QApplication::setApplicationName(QStringLiteral("Tarnwick"));
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(programIcon());
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.norvale.Tarnwick"));
 
-    GuiPorts ports;
+    StartPorts ports(file);
     Platform platform;
+    bool openPending = !file.empty();
     App app(ports, platform, programDir);
     std::unique_ptr<MainWindow> main;
     std::map<std::string, FormWindow*> windows;
@@ -52,7 +83,13 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
                        screen.y() + (screen.height() - main->height()) / 2);
             main->refresh();
             main->show();
-            if (quitWhenShown) QTimer::singleShot(0, &qapp, [] { QCoreApplication::exit(0); });
+            if (openPending) { // `tarnwick FILE`: File > Open, its dialog answered with FILE
+                openPending = false;
+                QTimer::singleShot(0, main.get(), [&] {
+                    if (auto* open = main->findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();
+                });
+            }
+            if (quitWhenShown) QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
             return;
         }
         auto it = windows.find(form);
@@ -81,13 +118,13 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
     };
 
     // Quitting from the splash (its close button) ends the program.
-    QObject::connect(windows[kFrmSplash], &QDialog::finished, &qapp, [&] {
+    QObject::connect(windows[kFrmSplash], &QDialog::finished, qApp, [&] {
         if (!main->isVisible()) QCoreApplication::exit(0);
     });
     showSplash(app);
     if (quitWhenShown) // measuring start-up: go straight on to the main form
-        QTimer::singleShot(0, &qapp, [&] { app.actions.click(Target(kFrmSplash, Ctl::cmdOK)); });
-    const int status = qapp.exec();
+        QTimer::singleShot(0, qApp, [&] { app.actions.click(Target(kFrmSplash, Ctl::cmdOK)); });
+    const int status = QApplication::exec();
     windows.clear();
     return status;
 }

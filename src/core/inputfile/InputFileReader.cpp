@@ -35,7 +35,7 @@ std::string restore(const std::string& field, int decimals) {
     std::string t = trim(field);
     if (decimals == 0) return t;
     if (static_cast<int>(t.size()) < decimals + 1) return "";
-    t.insert(t.size() - decimals, ".");
+    t.insert(t.size() - decimals, 1, '.');
     return t == "." ? "" : t;
 }
 

@@ -101,7 +101,7 @@ InputFileText composeInputFile(App& app) { return Writer(app).compose(); }
 bool writeInputFile(App& app, const std::string& path) {
     namespace fs = std::filesystem;
     const fs::path target(path);
-    const fs::path temp = target.parent_path() / ("." + target.filename().string() + ".saving");
+    const fs::path temp = target.parent_path() / ('.' + target.filename().string() + ".saving");
     try {
         const InputFileText text = composeInputFile(app);
         {

@@ -32,7 +32,7 @@ std::optional<Ctl> ctlFromName(std::string_view name) {
 
 std::string toString(const CtlId& id) {
     std::string s(ctlName(id.ctl));
-    if (id.index >= 0) s += "(" + std::to_string(id.index) + ")";
+    if (id.index >= 0) s.append("(").append(std::to_string(id.index)).append(")");
     return s;
 }
 
