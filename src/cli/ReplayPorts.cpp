@@ -83,8 +83,9 @@ void ReplayPorts::print(const PrintDocument& doc) {
     out_ << "print " << quote(doc.file) << ' ' << doc.lines.size() << " lines\n";
 }
 
-void ReplaySystem::shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) {
+bool ReplaySystem::shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) {
     out_ << "shell-open " << quote(file) << ' ' << quote(parameters) << ' ' << quote(folder) << '\n';
+    return true;
 }
 
 ProcessResult ReplaySystem::startAndWait(const std::string& commandLine) {

@@ -51,7 +51,7 @@ class ReplaySystem : public SystemPorts {
   public:
     ReplaySystem(std::ostream& out, SystemPorts& platform) : out_(out), platform_(platform) {}
 
-    void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
+    bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
     ProcessResult startAndWait(const std::string& commandLine) override;
     bool startDetached(const std::string& commandLine) override;
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;

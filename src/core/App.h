@@ -73,6 +73,8 @@ class App {
     std::string dialogFileName;
     // The current file path (empty while the project has no file).
     std::string currentFile;
+    // Where the last Run put the engine's outputs: their base name, folder included.
+    std::string runOutputBase;
 
     // What the user does enters here: the window and the replay call nothing else.
     UserActions actions{*this};

@@ -27,7 +27,7 @@ class QuietPorts : public UserPorts, public SystemPorts {
     void windowClose(const std::string&) override {}
     void pictureLoaded(const std::string&, const std::string&) override {}
 
-    void shellOpen(const std::string&, const std::string&, const std::string&) override {}
+    bool shellOpen(const std::string&, const std::string&, const std::string&) override { return true; }
     ProcessResult startAndWait(const std::string&) override { return {}; }
     bool startDetached(const std::string&) override { return false; }
     EngineResult callEngine(const std::string&, const std::array<std::string, 10>&) override { return {}; }

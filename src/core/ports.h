@@ -63,6 +63,10 @@ class UserPorts {
     // True to go on printing, false when cancelled.
     virtual bool printerDialog() = 0;
     virtual void print(const PrintDocument& doc) = 0;
+    // The documents of one Print command are done: the printer may finish the job.
+    virtual void endPrintJob() {}
+    // A document the desktop has no program for (the user guide), shown inside the program.
+    virtual void showDocument(const std::string& file) { (void)file; }
 
     virtual void setBusyCursor(bool busy) = 0;
     virtual void windowShow(const std::string& form, const std::string& caption) = 0;
@@ -82,8 +86,9 @@ class SystemPorts {
   public:
     virtual ~SystemPorts() = default;
 
-    // Opens a document with the desktop's program for it; a relative name is taken from `folder`.
-    virtual void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) = 0;
+    // Opens a document with the desktop's program for it; a relative name is
+    // taken from `folder`. False when the desktop has no program to open it with.
+    virtual bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) = 0;
     // Starts a command line without a shell and waits for its end while the
     // user interface keeps processing events.
     virtual ProcessResult startAndWait(const std::string& commandLine) = 0;

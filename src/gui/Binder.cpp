@@ -10,8 +10,9 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QTextCursor>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -48,7 +49,25 @@ int utf16Position(const std::string& text, int bytes) {
     return static_cast<int>(QString::fromUtf8(text.data(), n).size());
 }
 
+// Hands the wheel on to the page while the user has not picked the box.
+class WheelSafeCombo : public QComboBox {
+  public:
+    using QComboBox::QComboBox;
+
+  protected:
+    void wheelEvent(QWheelEvent* e) override {
+        if (hasFocus())
+            QComboBox::wheelEvent(e);
+        else
+            e->ignore();
+    }
+};
+
 } // namespace
+
+const char* const kClosingFieldTip =
+    "What the cap length leaves after the values entered above it; it is worked out, not typed.\n"
+    "Yellow: some length is left. Red: nothing or less than nothing is left.";
 
 Binder::Binder(App& app, std::string form, QObject* parent) : QObject(parent), app_(app), form_(std::move(form)) {}
 
@@ -64,12 +83,19 @@ QLineEdit* Binder::lineEdit(const CtlId& id, QWidget* parent) {
 }
 
 QComboBox* Binder::comboBox(const CtlId& id, QWidget* parent) {
-    auto* c = new QComboBox(parent);
+    auto* c = new WheelSafeCombo(parent);
     c->setObjectName(q(toString(id)));
+    c->setFocusPolicy(Qt::StrongFocus);
+    c->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     c->installEventFilter(this);
     bindings_.push_back({id, Type::Combo, c});
     connect(c, &QComboBox::activated, this, [this, id](int index) { app_.actions.choose(target(id), index); });
     return c;
+}
+
+QWidget* Binder::field(const CtlId& id, QWidget* parent) {
+    if (data(id).kind == Kind::ComboBox) return comboBox(id, parent);
+    return lineEdit(id, parent);
 }
 
 QLabel* Binder::label(const CtlId& id, QWidget* parent, bool clickable) {
@@ -110,9 +136,16 @@ QPlainTextEdit* Binder::textView(const CtlId& id, QWidget* parent) {
     return t;
 }
 
-void Binder::bindVisibility(const CtlId& id, QWidget* w) {
-    w->installEventFilter(this);
-    bindings_.push_back({id, Type::Other, w});
+void Binder::bindVisibility(const CtlId& id, QWidget* w) { bindings_.push_back({id, Type::Other, w}); }
+
+void Binder::bindGroup(QGroupBox* g) { bindings_.push_back({CtlId(), Type::ViewGroup, g}); }
+
+bool Binder::holdsVisibleField(const QWidget* group) const {
+    for (const auto& b : bindings_) {
+        if ((b.type != Type::Line && b.type != Type::Combo) || !b.widget || !data(b.id).visible) continue;
+        if (group->isAncestorOf(b.widget)) return true;
+    }
+    return false;
 }
 
 const Binder::Binding* Binder::find(const QObject* w) const {
@@ -168,8 +201,14 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 void Binder::syncOne(const Binding& b) {
     QWidget* w = b.widget;
     if (!w) return;
+    if (b.type == Type::ViewGroup) {
+        const bool show = holdsVisibleField(w);
+        if (w->isHidden() == show) w->setVisible(show);
+        return;
+    }
     const Control& c = data(b.id);
-    if (w->isHidden() == c.visible) w->setVisible(c.visible);
+    const bool visible = c.visible && (b.type != Type::Group || holdsVisibleField(w));
+    if (w->isHidden() == visible) w->setVisible(visible);
     if (w->isEnabled() != c.enabled) w->setEnabled(c.enabled);
     switch (b.type) {
     case Type::Line: {
@@ -177,7 +216,12 @@ void Binder::syncOne(const Binding& b) {
         const QSignalBlocker block(e);
         const QString t = q(c.text);
         if (e->text() != t) e->setText(t);
-        if (e->isReadOnly() != c.locked) e->setReadOnly(c.locked);
+        if (e->isReadOnly() != c.locked) {
+            e->setReadOnly(c.locked);
+            // Tab passes over what the user cannot change.
+            e->setFocusPolicy(c.locked ? Qt::ClickFocus : Qt::StrongFocus);
+            e->setToolTip(c.locked ? QString::fromUtf8(kClosingFieldTip) : QString());
+        }
         const QColor color = colorOf(c.color);
         QPalette p = e->palette();
         const QColor want = color.isValid() ? color : QPalette().color(QPalette::Base);
@@ -231,11 +275,12 @@ void Binder::syncOne(const Binding& b) {
         text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
         if (t->toPlainText() != text) {
             t->setPlainText(text);
-            t->verticalScrollBar()->setValue(t->verticalScrollBar()->maximum());
+            t->moveCursor(QTextCursor::Start); // the listing is read from its top
         }
         break;
     }
-    case Type::Other: break;
+    case Type::Other:
+    case Type::ViewGroup: break;
     }
 }
 

@@ -15,11 +15,12 @@ class QComboBox;
 class QLabel;
 class QGroupBox;
 class QPushButton;
-class QTableWidget;
-class QTabWidget;
 class QPlainTextEdit;
 
 namespace tw {
+
+// What a locked, coloured closing field tells the user.
+extern const char* const kClosingFieldTip;
 
 class Binder : public QObject {
     Q_OBJECT
@@ -27,13 +28,19 @@ class Binder : public QObject {
     Binder(App& app, std::string form, QObject* parent = nullptr);
 
     QLineEdit* lineEdit(const CtlId& id, QWidget* parent = nullptr);
+    // A combo box that takes the mouse wheel only while it has the focus, so
+    // the wheel over a page scrolls the page instead of changing a value.
     QComboBox* comboBox(const CtlId& id, QWidget* parent = nullptr);
+    // The field for an input: a combo box for a choice, a line edit otherwise.
+    QWidget* field(const CtlId& id, QWidget* parent = nullptr);
     QLabel* label(const CtlId& id, QWidget* parent = nullptr, bool clickable = false);
     QGroupBox* groupBox(const CtlId& id, QWidget* parent = nullptr);
     QPushButton* button(const CtlId& id, QWidget* parent = nullptr);
     QPlainTextEdit* textView(const CtlId& id, QWidget* parent = nullptr);
-    // Any other widget whose visibility follows a control (a scrolled pane).
+    // Any other widget whose visibility follows a control (a prompt or unit of the view's own).
     void bindVisibility(const CtlId& id, QWidget* w);
+    // A group of the view's own: shown while it holds a visible field.
+    void bindGroup(QGroupBox* g);
 
     // Copies the form's data into every bound widget.
     void sync();
@@ -43,7 +50,7 @@ class Binder : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    enum class Type { Line, Combo, Label, Group, Button, Text, Other };
+    enum class Type { Line, Combo, Label, Group, Button, Text, Other, ViewGroup };
     struct Binding {
         CtlId id;
         Type type;
@@ -53,6 +60,8 @@ class Binder : public QObject {
     Target target(const CtlId& id) const { return Target(form_, id); }
     const Binding* find(const QObject* w) const;
     void syncOne(const Binding& b);
+    // A group is worth showing while one of its fields is shown.
+    bool holdsVisibleField(const QWidget* group) const;
 
     App& app_;
     std::string form_;

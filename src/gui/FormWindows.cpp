@@ -12,6 +12,8 @@
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 namespace tw {
@@ -98,7 +100,15 @@ FormWindow* makePreviewWindow(App& app, QWidget* parent) {
     h->addStretch(1);
     h->addWidget(b.button(Ctl::cmdQuit));
     v->addLayout(h);
-    w->resize(900, 600);
+    // A listing line is up to a hundred columns: room for them and forty lines, where the screen has it.
+    const QFontMetrics fm(mono);
+    const int frame = 2 * text->frameWidth() + text->verticalScrollBar()->sizeHint().width() +
+                      2 * static_cast<int>(text->document()->documentMargin());
+    const QSize textSize(fm.horizontalAdvance(QString(kPreviewColumns, QLatin1Char('M'))) + frame,
+                         fm.lineSpacing() * kPreviewLines + frame);
+    const QMargins m = v->contentsMargins();
+    w->resize(textSize.width() + m.left() + m.right(),
+              textSize.height() + m.top() + m.bottom() + v->spacing() + h->sizeHint().height());
     return w;
 }
 

@@ -28,6 +28,9 @@ class FormWindow : public QDialog {
 // frmSplash and frmAbout: title, version, disclaimer and OK.
 FormWindow* makeSplashOrAbout(App& app, const std::string& form, QWidget* parent);
 FormWindow* makePrinterWindow(App& app, QWidget* parent);
+// The preview opens with room for this many columns and lines of its fixed-pitch font, where the screen allows.
+inline constexpr int kPreviewColumns = 100;
+inline constexpr int kPreviewLines = 40;
 FormWindow* makePreviewWindow(App& app, QWidget* parent);
 
 class PictureWindow : public FormWindow {

@@ -4,6 +4,7 @@
 #include "gui/FormWindows.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
+#include "gui/WindowPlacement.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -33,6 +34,19 @@ class StartPorts : public GuiPorts {
   private:
     std::string file_;
 };
+
+// The old forms' places, for the real windows: the splash and the sketch
+// centred on the screen, the printer window and the preview on the main
+// window, the About box a little inside its corner.
+void placeForm(const std::string& form, QWidget* w, const QWidget* main) {
+    constexpr int kAboutOffset = 80;
+    if (form == kFrmAbout && main->isVisible())
+        placeAt(w, main->frameGeometry().topLeft() + QPoint(kAboutOffset, kAboutOffset));
+    else if (form == kFrmIPrinter || form == kFrmViewTest)
+        centre(w, main);
+    else
+        centre(w);
+}
 
 QIcon programIcon() {
     QIcon icon;
@@ -65,6 +79,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
             if (w->isVisible()) w->refresh();
     };
     main = std::make_unique<MainWindow>(app);
+    keepOnScreen(main.get());
     app.actions.afterEach(refreshAll);
     ports.setParent(main.get());
     windows[kFrmSplash] = makeSplashOrAbout(app, kFrmSplash, main.get());
@@ -73,15 +88,15 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     windows[kFrmViewTest] = makePreviewWindow(app, main.get());
     picture = new PictureWindow(app, main.get());
     windows[kFrmPicView] = picture;
+    for (auto& [name, w] : windows)
+        keepOnScreen(w);
 
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
     ports.onShow = [&](const std::string& form, const std::string&) {
         if (form == kFrmMain) {
-            const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-            main->resize(std::min(1280, screen.width()), std::min(760, screen.height()));
-            main->move(screen.x() + (screen.width() - main->width()) / 2,
-                       screen.y() + (screen.height() - main->height()) / 2);
             main->refresh();
+            main->resize(fittedSize(main.get(), MainWindow::preferredSize()));
+            centre(main.get());
             main->show();
             if (openPending) { // `tarnwick FILE`: File > Open, its dialog answered with FILE
                 openPending = false;
@@ -96,9 +111,10 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         if (it == windows.end()) return;
         FormWindow* w = it->second;
         w->refresh();
-        w->adjustSize();
-        const Form& f = app.form(form);
-        if (f.left || f.top) w->move(f.left / kTwipsPerPixel, f.top / kTwipsPerPixel);
+        if (!w->isVisible()) {
+            w->resize(fittedSize(w, w->sizeHint().expandedTo(w->size())));
+            placeForm(form, w, main.get());
+        }
         w->show();
         w->raise();
         w->activateWindow();

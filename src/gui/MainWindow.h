@@ -1,5 +1,6 @@
-// The main form: tabs of titled sections, the bent table, menus and toolbar.
-// It mirrors the form data and forwards every event to the core.
+// The main form: tabs of titled sections, the bent table on a page of its
+// own, menus, toolbar and status bar. It mirrors the form data and hands
+// every user action to the core.
 #pragma once
 
 #include "core/App.h"
@@ -7,12 +8,14 @@
 
 #include <QMainWindow>
 
-class QTableWidget;
+class QLabel;
 class QTabWidget;
-class QGridLayout;
 class QVBoxLayout;
 
 namespace tw {
+
+class BentTablePage;
+class FrozenColumnTable;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -22,36 +25,30 @@ class MainWindow : public QMainWindow {
     // Copies the form data into the widgets.
     void refresh();
     Binder& binder() { return binder_; }
-    QTableWidget* grid() const { return grid_; }
+    FrozenColumnTable* grid() const;
     QTabWidget* tabs() const { return tabs_; }
     // A bar across the top of the window, above the form (a message that needs no answer now).
     void addNotice(QWidget* bar);
+    // The size the window opens at on a screen with room for it.
+    static QSize preferredSize();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    QWidget* generalTab();
-    QWidget* capTab();
-    QWidget* wingwallTab();
-    QWidget* bearingTab();
-    QWidget* pileTab();
-    QWidget* bentTableTab();
-    QWidget* sketchPanel();
+    QWidget* sketchStrip();
     void buildMenus();
     void buildToolbar();
-    void syncGrid();
-    void gridSelectionChanged();
-
-    // Helpers that lay out one prompt row.
-    void row(QGridLayout* grid, const QString& prompt, QWidget* field, const QString& unit = {});
-    QWidget* numberRows(Ctl label, Ctl field, int count, QWidget* parent);
+    void refreshTabs();
+    void refreshStatus();
 
     App& app_;
     Binder binder_;
     QTabWidget* tabs_ = nullptr;
-    QTableWidget* grid_ = nullptr;
+    BentTablePage* bentTable_ = nullptr;
     QVBoxLayout* notices_ = nullptr;
+    QLabel* filePath_ = nullptr;
+    std::string shownRunBase_;
     bool syncing_ = false;
 };
 

@@ -162,10 +162,12 @@ AssociatedProgram Platform::associatedProgram(const std::string& file) {
     return a;
 }
 
-void Platform::shellOpen(const std::string& file, const std::string&, const std::string& folder) {
+bool Platform::shellOpen(const std::string& file, const std::string&, const std::string& folder) {
     QString path = q(file);
     if (QFileInfo(path).isRelative() && !folder.empty()) path = QDir(q(folder)).filePath(path);
-    QProcess::startDetached(QStringLiteral("xdg-open"), {path}, q(folder));
+    // xdg-open says yes even where nothing can open the file: ask the desktop first.
+    if (associatedProgram(path.toStdString()).status != AssociatedProgram::Status::Found) return false;
+    return QProcess::startDetached(QStringLiteral("xdg-open"), {path}, q(folder));
 }
 
 std::string Platform::readIni(const std::string& path, const std::string& section, const std::string& key,

@@ -10,7 +10,7 @@ namespace tw {
 
 class Platform : public SystemPorts {
   public:
-    void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
+    bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
     ProcessResult startAndWait(const std::string& commandLine) override;
     bool startDetached(const std::string& commandLine) override;
     // The engine runs in a child process of ours (see callEngineHere).

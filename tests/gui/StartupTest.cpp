@@ -29,7 +29,8 @@ class StartupTest : public QObject {
                 if (!w->isVisible()) continue;
                 if (w->objectName() == QLatin1String(kFrmSplash)) {
                     if (auto* ok = w->findChild<QPushButton*>(QStringLiteral("cmdOK"))) ok->click();
-                } else if (auto* main = qobject_cast<QMainWindow*>(w); main && main->windowTitle().contains('[')) {
+                } else if (auto* main = qobject_cast<QMainWindow*>(w);
+                           main && main->windowTitle().contains(QLatin1String(" - ["))) {
                     seen << main->windowTitle();
                     for (const QString& name : fields)
                         seen << main->findChild<QLineEdit*>(name)->text();
@@ -58,7 +59,7 @@ class StartupTest : public QObject {
 
         const QStringList fields = {QStringLiteral("txtProjectInfo(0)"), QStringLiteral("txtCapStep(0)")};
         const QStringList seen = startOn(file, fields);
-        QCOMPARE(seen.value(0), QStringLiteral("Norvale-Tarnwick - [end-with-backwall.ebnt]"));
+        QCOMPARE(seen.value(0), QStringLiteral("Norvale-Tarnwick - [end-with-backwall.ebnt][*]"));
         QCOMPARE(seen.value(1).toStdString(), opened.text(CtlId(Ctl::txtProjectInfo, 0)));
         QCOMPARE(seen.value(2).toStdString(), opened.text(CtlId(Ctl::txtCapStep, 0)));
     }

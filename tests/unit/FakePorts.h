@@ -35,6 +35,7 @@ class FakePorts : public UserPorts, public SystemPorts {
     ProcessResult processResult{true, 0, false, {}};
     EngineResult engineResult{true, 0, {}};
     AssociatedProgram association;
+    bool desktopOpens = true;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons b, MsgIcon i) override {
         messages.push_back({text, title, b, i});
@@ -59,9 +60,11 @@ class FakePorts : public UserPorts, public SystemPorts {
         return ok;
     }
     void print(const PrintDocument& doc) override { printed.push_back(doc); }
-    void shellOpen(const std::string& f, const std::string& p, const std::string& d) override {
+    bool shellOpen(const std::string& f, const std::string& p, const std::string& d) override {
         log.push_back("shell-open " + f + " " + p + " " + d);
+        return desktopOpens;
     }
+    void showDocument(const std::string& f) override { log.push_back("document " + f); }
     ProcessResult startAndWait(const std::string& cmd) override {
         started.push_back(cmd);
         return processResult;

@@ -33,8 +33,11 @@ void installShellCommands(App& app) {
         a.showForm(kFrmAbout);
     });
     app.on(kFrmAbout, Ctl::cmdOK, Event::Click, [](App& a, EventArgs&) { a.closeForm(kFrmAbout); });
-    app.on(kFrmMain, Ctl::mnuTarnwickHelp, Event::Click,
-           [](App& a, EventArgs&) { a.system.shellOpen(a.programDir + "/" + kHelpFile, "", a.programDir); });
+    app.on(kFrmMain, Ctl::mnuTarnwickHelp, Event::Click, [](App& a, EventArgs&) {
+        const std::string guide = a.programDir + "/" + kHelpFile;
+        // Where the desktop has no browser, the guide is shown inside the program.
+        if (!a.system.shellOpen(guide, "", a.programDir)) a.user.showDocument(guide);
+    });
 }
 
 } // namespace tw

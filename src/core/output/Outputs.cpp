@@ -103,6 +103,11 @@ void printListings(App& app) {
     const std::string base = dottedBase(app);
     const bool clean = concreteDataIsClean(base + "ebntc");
     if (!app.user.printerDialog()) return;
+    // However the printing ends, the job it began is finished.
+    struct JobEnd {
+        UserPorts& user;
+        ~JobEnd() { user.endPrintJob(); }
+    } jobEnd{app.user};
     auto printOne = [&](const std::string& file) {
         PrintDocument doc;
         doc.file = file;

@@ -27,6 +27,7 @@ void emptyFile(const std::string& name) {
 void steps(App& app) {
     const std::string input = app.dialogFileName;
     const std::string base = runBaseName(input);
+    app.runOutputBase = base;
 
     std::array<std::string, 10> names;
     names[0] = input;
