@@ -2,6 +2,7 @@
 
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "gui/DrawingPane.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -79,9 +80,12 @@ MainWindow::MainWindow(App& app, std::function<void()> refreshAll)
     h->addWidget(tabs_, 1);
     h->addWidget(sketchPanel());
     setCentralWidget(central);
+    drawing_ = new DrawingPane(this);
+    addDockWidget(Qt::RightDockWidgetArea, drawing_);
     buildMenus();
     buildToolbar();
     resize(1280, 720);
+    resizeDocks({drawing_}, {width() * 27 / 100}, Qt::Horizontal);
 }
 
 void MainWindow::row(QGridLayout* grid, const QString& prompt, QWidget* field, const QString& unit) {
@@ -476,6 +480,7 @@ void MainWindow::gridSelectionChanged() {
     const int anchor = current == bottom ? top : bottom;
     const int end = current == bottom ? bottom : top;
     if (anchor < app_.grid.rows() && end < app_.grid.rows()) app_.grid.select(anchor, end);
+    drawing_->showProject(app_);
 }
 
 void MainWindow::syncGrid() {
@@ -516,6 +521,7 @@ void MainWindow::refresh() {
     syncing_ = false;
     binder_.sync();
     syncGrid();
+    drawing_->showProject(app_);
     if (auto f = app_.focus())
         if (QWidget* w = binder_.widgetFor(*f); w && !w->hasFocus() && w->isVisible())
             w->setFocus(Qt::OtherFocusReason);

@@ -14,6 +14,8 @@ class QVBoxLayout;
 
 namespace tw {
 
+class DrawingPane;
+
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
@@ -24,6 +26,7 @@ class MainWindow : public QMainWindow {
     Binder& binder() { return binder_; }
     QTableWidget* grid() const { return grid_; }
     QTabWidget* tabs() const { return tabs_; }
+    DrawingPane* drawingPane() const { return drawing_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -49,6 +52,7 @@ class MainWindow : public QMainWindow {
     Binder binder_;
     QTabWidget* tabs_ = nullptr;
     QTableWidget* grid_ = nullptr;
+    DrawingPane* drawing_ = nullptr;
     bool syncing_ = false;
 };
 

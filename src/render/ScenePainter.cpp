@@ -167,7 +167,11 @@ void paintDimension(QPainter& p, const Shape& s, const QTransform& t, double dpi
     const QPointF mid = (da + db) / 2;
     QPointF away = (da - pa);
     const double al = std::hypot(away.x(), away.y());
-    const bool textAbove = al < 1 || away.y() <= 0.01 || std::abs(away.x()) > std::abs(away.y());
+    // The label grows away from the measured object: toward the text's top
+    // when that is the side away from the object, else from its top down.
+    const double r = degrees * std::numbers::pi / 180;
+    const QPointF textUp(-std::sin(r), -std::cos(r));
+    const bool textAbove = al < 1 || QPointF::dotProduct(textUp, away) >= 0;
     drawAnchoredText(p, QString::fromStdString(s.text), mid + (al < 1 ? QPointF() : away / al * 2 * px), degrees,
                      drawing::HAlign::Center, textAbove ? drawing::VAlign::Bottom : drawing::VAlign::Top);
 }
