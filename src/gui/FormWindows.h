@@ -8,8 +8,11 @@
 #include <QDialog>
 
 class QLabel;
+class QStackedWidget;
 
 namespace tw {
+
+class LaidOutView;
 
 class FormWindow : public QDialog {
     Q_OBJECT
@@ -31,17 +34,28 @@ FormWindow* makeSplashOrAbout(App& app, const std::string& form, std::function<v
 FormWindow* makePrinterWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
 FormWindow* makePreviewWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
 
+// The sketch window: a picture file when the program folder has it, else the
+// sketch drawn by the program, scaled to the window.
 class PictureWindow : public FormWindow {
     Q_OBJECT
   public:
     PictureWindow(App& app, std::function<void()> refreshAll, QWidget* parent);
     void showPicture(const QString& file);
+    // The sketch drawn in place of a missing picture; null while a picture file shows.
+    LaidOutView* drawnSketch() const;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    QStackedWidget* stack_ = nullptr;
     QLabel* image_ = nullptr;
+    LaidOutView* sketch_ = nullptr;
 };
+
+// The full-size picture of a sketch for `path` (<program folder>/Drawing/<key>.tif)
+// when the program folder lacks it: drawn once into the user's cache. Any
+// other path comes back as it is.
+QString drawnFullSizeSketch(const QString& path);
 
 } // namespace tw

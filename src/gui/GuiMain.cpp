@@ -80,6 +80,7 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
     ports.onPicture = [&](const std::string&, const std::string& file) {
         picture->showPicture(QString::fromStdString(file));
     };
+    ports.onMissingFile = drawnFullSizeSketch;
 
     // Quitting from the splash (its close button) ends the program.
     QObject::connect(windows[kFrmSplash], &QDialog::finished, &qapp, [&] {

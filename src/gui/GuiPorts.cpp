@@ -132,6 +132,7 @@ bool printListing(QPrinter& printer, const PrintDocument& doc) {
 void GuiPorts::shellOpen(const std::string& file, const std::string&, const std::string& folder) {
     QString path = q(file);
     if (QFileInfo(path).isRelative()) path = QDir(q(folder)).filePath(path);
+    if (!QFileInfo::exists(path) && onMissingFile) path = onMissingFile(path);
     QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 

@@ -26,6 +26,8 @@ class GuiPorts : public Ports {
     std::function<void(const std::string&, const std::string&)> onShow;
     std::function<void(const std::string&)> onClose;
     std::function<void(const std::string&, const std::string&)> onPicture;
+    // What to open instead of a file that does not exist (a picture drawn on demand); the same path for none.
+    std::function<QString(const QString&)> onMissingFile;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) override;
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;

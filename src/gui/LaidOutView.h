@@ -19,12 +19,16 @@ class LaidOutView : public SceneView {
     void setLayout(Layout layout);
     // Lays the scene out again for the current size.
     void relayout();
+    // The size the drawing is meant to be seen at.
+    void setNaturalSize(QSize size) { natural_ = size; }
+    QSize sizeHint() const override { return natural_.isValid() ? natural_ : SceneView::sizeHint(); }
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
 
   private:
     Layout layout_;
+    QSize natural_;
 };
 
 } // namespace tw

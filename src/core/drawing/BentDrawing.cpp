@@ -17,7 +17,7 @@ constexpr double kDescent = 0.24;
 constexpr double kLineSpacing = 1.17;
 constexpr double kArrowPt = 7;    // the painter's arrowheads
 constexpr double kLabelGapPt = 2; // between a dimension line and its label
-constexpr std::size_t kWrap = 30; // characters a line of a prompt
+constexpr std::size_t kWrap = 24; // characters a line of a prompt
 
 const Color kInk{0, 0, 0};
 const Color kConcrete{232, 232, 232};
@@ -200,6 +200,12 @@ class Builder {
     Shape& text(Scene& s, Point at, const std::string& t, const Src& source, Mark mark, HAlign h = HAlign::Left,
                 VAlign v = VAlign::Baseline, double angle = 0, double sizePt = 0) {
         if (sizePt <= 0) sizePt = o_.textPt;
+        // The painter stacks further lines below the first; a block meant to
+        // end at the anchor, or to centre on it, starts higher.
+        const double extra = (lineCount(t) - 1) * kLineSpacing * sizePt * pt_;
+        const double rise = v == VAlign::Bottom ? extra : v == VAlign::Middle ? extra / 2 : 0;
+        const double a = angle * std::numbers::pi / 180;
+        at = at + Point{-std::sin(a), std::cos(a)} * rise;
         reserveFrame(s, at, angle, textFrame(t, h, v), sizePt);
         Shape& shape = s.text(at, t, sizePt, h, v);
         shape.angle = angle;
@@ -231,11 +237,8 @@ class Builder {
         const Point dir{std::cos(a), std::sin(a)}, up = leftNormal(dir);
         const Point base = at + away * gap;
         if (along) {
-            // Lines stack downwards in the text's frame, so the first line goes farthest when the text grows upwards.
             const bool upwards = up.x * away.x + up.y * away.y > 0;
-            const double extra = (lineCount(t) - 1) * kLineSpacing * em_;
-            text(s, upwards ? base + away * extra : base, t, source, mark, HAlign::Center,
-                 upwards ? VAlign::Bottom : VAlign::Top, angle);
+            text(s, base, t, source, mark, HAlign::Center, upwards ? VAlign::Bottom : VAlign::Top, angle);
         } else {
             const bool forwards = dir.x * away.x + dir.y * away.y > 0;
             text(s, base, t, source, mark, forwards ? HAlign::Left : HAlign::Right, VAlign::Middle, angle);
@@ -267,8 +270,10 @@ class Builder {
             labelBeside(s, mid, u, n, gap, label, source, mark, true);
             return gap + heightOf(label);
         }
-        labelBeside(s, mid, u, n, gap, label, source, mark, false);
-        return gap + widthOf(label);
+        // Clear of the extension lines' overshoot.
+        const double clear = gap + ems(4);
+        labelBeside(s, mid, u, n, clear, label, source, mark, false);
+        return clear + widthOf(label);
     }
 
     // Dimensions end to end along a row: from xs[i] to xs[i+1] at height `at`,
@@ -504,7 +509,7 @@ class Builder {
     // goes to the notes under the drawing instead.
     bool noted(const std::string& what, const Input& input, const Value& v, bool crowded) {
         if (!crowded) return false;
-        notes_.push_back({what + " " + say(input, v), input.id, v.mark});
+        notes_.push_back({prompts() ? promptOf(input.id, in_) : what + " " + say(input, v), input.id, v.mark});
         return true;
     }
 
@@ -529,8 +534,9 @@ class Builder {
             right += dimension(s, {L, 0}, {L, W}, -right, say(in_.capWidth, g_.width), in_.capWidth.id, g_.width.mark) +
                      line_;
         if (g_.endPosts && on(kEndPosts) && !noted("End post length", in_.endPostLength, g_.postLength, compact_))
-            dimension(s, {L, 0}, {L, g_.postLength.v}, -right, say(in_.endPostLength, g_.postLength),
-                      in_.endPostLength.id, g_.postLength.mark);
+            right += dimension(s, {L, 0}, {L, g_.postLength.v}, -right, say(in_.endPostLength, g_.postLength),
+                               in_.endPostLength.id, g_.postLength.mark) +
+                     line_;
 
         // The left end: the bearing, then the pile boxes.
         double left = 1.5 * line_;
@@ -541,17 +547,19 @@ class Builder {
         if (!end) return;
         const Wingwall& lw = *g_.left;
         const Wingwall& rw = *g_.right;
+        // The second pile box is dimensioned on the left wingwall, the third on the right one,
+        // so that neither's extension line crosses the other's label.
         if (on(kPileBoxes)) {
-            double outer = std::min({0.0, lw.end.x, lw.root.x}) - left;
             const Input* distances[] = {&in_.pileBoxDistance1, &in_.pileBoxDistance2};
             const char* names[] = {"Second pile box from the front face", "Third pile box from the front face"};
             for (std::size_t b = 1; b < lw.pileBoxes.size(); ++b) {
-                const Point c = lw.pileBoxes[b];
+                const bool onLeft = b == 1;
+                const Point c = (onLeft ? lw : rw).pileBoxes[b];
                 const Value v{c.y, lw.pileBoxMarks[b]};
                 if (noted(names[b - 1], *distances[b - 1], v, compact_)) continue;
-                const double reach = dimension(s, {c.x, 0}, {c.x, c.y}, c.x - outer, say(*distances[b - 1], v),
-                                               distances[b - 1]->id, lw.pileBoxMarks[b]);
-                outer -= reach + line_;
+                const double line =
+                    onLeft ? std::min({0.0, lw.end.x, lw.root.x}) - left : std::max({L, rw.end.x, rw.root.x}) + right;
+                dimension(s, {c.x, 0}, {c.x, c.y}, c.x - line, say(*distances[b - 1], v), distances[b - 1]->id, v.mark);
             }
         }
         // A wingwall too short for its label along it would turn the label into the cap width's.
@@ -622,8 +630,7 @@ class Builder {
                 if (upright && lineCount(t) == 1)
                     text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Left, VAlign::Middle, 90);
                 else
-                    text(s, at + Point{0, (lineCount(t) - 1) * line_}, t, in_.stepElevations[k].id, g_.stepTop[k].mark,
-                         HAlign::Center, VAlign::Bottom);
+                    text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Center, VAlign::Bottom);
             }
         }
 
@@ -669,8 +676,8 @@ class Builder {
             chain(s, g_.stepX, lowest, lowest - 1.2 * line_, labels, sources, marks);
         }
 
-        // The wingwalls unfolded below, each under its end of the cap.
-        if (end) {
+        // The wingwalls unfolded below, each under its end of the cap (in a sketch, the one about them).
+        if (end && (!prompts() || on(kWingwallTops))) {
             Scene wings;
             developedWingwalls(wings);
             const Box above = s.bounds(), own = wings.bounds();
@@ -682,11 +689,17 @@ class Builder {
     // front face of the cap on the inside, the end of the wingwall on the outside.
     void developedWingwalls(Scene& s) {
         const double L = g_.length.v, gap = 2 * line_;
+        const std::string captions[] = {"Left wingwall, unfolded", "Right wingwall, unfolded"};
+        // The right one keeps clear of the left one and of its caption.
+        const double leftLength = g_.left->length.v, rightLength = g_.right->length.v;
+        const double rightStart =
+            std::max({L - rightLength, leftLength + gap,
+                      leftLength / 2 + (widthOf(captions[0]) + widthOf(captions[1])) / 2 + line_ - rightLength / 2});
         for (const Wingwall* w : {&*g_.left, &*g_.right}) {
             const bool left = w == &*g_.left;
             const double Lw = w->length.v;
             const double dir = left ? -1 : 1;
-            const double x0 = left ? Lw : std::max(L - Lw, g_.left->length.v + gap), x1 = x0 + dir * Lw;
+            const double x0 = left ? Lw : rightStart, x1 = x0 + dir * Lw;
             const double base = left ? g_.bottomLeft.v : g_.bottomRight.v;
             const bool level = left ? in_.leftLevel : in_.rightLevel;
             const Input& front =
@@ -698,8 +711,8 @@ class Builder {
             const Point a{x0, w->frontTop.v}, b{x1, w->endTop.v}, mid = (a + b) * 0.5;
             tagged(s.line(a, mid, outline(0.5)), front.id, w->frontTop.mark, kOutline);
             tagged(s.line(mid, b, outline(0.5)), back.id, w->endTop.mark, kOutline);
-            text(s, {(x0 + x1) / 2, base - 0.3 * line_}, left ? "Left wingwall, unfolded" : "Right wingwall, unfolded",
-                 in_.wingwallLength.id, w->length.mark, HAlign::Center, VAlign::Top, 0, o_.textPt - 1);
+            text(s, {(x0 + x1) / 2, base - 0.3 * line_}, captions[left ? 0 : 1], in_.wingwallLength.id, w->length.mark,
+                 HAlign::Center, VAlign::Top);
             if (!on(kWingwallTops)) continue;
             const double inset = 0.3 * line_;
             if (level) {
@@ -710,11 +723,14 @@ class Builder {
                 // Each label hangs below the sloped top across its whole width.
                 const std::string tf = say(front, w->frontTop), te = say(back, w->endTop);
                 auto topAlong = [&](double x) { return a.y + (b.y - a.y) * (x - x0) / (x1 - x0); };
-                const double fx = x0 + dir * inset, ex = x1 - dir * inset;
+                const double fx = x0 + dir * inset;
                 text(s, {fx, std::min(a.y, topAlong(fx + dir * widthOf(tf))) - inset}, tf, front.id, w->frontTop.mark,
                      left ? HAlign::Right : HAlign::Left, VAlign::Top);
-                text(s, {ex, std::min(b.y, topAlong(ex - dir * widthOf(te))) - inset}, te, back.id, w->endTop.mark,
-                     left ? HAlign::Left : HAlign::Right, VAlign::Top);
+                // Two prompts do not fit inside side by side: the end's stands outside, past the end.
+                const bool outside = prompts();
+                const double ex = outside ? x1 + dir * inset : x1 - dir * inset;
+                text(s, {ex, outside ? b.y : std::min(b.y, topAlong(ex - dir * widthOf(te))) - inset}, te, back.id,
+                     w->endTop.mark, left == outside ? HAlign::Right : HAlign::Left, VAlign::Top);
             }
         }
     }
@@ -888,15 +904,34 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
     o.viewWidthPt = widthPt * (1 - 2 * margin);
     o.viewHeightPt = heightPt * (1 - 2 * margin);
     const double bare = feetPerPointToFit(Builder(in, g, o, 1e-6).build().bounds(), widthPt, heightPt, margin);
+    // The scale the view gives a drawing laid out for `fpp` grows about in
+    // step with it (the text's room does), so secant steps find where the two
+    // agree in a few rounds.
+    // When the scale grows faster than that, the text alone is more than the
+    // view holds: no scale fits, and the drawing is cramped whatever is done.
+    bool overflow = false;
     auto settle = [&](bool compact, double& fpp) {
-        fpp = bare;
+        double x0 = bare, f0 = 0, x1 = bare;
         Scene scene;
+        overflow = false;
         for (int round = 0; round < 8; ++round) {
-            scene = Builder(in, g, o, fpp, compact).build();
-            const double next = feetPerPointToFit(scene.bounds(), widthPt, heightPt, margin);
-            if (std::abs(next - fpp) <= 0.01 * fpp) break;
-            fpp = next;
+            scene = Builder(in, g, o, x1, compact).build();
+            const double f1 = feetPerPointToFit(scene.bounds(), widthPt, heightPt, margin);
+            if (std::abs(f1 - x1) <= 0.02 * x1) break;
+            double next = f1;
+            if (round > 0 && x1 != x0) {
+                const double slope = (f1 - f0) / (x1 - x0);
+                if (std::isfinite(slope) && slope < 0.9) next = x1 + (f1 - x1) / (1 - slope);
+                if (std::isfinite(slope) && slope >= 0.98) {
+                    overflow = true;
+                    break;
+                }
+            }
+            x0 = x1;
+            f0 = f1;
+            x1 = std::max(bare, next);
         }
+        fpp = x1;
         return scene;
     };
     // When the dimensions beside the plan would leave the bent less than
@@ -910,7 +945,7 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
         double closest = 1e9;
         for (const auto& v : g.spacing)
             closest = std::min(closest, v.v);
-        report->cramped = closest / fpp < 2 * options.textPt * kLineSpacing;
+        report->cramped = overflow || closest / fpp < 2 * options.textPt * kLineSpacing;
     }
     return scene;
 }
