@@ -82,14 +82,21 @@ drawing::Scene DrawingPane::layout(double widthPt, double heightPt) const {
     const int view = views_->currentIndex();
     o.plan = view != Elevation;
     o.elevation = view != Plan;
+    if (view != Automatic) return drawing::drawBentToFit(inputs_, o, widthPt, heightPt);
+    drawing::DrawOptions single;
+    single.plan = !elevationFirst_;
+    single.elevation = elevationFirst_;
+    const QSizeF size(widthPt, heightPt);
+    if (choice_ && choice_->size == size && choice_->elevationFirst == elevationFirst_ &&
+        choice_->beams == inputs_.beams && choice_->type == inputs_.type)
+        return drawing::drawBentToFit(inputs_, choice_->both ? o : single, widthPt, heightPt);
+    // Both views while they stay readable and each keeps most of the size it would have alone.
     drawing::LayoutReport both, alone;
     drawing::Scene scene = drawing::drawBentToFit(inputs_, o, widthPt, heightPt, &both);
-    if (view != Automatic) return scene;
-    // Both views while they stay readable and each keeps most of the size it would have alone.
-    o.plan = !elevationFirst_;
-    o.elevation = elevationFirst_;
-    drawing::Scene one = drawing::drawBentToFit(inputs_, o, widthPt, heightPt, &alone);
-    return !both.cramped && both.feetPerPoint <= 1.5 * alone.feetPerPoint ? scene : one;
+    drawing::Scene one = drawing::drawBentToFit(inputs_, single, widthPt, heightPt, &alone);
+    const bool bothFit = !both.cramped && both.feetPerPoint <= 1.5 * alone.feetPerPoint;
+    choice_ = Choice{size, elevationFirst_, inputs_.beams, inputs_.type, bothFit};
+    return bothFit ? scene : one;
 }
 
 } // namespace tw

@@ -8,6 +8,8 @@
 
 #include <QDockWidget>
 
+#include <optional>
+
 class QComboBox;
 
 namespace tw {
@@ -31,6 +33,15 @@ class DrawingPane : public QDockWidget {
 
     drawing::BentInputs inputs_;
     bool elevationFirst_ = false; // the last field the engineer was in shows in the elevation
+    // Automatic's last choice between both views and one, kept while nothing it hangs on changes.
+    struct Choice {
+        QSizeF size;
+        bool elevationFirst;
+        int beams;
+        std::optional<BentType> type;
+        bool both;
+    };
+    mutable std::optional<Choice> choice_;
     QComboBox* views_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;

@@ -75,6 +75,12 @@ QFont fontFor(const Shape& s, const QTransform& t, double dpi) {
     return f;
 }
 
+// Most texts of a drawing share a size: the painter keeps its font while it can.
+void useFont(QPainter& p, const Shape& s, const QTransform& t, double dpi) {
+    const QFont f = fontFor(s, t, dpi);
+    if (p.font().pixelSize() != f.pixelSize() || p.font().family() != f.family()) p.setFont(f);
+}
+
 // Draws text anchored at `at` (device), turned by `degrees` counter-clockwise.
 void drawAnchoredText(QPainter& p, const QString& text, const QPointF& at, double degrees, drawing::HAlign h,
                       drawing::VAlign v) {
@@ -99,7 +105,7 @@ void drawAnchoredText(QPainter& p, const QString& text, const QPointF& at, doubl
 
 void paintText(QPainter& p, const Shape& s, const QTransform& t, double dpi) {
     if (s.points.empty() || s.text.empty()) return;
-    p.setFont(fontFor(s, t, dpi));
+    useFont(p, s, t, dpi);
     const QString text = QString::fromStdString(s.text);
     // Multi-line text stacks downwards from the anchor's line.
     const QStringList lines = text.split(QLatin1Char('\n'));
@@ -163,7 +169,7 @@ void paintDimension(QPainter& p, const Shape& s, const QTransform& t, double dpi
     // The label sits on the far side of the dimension line, read from below or from the right.
     double degrees = -std::atan2(d.y(), d.x()) * 180 / std::numbers::pi;
     if (degrees > 90.5 || degrees < -89.5) degrees += degrees > 0 ? -180 : 180;
-    p.setFont(fontFor(s, t, dpi));
+    useFont(p, s, t, dpi);
     const QPointF mid = (da + db) / 2;
     QPointF away = (da - pa);
     const double al = std::hypot(away.x(), away.y());

@@ -749,7 +749,8 @@ class Builder {
             post.fill = kDarker;
             tagged(post, input->id, top->mark, kOutline);
             double above = 0.25 * line_;
-            if (on(kBackwallTops)) {
+            // A top not entered yet shows by its dashed outline; a "?" there would only crowd the steps'.
+            if (on(kBackwallTops) && (top->mark != Mark::Placeholder || prompts())) {
                 const std::string t = say(*input, *top);
                 text(s, {x0 + we / 2, top->v + above}, t, input->id, top->mark, HAlign::Center, VAlign::Bottom);
                 above += heightOf(t) + 0.3 * line_;
@@ -779,13 +780,29 @@ class Builder {
         tagged(s.line(c, {c.x, c.y - 0.6 * line_}, centerline()), in_.backwallCenterTop.id, g_.backwallCenterTop.mark,
                kCenterlines);
         if (!on(kBackwallTops)) return;
+        // The labels hang inside the backwall when it is tall enough to hold them above the
+        // steps' labels, else they stand on its top, clear of the end posts' labels.
+        double lowest = 1e9;
+        for (const Point& p : {a, c, b})
+            lowest = std::min(lowest, p.y - topAt(p.x));
+        const bool inside = lowest >= 3 * line_ || prompts();
         const double inset = 0.3 * line_;
-        text(s, {a.x + inset, a.y - inset}, say(in_.backwallLeftTop, g_.backwallLeftTop), in_.backwallLeftTop.id,
-             g_.backwallLeftTop.mark, HAlign::Left, VAlign::Top);
-        text(s, {c.x, c.y - inset - 0.6 * line_}, say(in_.backwallCenterTop, g_.backwallCenterTop),
-             in_.backwallCenterTop.id, g_.backwallCenterTop.mark, HAlign::Center, VAlign::Top);
-        text(s, {b.x - inset, b.y - inset}, say(in_.backwallRightTop, g_.backwallRightTop), in_.backwallRightTop.id,
-             g_.backwallRightTop.mark, HAlign::Right, VAlign::Top);
+        struct Top {
+            Point at;
+            const Input* input;
+            const Value* value;
+            HAlign h;
+        };
+        const double clear = std::max(inset, widthOf(say(in_.leftEndPostTop, g_.leftPostTop)) / 2 - we / 2 + line_);
+        const Top tops[] = {
+            {{a.x + (inside ? inset : clear), a.y}, &in_.backwallLeftTop, &g_.backwallLeftTop, HAlign::Left},
+            {{c.x, c.y - (inside ? 0.6 * line_ : 0)}, &in_.backwallCenterTop, &g_.backwallCenterTop, HAlign::Center},
+            {{b.x - (inside ? inset : clear), b.y}, &in_.backwallRightTop, &g_.backwallRightTop, HAlign::Right}};
+        for (const auto& [at, input, value, h] : tops) {
+            if (value->mark == Mark::Placeholder && !prompts()) continue;
+            text(s, {at.x, at.y + (inside ? -inset : inset)}, say(*input, *value), input->id, value->mark, h,
+                 inside ? VAlign::Top : VAlign::Bottom);
+        }
     }
 
     // ---- title block ----
@@ -939,13 +956,20 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
     double fpp = 0;
     Scene scene = settle(false, fpp);
     if (fpp > 1.8 * bare && options.labels == Labels::Values) scene = settle(true, fpp);
+    // A view too small even then: smaller text rather than text over text. The
+    // sketches keep their size; they are laid out for a view that holds them.
+    const bool cramped = overflow;
+    while (overflow && options.labels == Labels::Values && o.textPt > 6.5) {
+        o.textPt -= 1;
+        scene = settle(true, fpp);
+    }
     if (report) {
         report->feetPerPoint = fpp;
         // Beams closer than two lines of text leave their numbers and labels no room.
         double closest = 1e9;
         for (const auto& v : g.spacing)
             closest = std::min(closest, v.v);
-        report->cramped = overflow || closest / fpp < 2 * options.textPt * kLineSpacing;
+        report->cramped = cramped || closest / fpp < 2 * o.textPt * kLineSpacing;
     }
     return scene;
 }
