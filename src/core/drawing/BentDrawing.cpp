@@ -347,6 +347,11 @@ class Builder {
                 post.fill = kDarker;
                 tagged(post, in_.endPostWidth.id, worse(g_.postWidth.mark, g_.postLength.mark), kOutline);
             }
+        // The backwall stands along the back face between the end posts; its thickness is
+        // no input, so the plan shows where it stands, not how thick it is.
+        if (g_.endPosts)
+            tagged(s.line({g_.postWidth.v, W}, {L - g_.postWidth.v, W}, outline(0.9)), in_.backwallCenterTop.id,
+                   g_.backwallCenterTop.mark, kOutline);
 
         // Centerlines of bearing: one for an end bent, one for each span on an intermediate bent.
         std::vector<double> bearings = {d};
