@@ -3,6 +3,7 @@
 // triggers.
 #include "LargestProject.h"
 
+#include "core/drawing/BentDrawing.h"
 #include "core/inputfile/InputFile.h"
 
 #include <benchmark/benchmark.h>
@@ -126,6 +127,15 @@ void BM_Event_DeleteAllThenNew(benchmark::State& s) {
     });
 }
 
+// Reading the inputs and laying the bent out for a pane of the window's size.
+void BM_Drawing_ReadAndLayOut(benchmark::State& state) {
+    test::Loaded app;
+    fillLargestProject(*app);
+    drawing::DrawOptions o;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(drawing::drawBentToFit(drawing::readBentInputs(*app), o, 260, 480));
+}
+
 BENCHMARK(BM_Floor_WriteSameBytesWithStdio);
 BENCHMARK(BM_SaveLargestProject);
 BENCHMARK(BM_Floor_ReadSameBytesWithStdio);
@@ -137,6 +147,7 @@ BENCHMARK(BM_Event_SwitchBentType);
 BENCHMARK(BM_Event_AddInsertReplace);
 BENCHMARK(BM_Event_MoveUpDown);
 BENCHMARK(BM_Event_DeleteAllThenNew);
+BENCHMARK(BM_Drawing_ReadAndLayOut)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace tw::bench

@@ -14,6 +14,7 @@
 #include <cstring>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,8 @@ const char* kUsage =
     "  tarnwick dump FILE                read one input file and print every input and the bent table\n"
     "  tarnwick run FILE                 open FILE and run it, answering Yes to the save question\n"
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
+    "  tarnwick draw FILE [--bent N] OUT the bent drawn from FILE's inputs (row N of the bent table for the\n"
+    "                                    elevation, default 1) as SVG, PDF or PNG by OUT's suffix\n"
     "  tarnwick view DRAWING [--export OUT]\n"
     "                                    the engine's drawing (a DGN file) in a window, or written\n"
     "                                    without one as SVG, PDF or PNG by OUT's suffix\n"
@@ -110,16 +113,18 @@ int main(int argc, char** argv) {
         return tw::runGui(argc, argv, programDir, file);
     }
 
-    QCoreApplication qapp(argc, argv);
+    const std::string& cmd = args[0];
+    std::vector<std::string> rest(args.begin() + 1, args.end());
+    const auto qapp =
+        cmd == "draw" ? tw::paintingApplication(argc, argv) : std::make_unique<QCoreApplication>(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Norvale"));
     tw::CliOptions opt;
     opt.programDir = programDir.empty() ? defaultProgramDir() : programDir;
-    const std::string& cmd = args[0];
-    std::vector<std::string> rest(args.begin() + 1, args.end());
     if (cmd == "replay" && rest.size() == 1) return tw::cliReplay(opt, rest[0]);
     if (cmd == "check" && !rest.empty()) return tw::cliCheck(opt, rest);
     if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
     if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
+    if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
     std::cerr << "tarnwick: unknown command or wrong arguments: " << cmd << '\n' << kUsage;
     return 2;
 }

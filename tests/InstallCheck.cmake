@@ -28,7 +28,7 @@ if(NOT rc EQUAL 0)
 endif()
 
 foreach(f bin/tarnwick ${PROGRAM_SUBDIR}/Ebent.ini ${PROGRAM_SUBDIR}/libcalbnt.so ${PROGRAM_SUBDIR}/tarnwick-dgnbatch
-          ${PROGRAM_SUBDIR}/tarnwick-help.html ${PROGRAM_SUBDIR}/Drawing share/applications/${app}.desktop
+          ${PROGRAM_SUBDIR}/tarnwick-help.html share/applications/${app}.desktop
           share/mime/packages/${app}.xml share/metainfo/${app}.metainfo.xml
           share/icons/hicolor/scalable/apps/${app}.svg)
   if(NOT EXISTS ${stage}/${f})

@@ -1,8 +1,11 @@
-// The headless commands: check, dump, run, replay.
+// The headless commands: check, dump, run, replay, draw.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
+
+class QCoreApplication;
 
 namespace tw {
 
@@ -14,5 +17,10 @@ int cliReplay(const CliOptions& opt, const std::string& script);
 int cliCheck(const CliOptions& opt, const std::vector<std::string>& files);
 int cliDump(const CliOptions& opt, const std::string& file);
 int cliRun(const CliOptions& opt, const std::string& file);
+// draw FILE [--bent N] OUT; needs the application of paintingApplication().
+int cliDraw(const CliOptions& opt, const std::vector<std::string>& args);
+
+// An application that can paint without a window, offscreen when there is no display.
+std::unique_ptr<QCoreApplication> paintingApplication(int& argc, char** argv);
 
 } // namespace tw

@@ -12,16 +12,6 @@
 
 namespace tw {
 
-namespace {
-
-// The error text as one line: line breaks and tabs escaped as in quoted words.
-std::string oneLine(const std::string& text) {
-    const std::string q = quote(text);
-    return q.substr(1, q.size() - 2);
-}
-
-} // namespace
-
 int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
     int status = 0;
     for (const auto& file : files) {

@@ -17,6 +17,11 @@ std::string quote(std::string_view text) {
     return out + "\"";
 }
 
+std::string oneLine(std::string_view text) {
+    const std::string q = quote(text);
+    return q.substr(1, q.size() - 2);
+}
+
 std::optional<std::vector<ScriptWord>> splitScriptLine(std::string_view line, std::string& error) {
     std::vector<ScriptWord> words;
     size_t i = 0;

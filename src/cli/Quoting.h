@@ -11,6 +11,9 @@ namespace tw {
 // "text" with \\ \" \t \r \n escaped.
 std::string quote(std::string_view text);
 
+// The text as one line: line breaks and tabs escaped as in quoted words.
+std::string oneLine(std::string_view text);
+
 struct ScriptWord {
     std::string text;
     bool quoted = false;

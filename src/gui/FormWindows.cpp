@@ -1,9 +1,15 @@
 #include "gui/FormWindows.h"
 #include "platform/QtText.h"
 
+#include "core/drawing/Sketches.h"
+#include "gui/LaidOutView.h"
+#include "render/SketchImage.h"
+
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QDir>
 #include <QEvent>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -13,6 +19,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStackedWidget>
+#include <QStandardPaths>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
@@ -114,16 +122,36 @@ FormWindow* makePreviewWindow(App& app, QWidget* parent) {
 
 PictureWindow::PictureWindow(App& app, QWidget* parent) : FormWindow(app, kFrmPicView, parent) {
     auto* v = new QVBoxLayout(this);
+    stack_ = new QStackedWidget;
+    stack_->setObjectName(QStringLiteral("picViewImage"));
     image_ = new QLabel;
-    image_->setObjectName(QStringLiteral("picViewImage"));
     image_->setAlignment(Qt::AlignCenter);
     image_->setMinimumSize(600, 400);
-    image_->installEventFilter(this);
-    v->addWidget(image_, 1);
+    sketch_ = new LaidOutView;
+    const double pixelsPerPoint = sketch_->logicalDpiY() / 72.0;
+    sketch_->setNaturalSize(QSize(static_cast<int>(drawing::kSketchWidthPt * pixelsPerPoint),
+                                  static_cast<int>(drawing::kSketchHeightPt * pixelsPerPoint)));
+    sketch_->setMinimumSize(300, 200);
+    for (QWidget* w : {static_cast<QWidget*>(image_), static_cast<QWidget*>(sketch_)}) {
+        w->installEventFilter(this);
+        stack_->addWidget(w);
+    }
+    v->addWidget(stack_, 1);
     v->addWidget(binder_.label(Ctl::Label1));
 }
 
 void PictureWindow::showPicture(const QString& file) {
+    if (!QFileInfo::exists(file)) {
+        // No picture shipped: the program draws the sketch the picture's name stands for.
+        if (auto sketch = drawing::sketchNamed(QFileInfo(file).completeBaseName().toStdString())) {
+            sketch_->setLayout(
+                [s = *sketch](double w, double h) { return drawing::drawBentToFit(s.inputs, s.options, w, h); });
+            sketch_->fit();
+            stack_->setCurrentWidget(sketch_);
+            return;
+        }
+    }
+    stack_->setCurrentWidget(image_);
     QPixmap p(file);
     if (p.isNull())
         image_->setText(QStringLiteral("The sketch %1 could not be loaded.").arg(file));
@@ -131,8 +159,24 @@ void PictureWindow::showPicture(const QString& file) {
         image_->setPixmap(p);
 }
 
+LaidOutView* PictureWindow::drawnSketch() const { return stack_->currentWidget() == sketch_ ? sketch_ : nullptr; }
+
+QString drawnFullSizeSketch(const QString& path) {
+    const QFileInfo info(path);
+    if (info.exists() || info.suffix() != QLatin1String("tif") || info.dir().dirName() != QLatin1String("Drawing"))
+        return path;
+    const QString name = info.completeBaseName();
+    if (!drawing::sketchNamed(name.toStdString())) return path;
+    const QDir cache(QStandardPaths::writableLocation(QStandardPaths::CacheLocation) + QStringLiteral("/Drawing"));
+    const QString drawn = cache.filePath(info.fileName());
+    if (QFileInfo::exists(drawn)) return drawn;
+    // Three times the window's size: a picture to look at closely.
+    if (!QDir().mkpath(cache.path()) || !writeSketchImage(name.toStdString(), drawn, 3, nullptr)) return path;
+    return drawn;
+}
+
 bool PictureWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == image_ && event->type() == QEvent::MouseButtonDblClick) {
+    if ((watched == image_ || watched == sketch_) && event->type() == QEvent::MouseButtonDblClick) {
         app_.actions.doubleClick(Target(kFrmPicView, Ctl::picViewImage));
         return true;
     }

@@ -8,8 +8,11 @@
 #include <QDialog>
 
 class QLabel;
+class QStackedWidget;
 
 namespace tw {
+
+class LaidOutView;
 
 class FormWindow : public QDialog {
     Q_OBJECT
@@ -33,17 +36,28 @@ inline constexpr int kPreviewColumns = 100;
 inline constexpr int kPreviewLines = 40;
 FormWindow* makePreviewWindow(App& app, QWidget* parent);
 
+// The sketch window: a picture file when the program folder has it, else the
+// sketch drawn by the program, scaled to the window.
 class PictureWindow : public FormWindow {
     Q_OBJECT
   public:
     PictureWindow(App& app, QWidget* parent);
     void showPicture(const QString& file);
+    // The sketch drawn in place of a missing picture; null while a picture file shows.
+    LaidOutView* drawnSketch() const;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    QStackedWidget* stack_ = nullptr;
     QLabel* image_ = nullptr;
+    LaidOutView* sketch_ = nullptr;
 };
+
+// The full-size picture of a sketch for `path` (<program folder>/Drawing/<key>.tif)
+// when the program folder lacks it: drawn once into the user's cache. Any
+// other path comes back as it is.
+QString drawnFullSizeSketch(const QString& path);
 
 } // namespace tw

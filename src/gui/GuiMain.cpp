@@ -66,7 +66,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     QGuiApplication::setDesktopFileName(QStringLiteral("example.norvale.Tarnwick"));
 
     StartPorts ports(file);
-    Platform platform;
+    GuiSystem platform;
     bool openPending = !file.empty();
     App app(ports, platform, programDir);
     std::unique_ptr<MainWindow> main;
@@ -132,6 +132,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     ports.onPicture = [&](const std::string&, const std::string& file) {
         picture->showPicture(QString::fromStdString(file));
     };
+    platform.onMissingFile = drawnFullSizeSketch;
 
     // Quitting from the splash (its close button) ends the program.
     QObject::connect(windows[kFrmSplash], &QDialog::finished, qApp, [&] {

@@ -124,6 +124,13 @@ bool printListing(QPrinter& printer, const PrintDocument& doc) {
     return painter.end();
 }
 
+bool GuiSystem::shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) {
+    QString path = q(file);
+    if (QFileInfo(path).isRelative()) path = QDir(q(folder)).filePath(path);
+    if (!QFileInfo::exists(path) && onMissingFile) path = onMissingFile(path);
+    return Platform::shellOpen(path.toStdString(), parameters, folder);
+}
+
 void GuiPorts::setBusyCursor(bool busy) {
     if (busy == busy_) return;
     busy_ = busy;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/ports.h"
+#include "platform/Platform.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -43,6 +44,15 @@ class GuiPorts : public UserPorts {
     std::unique_ptr<QPrinter> printer_;
     int documentsPrinted_ = 0;
     bool busy_ = false;
+};
+
+// The platform as the window uses it: a document that is missing can be
+// made before the desktop opens it (a sketch drawn on first use).
+class GuiSystem : public Platform {
+  public:
+    // Given the full path of a missing file, the path of one to open instead.
+    std::function<QString(const QString&)> onMissingFile;
+    bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
 };
 
 // Prints a listing, one printed line per file line, in an 8-point

@@ -3,6 +3,7 @@
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
 #include "gui/BentTable.h"
+#include "gui/DrawingPane.h"
 #include "gui/FormPages.h"
 #include "platform/QtText.h"
 
@@ -95,6 +96,8 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, kFrmMain, this) {
     v->addWidget(tabs_, 1);
     v->addWidget(sketchStrip());
     setCentralWidget(central);
+    drawing_ = new DrawingPane(this);
+    addDockWidget(Qt::RightDockWidgetArea, drawing_);
     buildMenus();
     buildToolbar();
     filePath_ = new QLabel;
@@ -102,6 +105,8 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, kFrmMain, this) {
     filePath_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusBar()->addPermanentWidget(filePath_);
     resize(preferredSize());
+    // The drawing gets about a quarter of the width; the form keeps the rest.
+    resizeDocks({drawing_}, {width() * 27 / 100}, Qt::Horizontal);
 }
 
 QSize MainWindow::preferredSize() { return {1280, 800}; }
@@ -200,6 +205,7 @@ void MainWindow::refresh() {
     binder_.sync();
     refreshTabs();
     bentTable_->refresh();
+    drawing_->showProject(app_);
     refreshStatus();
     syncing_ = false;
     if (auto f = app_.focus())

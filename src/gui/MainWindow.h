@@ -15,6 +15,7 @@ class QVBoxLayout;
 namespace tw {
 
 class BentTablePage;
+class DrawingPane;
 class FrozenColumnTable;
 
 class MainWindow : public QMainWindow {
@@ -27,6 +28,7 @@ class MainWindow : public QMainWindow {
     Binder& binder() { return binder_; }
     FrozenColumnTable* grid() const;
     QTabWidget* tabs() const { return tabs_; }
+    DrawingPane* drawingPane() const { return drawing_; }
     // A bar across the top of the window, above the form (a message that needs no answer now).
     void addNotice(QWidget* bar);
     // The size the window opens at on a screen with room for it.
@@ -46,6 +48,7 @@ class MainWindow : public QMainWindow {
     Binder binder_;
     QTabWidget* tabs_ = nullptr;
     BentTablePage* bentTable_ = nullptr;
+    DrawingPane* drawing_ = nullptr;
     QVBoxLayout* notices_ = nullptr;
     QLabel* filePath_ = nullptr;
     std::string shownRunBase_;

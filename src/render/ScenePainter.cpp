@@ -75,6 +75,12 @@ QFont fontFor(const Shape& s, const QTransform& t, double dpi) {
     return f;
 }
 
+// Most texts of a drawing share a size: the painter keeps its font while it can.
+void useFont(QPainter& p, const Shape& s, const QTransform& t, double dpi) {
+    const QFont f = fontFor(s, t, dpi);
+    if (p.font().pixelSize() != f.pixelSize() || p.font().family() != f.family()) p.setFont(f);
+}
+
 // Draws text anchored at `at` (device), turned by `degrees` counter-clockwise.
 void drawAnchoredText(QPainter& p, const QString& text, const QPointF& at, double degrees, drawing::HAlign h,
                       drawing::VAlign v) {
@@ -99,7 +105,7 @@ void drawAnchoredText(QPainter& p, const QString& text, const QPointF& at, doubl
 
 void paintText(QPainter& p, const Shape& s, const QTransform& t, double dpi) {
     if (s.points.empty() || s.text.empty()) return;
-    p.setFont(fontFor(s, t, dpi));
+    useFont(p, s, t, dpi);
     const QString text = QString::fromStdString(s.text);
     // Multi-line text stacks downwards from the anchor's line.
     const QStringList lines = text.split(QLatin1Char('\n'));
@@ -163,11 +169,15 @@ void paintDimension(QPainter& p, const Shape& s, const QTransform& t, double dpi
     // The label sits on the far side of the dimension line, read from below or from the right.
     double degrees = -std::atan2(d.y(), d.x()) * 180 / std::numbers::pi;
     if (degrees > 90.5 || degrees < -89.5) degrees += degrees > 0 ? -180 : 180;
-    p.setFont(fontFor(s, t, dpi));
+    useFont(p, s, t, dpi);
     const QPointF mid = (da + db) / 2;
     QPointF away = (da - pa);
     const double al = std::hypot(away.x(), away.y());
-    const bool textAbove = al < 1 || away.y() <= 0.01 || std::abs(away.x()) > std::abs(away.y());
+    // The label grows away from the measured object: toward the text's top
+    // when that is the side away from the object, else from its top down.
+    const double r = degrees * std::numbers::pi / 180;
+    const QPointF textUp(-std::sin(r), -std::cos(r));
+    const bool textAbove = al < 1 || QPointF::dotProduct(textUp, away) >= 0;
     drawAnchoredText(p, QString::fromStdString(s.text), mid + (al < 1 ? QPointF() : away / al * 2 * px), degrees,
                      drawing::HAlign::Center, textAbove ? drawing::VAlign::Bottom : drawing::VAlign::Top);
 }

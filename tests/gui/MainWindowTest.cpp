@@ -1,5 +1,5 @@
 // The window mirrors the form data and hands widget events to the core.
-#include "../unit/FakePorts.h"
+#include "ShownWindow.h"
 
 #include "gui/BentTable.h"
 #include "gui/MainWindow.h"
@@ -18,11 +18,8 @@
 
 namespace tw {
 
-class MainWindowTest : public QObject {
+class MainWindowTest : public QObject, public test::ShownWindow {
     Q_OBJECT
-
-    std::unique_ptr<test::Loaded> app;
-    std::unique_ptr<MainWindow> window;
 
     template <class W> W* find(const char* name) {
         auto* w = window->findChild<W*>(QString::fromLatin1(name));
@@ -31,21 +28,8 @@ class MainWindowTest : public QObject {
     }
 
   private slots:
-    void init() {
-        app = std::make_unique<test::Loaded>(TW_PROGRAM_DIR);
-        window = std::make_unique<MainWindow>(**app);
-        (*app)->actions.afterEach([this] {
-            if (window) window->refresh();
-        });
-        window->resize(1366, 768);
-        window->refresh();
-        window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    }
-    void cleanup() {
-        window.reset();
-        app.reset();
-    }
+    void init() { openWindow(); }
+    void cleanup() { closeWindow(); }
 
     void typingGoesThroughTheKeyFilterAndLeavingFormats() {
         window->tabs()->setCurrentIndex(1);

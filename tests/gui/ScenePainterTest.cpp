@@ -74,6 +74,34 @@ class ScenePainterTest : public QObject {
         QVERIFY(error.contains("cannot be written"));
     }
 
+    // A dimension's label stands beyond its line, away from what it measures, on either side.
+    void aDimensionLabelStandsAwayFromWhatItMeasures() {
+        for (double offset : {-2.0, 2.0}) {
+            Scene s;
+            s.line({0, 0}, {0, 10});
+            s.dimension({0, 0}, {0, 10}, offset, "LABEL").height = 14;
+            s.line({-8, 0}, {8, 0}); // room on both sides
+            QImage img(400, 400, QImage::Format_ARGB32);
+            img.fill(Qt::white);
+            QPainter p(&img);
+            const QTransform t = fitTransform(s.bounds(), QRectF(img.rect()));
+            paintScene(p, s, t);
+            p.end();
+            const int object = qRound(t.map(QPointF(0, 5)).x()), line = qRound(t.map(QPointF(-offset, 5)).x());
+            const int y0 = qRound(t.map(QPointF(0, 6.5)).y()), y1 = qRound(t.map(QPointF(0, 3.5)).y());
+            auto inked = [&](int from, int to) {
+                for (int x = std::min(from, to); x <= std::max(from, to); ++x)
+                    for (int y = y0; y <= y1; ++y)
+                        if (qGray(img.pixel(x, y)) < 128) return true;
+                return false;
+            };
+            const int beyond = line + (line > object ? 30 : -30);
+            QVERIFY2(inked(line + (line > object ? 3 : -3), beyond), "no label beyond the line");
+            QVERIFY2(!inked(object + (line > object ? 3 : -3), line + (line > object ? -3 : 3)),
+                     "the label sits between the line and what it measures");
+        }
+    }
+
     void hiddenLevelsAreNotPainted() {
         Scene s;
         s.polyline({{0, 0}, {10, 0}, {10, 10}, {0, 10}}, true).fill = Color{0, 0, 0};

@@ -192,6 +192,14 @@ bool concreteDataIsClean(const std::string& concreteFile) {
     return true;
 }
 
+std::optional<SketchName> sketchNamed(const std::string& name) {
+    for (const auto& s : kSketches)
+        if ("/Drawing/" + name + ".jpg" == s.picture) return SketchName{s.label, s.type};
+    for (const auto& s : kSketches)
+        if (name == s.key) return SketchName{s.label, s.type};
+    return std::nullopt;
+}
+
 std::string sketchTitle(const std::string& key) {
     // First match wins: the second "cwbw" and "cpb" entries are never reached.
     static const std::pair<const char*, const char*> titles[] = {

@@ -2,6 +2,9 @@
 // printing of the listings, the drawing, and the explanatory sketches.
 #pragma once
 
+#include "core/model/Choices.h"
+
+#include <optional>
 #include <string>
 
 namespace tw {
@@ -18,5 +21,13 @@ bool concreteDataIsClean(const std::string& concreteFile);
 
 // The title of the sketch window for a sketch key; empty for an unknown key.
 std::string sketchTitle(const std::string& key);
+
+// The sketch a small picture's base name ("cbwbw") or else a full-size
+// picture's key ("cwbw") stands for: the label that shows it and its bent type.
+struct SketchName {
+    Ctl label;
+    BentType type;
+};
+std::optional<SketchName> sketchNamed(const std::string& name);
 
 } // namespace tw

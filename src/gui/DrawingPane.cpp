@@ -1,0 +1,102 @@
+#include "gui/DrawingPane.h"
+
+#include "core/App.h"
+#include "gui/LaidOutView.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace tw {
+
+namespace {
+enum View { Automatic, PlanAndElevation, Plan, Elevation };
+} // namespace
+
+DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"), parent) {
+    setObjectName(QStringLiteral("drawingPane"));
+    setFeatures(QDockWidget::DockWidgetMovable | QDockWidget::DockWidgetFloatable | QDockWidget::DockWidgetClosable);
+    auto* inner = new QWidget;
+    auto* v = new QVBoxLayout(inner);
+    v->setContentsMargins(4, 4, 4, 4);
+    auto* bar = new QHBoxLayout;
+    views_ = new QComboBox;
+    views_->setObjectName(QStringLiteral("drawingViews"));
+    views_->addItems({QStringLiteral("Automatic"), QStringLiteral("Plan and elevation"), QStringLiteral("Plan"),
+                      QStringLiteral("Elevation")});
+    views_->setToolTip(QStringLiteral("Which views of the bent to draw. Automatic: both when the pane has room for "
+                                      "them, else the view of the field you are in"));
+    bar->addWidget(views_);
+    bar->addStretch(1);
+    view_ = new LaidOutView;
+    view_->setObjectName(QStringLiteral("drawingView"));
+    view_->setToolTip(QStringLiteral("Wheel: zoom. Drag: pan. Double-click or F: fit."));
+    const std::pair<const char*, void (SceneView::*)()> buttons[] = {
+        {"Fit", &SceneView::fit}, {"Zoom in", &SceneView::zoomIn}, {"Zoom out", &SceneView::zoomOut}};
+    for (const auto& [text, slot] : buttons) {
+        auto* b = new QToolButton;
+        b->setText(QString::fromLatin1(text));
+        b->setAutoRaise(true);
+        connect(b, &QToolButton::clicked, view_, slot);
+        bar->addWidget(b);
+    }
+    v->addLayout(bar);
+    v->addWidget(view_, 1);
+    setWidget(inner);
+    view_->setLayout([this](double w, double h) { return layout(w, h); });
+    connect(views_, &QComboBox::currentIndexChanged, this, [this] {
+        view_->relayout();
+        view_->fit();
+    });
+    // A closed pane costs nothing; it catches up when it is shown again.
+    connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {
+        if (visible && app_) showProject(*app_);
+    });
+}
+
+QSize DrawingPane::sizeHint() const { return {345, 480}; }
+
+void DrawingPane::showProject(const App& app) {
+    app_ = &app;
+    if (!isVisible()) return;
+    const auto focus = app.focus();
+    const std::string highlight = focus ? toString(drawing::drawnControl(*focus)) : std::string();
+    if (highlight != view_->options().highlight) {
+        PaintOptions options = view_->options();
+        options.highlight = highlight;
+        view_->setOptions(options);
+    }
+    bool elevationFirst = elevationFirst_;
+    if (focus)
+        if (auto e = drawing::inElevation(*focus)) elevationFirst = *e;
+    drawing::BentInputs inputs = drawing::readBentInputs(app);
+    if (inputs == inputs_ && elevationFirst == elevationFirst_ && !view_->scene().shapes.empty()) return;
+    inputs_ = std::move(inputs);
+    elevationFirst_ = elevationFirst;
+    view_->relayout();
+}
+
+drawing::Scene DrawingPane::layout(double widthPt, double heightPt) const {
+    drawing::DrawOptions o;
+    const int view = views_->currentIndex();
+    o.plan = view != Elevation;
+    o.elevation = view != Plan;
+    if (view != Automatic) return drawing::drawBentToFit(inputs_, o, widthPt, heightPt);
+    drawing::DrawOptions single;
+    single.plan = !elevationFirst_;
+    single.elevation = elevationFirst_;
+    const QSizeF size(widthPt, heightPt);
+    if (choice_ && choice_->size == size && choice_->elevationFirst == elevationFirst_ &&
+        choice_->beams == inputs_.beams && choice_->type == inputs_.type)
+        return drawing::drawBentToFit(inputs_, choice_->both ? o : single, widthPt, heightPt);
+    // Both views while they stay readable and each keeps most of the size it would have alone.
+    drawing::LayoutReport both, alone;
+    drawing::Scene scene = drawing::drawBentToFit(inputs_, o, widthPt, heightPt, &both);
+    drawing::Scene one = drawing::drawBentToFit(inputs_, single, widthPt, heightPt, &alone);
+    const bool bothFit = !both.cramped && both.feetPerPoint <= 1.5 * alone.feetPerPoint;
+    choice_ = Choice{size, elevationFirst_, inputs_.beams, inputs_.type, bothFit};
+    return bothFit ? scene : one;
+}
+
+} // namespace tw

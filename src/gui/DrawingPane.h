@@ -1,0 +1,50 @@
+// The drawing pane beside the form: the bent in plan and elevation as the
+// engineer types, the element of the focused field highlighted. A dock the
+// engineer can move, float, resize or close; zoom, pan and Fit are the
+// view's own.
+#pragma once
+
+#include "core/drawing/BentDrawing.h"
+
+#include <QDockWidget>
+
+#include <optional>
+
+class QComboBox;
+
+namespace tw {
+
+class App;
+class LaidOutView;
+
+class DrawingPane : public QDockWidget {
+    Q_OBJECT
+  public:
+    explicit DrawingPane(QWidget* parent = nullptr);
+
+    // Draws the project as it stands; cheap when nothing it shows has changed.
+    void showProject(const App& app);
+    LaidOutView* view() const { return view_; }
+
+    QSize sizeHint() const override;
+
+  private:
+    drawing::Scene layout(double widthPt, double heightPt) const;
+
+    drawing::BentInputs inputs_;
+    bool elevationFirst_ = false; // the last field the engineer was in shows in the elevation
+    // Automatic's last choice between both views and one, kept while nothing it hangs on changes.
+    struct Choice {
+        QSizeF size;
+        bool elevationFirst;
+        int beams;
+        std::optional<BentType> type;
+        bool both;
+    };
+    mutable std::optional<Choice> choice_;
+    QComboBox* views_ = nullptr;
+    LaidOutView* view_ = nullptr;
+    const App* app_ = nullptr;
+};
+
+} // namespace tw

@@ -1,0 +1,34 @@
+// A drawing view whose scene is laid out for the room it has: text keeps its
+// size in points, so the room the text takes around the geometry depends on
+// the view's size, and a resize lays the drawing out again.
+#pragma once
+
+#include "gui/SceneView.h"
+
+#include <functional>
+
+namespace tw {
+
+class LaidOutView : public SceneView {
+    Q_OBJECT
+  public:
+    // Makes the scene for a view `widthPt` by `heightPt` points.
+    using Layout = std::function<drawing::Scene(double widthPt, double heightPt)>;
+
+    explicit LaidOutView(QWidget* parent = nullptr);
+    void setLayout(Layout layout);
+    // Lays the scene out again for the current size.
+    void relayout();
+    // The size the drawing is meant to be seen at.
+    void setNaturalSize(QSize size) { natural_ = size; }
+    QSize sizeHint() const override { return natural_.isValid() ? natural_ : SceneView::sizeHint(); }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    Layout layout_;
+    QSize natural_;
+};
+
+} // namespace tw
