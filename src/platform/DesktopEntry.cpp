@@ -168,7 +168,8 @@ std::optional<std::string> openCommandFromExec(const std::string& exec) {
         if (text.empty() && !w.quoted && !w.text.empty()) continue; // only field codes
         if (command.empty() && text.empty()) return std::nullopt;   // an empty program
         if (!placed && text.find('%') != std::string::npos) return std::nullopt;
-        command += (command.empty() ? "" : " ") + quoteArg(text);
+        if (!command.empty()) command += ' ';
+        command += quoteArg(text);
     }
     if (command.empty()) return std::nullopt;
     if (!placed) command += " \"%1\"";
