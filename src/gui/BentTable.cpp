@@ -6,6 +6,7 @@
 #include "gui/FormPages.h"
 #include "platform/QtText.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -280,13 +281,17 @@ QWidget* BentTablePage::tablePanel() {
     auto* panel = new QWidget;
     auto* v = new QVBoxLayout(panel);
     v->setContentsMargins(4, 0, 0, 0);
-    auto* buttons = new QHBoxLayout;
+    // Two rows of the row commands and the moves beside them, so the table
+    // keeps a narrow minimum width beside the entry fields and the drawing.
+    auto* buttons = new QGridLayout;
+    buttons->setHorizontalSpacing(4);
+    buttons->setVerticalSpacing(2);
     for (int i = 0; i < 6; ++i)
-        buttons->addWidget(binder_.button(CtlId(Ctl::cmdQuantity, i)));
-    buttons->addSpacing(16);
-    buttons->addWidget(binder_.button(Ctl::cmdMoveUp));
-    buttons->addWidget(binder_.button(Ctl::cmdMoveDown));
-    buttons->addStretch(1);
+        buttons->addWidget(binder_.button(CtlId(Ctl::cmdQuantity, i)), i / 3, i % 3);
+    buttons->setColumnMinimumWidth(3, 12);
+    buttons->addWidget(binder_.button(Ctl::cmdMoveUp), 0, 4);
+    buttons->addWidget(binder_.button(Ctl::cmdMoveDown), 1, 4);
+    buttons->setColumnStretch(5, 1);
     v->addLayout(buttons);
 
     model_ = new BentTableModel(app_.grid, this);

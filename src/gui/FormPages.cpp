@@ -217,12 +217,8 @@ QWidget* bearingPage(Binder& b) {
     distanceRow(20, 10, 0);
     cv->addWidget(lines);
 
-    auto* page = new QWidget;
-    auto* h = new QHBoxLayout(page);
-    h->setContentsMargins(0, 0, 0, 0);
-    h->addWidget(column({bearing, angles}), 0);
-    h->addWidget(column({centerlines}), 1);
-    return scrolledPage(page);
+    // One column: beside the drawing pane there is height to scroll, not width.
+    return scrolledPage(column({bearing, angles, centerlines}));
 }
 
 QWidget* pilePage(Binder& b) {

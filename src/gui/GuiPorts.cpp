@@ -1,4 +1,5 @@
 #include "gui/GuiPorts.h"
+#include "gui/WindowPlacement.h"
 #include "platform/QtText.h"
 
 #include <QApplication>
@@ -8,11 +9,16 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QScreen>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
 
 namespace tw {
 
@@ -23,16 +29,6 @@ QString qtFilter(const std::string& legacy) {
     const QString f = q(legacy);
     const int bar = f.indexOf(QLatin1Char('|'));
     return bar < 0 ? f : f.left(bar);
-}
-
-QFont listingFont() {
-    QFont f(QStringLiteral("Courier New"), 8);
-    f.setStyleHint(QFont::Monospace);
-    if (!QFontInfo(f).fixedPitch()) {
-        f = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-        f.setPointSize(8);
-    }
-    return f;
 }
 
 } // namespace
@@ -79,49 +75,60 @@ std::optional<std::string> GuiPorts::fileDialog(const FileDialogRequest& r) {
     return QDir::toNativeSeparators(dialog.selectedFiles().first()).toStdString();
 }
 
-bool GuiPorts::printerDialog() {
-    if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    QPrintDialog dialog(printer_.get(), parent_);
-    documentsPrinted_ = 0;
+bool GuiPorts::choosePrinter(QPrinter& printer) {
+    QPrintDialog dialog(&printer, parent_);
     return dialog.exec() == QDialog::Accepted;
 }
 
-void GuiPorts::print(const PrintDocument& doc) {
+bool GuiPorts::printerDialog() {
     if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    // Printing to a file: each document gets a file of its own beside the chosen one.
-    const QString chosen = printer_->outputFileName();
-    if (!chosen.isEmpty() && documentsPrinted_ > 0) {
-        const QFileInfo fi(chosen);
-        printer_->setOutputFileName(fi.dir().filePath(fi.completeBaseName() + QStringLiteral("-") +
-                                                      QString::number(documentsPrinted_ + 1) + QStringLiteral(".") +
-                                                      fi.suffix()));
+    job_.reset();
+    if (!choosePrinter(*printer_)) return false;
+    job_ = std::make_unique<ListingPrinter>(*printer_);
+    return true;
+}
+
+void GuiPorts::print(const PrintDocument& doc) {
+    if (!job_) {
+        if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        job_ = std::make_unique<ListingPrinter>(*printer_);
     }
-    printer_->setDocName(q(doc.file));
-    const bool ok = printListing(*printer_, doc);
-    printer_->setOutputFileName(chosen);
-    ++documentsPrinted_;
-    if (!ok)
+    if (!job_->print(doc))
         message("The printer could not start the document " + doc.file + ".", "Error", MsgButtons::OK,
                 MsgIcon::Critical);
 }
 
-bool printListing(QPrinter& printer, const PrintDocument& doc) {
-    QPainter painter;
-    if (!painter.begin(&printer)) return false;
-    painter.setFont(listingFont());
-    const QFontMetrics metrics(painter.font(), &printer);
-    const int lineHeight = metrics.lineSpacing();
-    const int pageHeight = painter.viewport().height();
-    int y = metrics.ascent();
-    for (const auto& line : doc.lines) {
-        if (y + metrics.descent() > pageHeight) {
-            printer.newPage();
-            y = metrics.ascent();
-        }
-        painter.drawText(0, y, QString::fromStdString(line));
-        y += lineHeight;
+void GuiPorts::showDocument(const std::string& file) {
+    auto* view = document_ ? document_->findChild<QTextBrowser*>() : nullptr;
+    if (!document_) {
+        auto* w = new QDialog(parent_);
+        w->setObjectName(QStringLiteral("document"));
+        w->setAttribute(Qt::WA_DeleteOnClose);
+        auto* v = new QVBoxLayout(w);
+        view = new QTextBrowser;
+        view->setOpenExternalLinks(false);
+        v->addWidget(view);
+        auto* close = new QPushButton(QStringLiteral("Close"));
+        QObject::connect(close, &QPushButton::clicked, w, &QDialog::close);
+        auto* h = new QHBoxLayout;
+        h->addStretch(1);
+        h->addWidget(close);
+        v->addLayout(h);
+        w->resize(fittedSize(w, QSize(900, 700)));
+        keepOnScreen(w);
+        document_ = w;
     }
-    return painter.end();
+    view->setSource(QUrl::fromLocalFile(q(file)));
+    document_->setWindowTitle(view->documentTitle().isEmpty() ? QFileInfo(q(file)).fileName() : view->documentTitle());
+    if (!document_->isVisible()) centre(document_, parent_);
+    document_->show();
+    document_->raise();
+    document_->activateWindow();
+}
+
+void GuiPorts::endPrintJob() {
+    if (job_) job_->finish();
+    job_.reset();
 }
 
 bool GuiSystem::shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) {

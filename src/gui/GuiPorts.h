@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/ports.h"
+#include "gui/ListingPrinter.h"
 #include "platform/Platform.h"
 
 #include <QPointer>
@@ -31,6 +32,9 @@ class GuiPorts : public UserPorts {
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
     bool printerDialog() override;
     void print(const PrintDocument& doc) override;
+    void endPrintJob() override;
+    // The user guide in a window of the program's own, where the desktop has no browser.
+    void showDocument(const std::string& file) override;
     void setBusyCursor(bool busy) override;
     void windowShow(const std::string& form, const std::string& caption) override;
     void windowClose(const std::string& form) override;
@@ -39,10 +43,15 @@ class GuiPorts : public UserPorts {
     int screenWidthTwips() const override;
     int screenHeightTwips() const override;
 
+  protected:
+    // The printer dialog; true to print on the printer as set there.
+    virtual bool choosePrinter(QPrinter& printer);
+
   private:
     QPointer<QWidget> parent_;
     std::unique_ptr<QPrinter> printer_;
-    int documentsPrinted_ = 0;
+    std::unique_ptr<ListingPrinter> job_;
+    QPointer<QWidget> document_;
     bool busy_ = false;
 };
 
@@ -54,9 +63,5 @@ class GuiSystem : public Platform {
     std::function<QString(const QString&)> onMissingFile;
     bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
 };
-
-// Prints a listing, one printed line per file line, in an 8-point
-// monospaced font, a new page when the next line would not fit.
-bool printListing(QPrinter& printer, const PrintDocument& doc);
 
 } // namespace tw

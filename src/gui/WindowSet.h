@@ -1,0 +1,45 @@
+// Every window of the program and what showing, closing and placing a form
+// means for them: the main window and the small windows, each a mirror of
+// its form's data, refreshed after every user action.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+class QWidget;
+
+namespace tw {
+
+class App;
+class FormWindow;
+class GuiPorts;
+class MainWindow;
+class PictureWindow;
+
+class WindowSet {
+  public:
+    WindowSet(App& app, GuiPorts& ports);
+    ~WindowSet();
+
+    MainWindow& main() { return *main_; }
+    // The window of a small form (frmSplash, frmAbout, frmIPrinter, frmViewTest, frmPicView).
+    FormWindow* window(const std::string& form) const;
+    // Runs once when the main window is first shown (opening a file named on the command line).
+    std::function<void()> onMainShown;
+    // Runs when the main form has unloaded: the program ends.
+    std::function<void()> onMainClosed;
+
+  private:
+    void show(const std::string& form);
+    void close(const std::string& form);
+    void refreshAll();
+
+    App& app_;
+    std::unique_ptr<MainWindow> main_;
+    std::map<std::string, FormWindow*> windows_;
+    PictureWindow* picture_ = nullptr;
+};
+
+} // namespace tw
