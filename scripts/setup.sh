@@ -8,7 +8,8 @@ shift || true
 
 packages=(cmake g++ make qt6-base-dev qt6-svg-dev qt6-image-formats-plugins libgtest-dev libgmock-dev
           libbenchmark-dev xvfb xauth xdg-utils poppler-utils clang libclang-rt-14-dev gdal-bin
-          fonts-dejavu-core libgdal-dev shared-mime-info desktop-file-utils appstream file dpkg-dev lintian)
+          fonts-dejavu-core libgdal-dev shared-mime-info desktop-file-utils appstream file dpkg-dev lintian
+          openbox x11-utils xdotool imagemagick)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

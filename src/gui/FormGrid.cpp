@@ -76,14 +76,19 @@ QWidget* FormGrid::row(const CtlId& promptId, const CtlId& fieldId, const QStrin
 
 void FormGrid::span(QWidget* w) { grid_->addWidget(w, grid_->rowCount(), 0, 1, 4); }
 
-// Numbered rows of one field each (cap steps, step elevations), ten to a
-// column, so twenty beams fit without scrolling.
-QWidget* numberedRows(Binder& b, Ctl label, Ctl field, int count, const QString& unit) {
-    auto* w = new QWidget;
+QGridLayout* tightGrid(QWidget* w) {
     auto* g = new QGridLayout(w);
     g->setContentsMargins(0, 0, 0, 0);
     g->setHorizontalSpacing(6);
     g->setVerticalSpacing(4);
+    return g;
+}
+
+// Numbered rows of one field each (cap steps, step elevations), ten to a
+// column, so twenty beams fit without scrolling.
+QWidget* numberedRows(Binder& b, Ctl label, Ctl field, int count, const QString& unit) {
+    auto* w = new QWidget;
+    QGridLayout* g = tightGrid(w);
     for (int i = 0; i < count; ++i) {
         const int r = i % 10, c = (i / 10) * 4;
         auto* number = b.label(CtlId(label, i));

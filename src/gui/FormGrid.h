@@ -46,6 +46,9 @@ class FormGrid {
     int promptWidth_;
 };
 
+// A grid of rows without margins of its own, for rows inside a group.
+QGridLayout* tightGrid(QWidget* w);
+
 // Numbered rows of one field each (cap steps, step elevations), ten to a
 // column, so twenty beams fit without scrolling.
 QWidget* numberedRows(Binder& b, Ctl label, Ctl field, int count, const QString& unit);

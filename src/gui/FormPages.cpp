@@ -31,6 +31,14 @@ QLabel* note(const QString& text) {
     return l;
 }
 
+// A group's explanation, then its rows in a grid on `rows`.
+QGridLayout* notedRows(QWidget* group, QWidget* rows, const QString& explanation) {
+    auto* v = new QVBoxLayout(group);
+    v->addWidget(note(explanation));
+    v->addWidget(rows);
+    return tightGrid(rows);
+}
+
 // Degrees, minutes and seconds: three small fields, each with its mark.
 QWidget* angleFields(Binder& b, Ctl field, Ctl marks) {
     auto* box = new QWidget;
@@ -158,13 +166,10 @@ QWidget* bearingPage(Binder& b) {
           Ctl::txtCenterlineDistance, kFeet);
 
     auto* angles = viewGroup(b, QStringLiteral("Beam Angles"));
-    auto* av = new QVBoxLayout(angles);
-    av->addWidget(note(QStringLiteral("The angle between the centerline of each beam and the centerline of the "
-                                      "bearing, in degrees, minutes and seconds")));
     auto* rows = new QWidget;
-    auto* rg = new QGridLayout(rows);
-    rg->setContentsMargins(0, 0, 0, 0);
-    rg->setVerticalSpacing(4);
+    QGridLayout* rg = notedRows(angles, rows,
+                                QStringLiteral("The angle between the centerline of each beam and the centerline of "
+                                               "the bearing, in degrees, minutes and seconds"));
     for (int i = 0; i < 20; ++i) {
         const int r = i % 10, c = (i / 10) * 8;
         auto* index = b.label(CtlId(Ctl::lblBeamAngleIndex, i));
@@ -185,16 +190,12 @@ QWidget* bearingPage(Binder& b) {
     }
     rg->setColumnStretch(16, 1);
     b.bindVisibility(Ctl::picOutterBeamAngle, rows);
-    av->addWidget(rows);
 
     auto* centerlines = viewGroup(b, QStringLiteral("Centerline Locations"));
-    auto* cv = new QVBoxLayout(centerlines);
-    cv->addWidget(note(QStringLiteral("Distances along the front face of the cap between the beam centerlines, from "
-                                      "the left end to the right end; the last is what the cap length leaves.")));
-    auto* lines = new QWidget;
-    auto* lg = new QGridLayout(lines);
-    lg->setContentsMargins(0, 0, 0, 0);
-    lg->setVerticalSpacing(4);
+    QGridLayout* lg =
+        notedRows(centerlines, new QWidget,
+                  QStringLiteral("Distances along the front face of the cap between the beam centerlines, from the "
+                                 "left end to the right end; the last is what the cap length leaves."));
     // Twenty entered distances ten to a column, then the closing one under the first column.
     auto distanceRow = [&](int i, int r, int c) {
         const QString from = i == 0    ? QStringLiteral("Left end")
@@ -215,7 +216,7 @@ QWidget* bearingPage(Binder& b) {
     for (int i = 0; i < 20; ++i)
         distanceRow(i, i % 10, (i / 10) * 4);
     distanceRow(20, 10, 0);
-    cv->addWidget(lines);
+    lg->setColumnStretch(8, 1);
 
     // One column: beside the drawing pane there is height to scroll, not width.
     return scrolledPage(column({bearing, angles, centerlines}));

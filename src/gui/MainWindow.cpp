@@ -16,6 +16,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
@@ -86,6 +87,20 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, kFrmMain, this) {
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
         if (!syncing_) app_.actions.selectTab(index);
     });
+    // From anywhere in the window, Ctrl+Page Down and Ctrl+Page Up step through the tabs that show.
+    for (const auto& [keys, step] : {std::pair{QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1},
+                                     std::pair{QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1}}) {
+        auto* shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, [this, step = step] {
+            const int n = tabs_->count();
+            for (int i = 1; i < n; ++i) {
+                const int next = (tabs_->currentIndex() + step * i + n) % n;
+                if (!tabs_->isTabVisible(next)) continue;
+                tabs_->setCurrentIndex(next);
+                return;
+            }
+        });
+    }
 
     auto* central = new QWidget;
     auto* v = new QVBoxLayout(central);

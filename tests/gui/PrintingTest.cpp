@@ -1,4 +1,5 @@
 // Listings print one printed line per file line, pages breaking when full.
+#include "Pdf.h"
 #include "gui/GuiPorts.h"
 
 #include <QFile>
@@ -12,18 +13,6 @@ namespace tw {
 
 class PrintingTest : public QObject {
     Q_OBJECT
-
-    static int pages(const QString& pdf) {
-        QProcess info;
-        info.start(QStringLiteral("pdfinfo"), {pdf});
-        if (info.waitForFinished(10000) && info.exitCode() == 0) {
-            const auto m = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(info.readAllStandardOutput());
-            if (m.hasMatch()) return m.captured(1).toInt();
-        }
-        QFile f(pdf);
-        if (!f.open(QIODevice::ReadOnly)) return -1;
-        return static_cast<int>(f.readAll().count("/Type /Page\n") + 0);
-    }
 
   private slots:
     void aLongListingFillsPagesInOrder() {
@@ -42,7 +31,7 @@ class PrintingTest : public QObject {
         printer.setOutputFileName(one);
         doc.lines.resize(10);
         QVERIFY(printListing(printer, doc));
-        QCOMPARE(pages(one), 1);
+        QCOMPARE(test::pdfPages(one), 1);
 
         for (int i = 11; i <= 151; ++i)
             doc.lines.push_back("LINE " + std::to_string(i));
@@ -50,7 +39,7 @@ class PrintingTest : public QObject {
         printer.setOutputFileName(many);
         QVERIFY(printListing(printer, doc));
         // 8-point lines: a letter page holds between 60 and 90 of them.
-        const int n = pages(many);
+        const int n = test::pdfPages(many);
         QVERIFY2(n >= 2 && n <= 3, qPrintable(QString::number(n)));
     }
 };

@@ -2,7 +2,7 @@
 #include "FakePorts.h"
 
 #include "core/form/NumericEntry.h"
-#include "core/form/Sections.h"
+#include "core/form/MainForm.h"
 
 #include <gtest/gtest.h>
 

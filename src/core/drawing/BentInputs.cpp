@@ -1,6 +1,7 @@
 #include "core/drawing/BentInputs.h"
 
 #include "core/App.h"
+#include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
 #include <algorithm>
@@ -43,28 +44,6 @@ void name(AngleInput& a, Ctl h, Ctl m, Ctl s, int i) {
     a.degrees.id = CtlId(h, i);
     a.minutes.id = CtlId(m, i);
     a.seconds.id = CtlId(s, i);
-}
-
-bool isBentEntry(const CtlId& id) {
-    switch (id.ctl) {
-    case Ctl::txtBentNoPI:
-    case Ctl::cboBtomCalPI:
-    case Ctl::txtBtLCapPI:
-    case Ctl::txtBtRCapPI:
-    case Ctl::txtEStepPI:
-    case Ctl::txtLwingwallElevation:
-    case Ctl::txtElevationTopLeftfront:
-    case Ctl::txtElevationTopLeftEnd:
-    case Ctl::txtRwingwallElevation:
-    case Ctl::txtElevationTopRighFront:
-    case Ctl::txtElevationTopRighEnd:
-    case Ctl::txtTopLeftEndPost:
-    case Ctl::txtTopLeftBackwall:
-    case Ctl::txtTopCentBackwall:
-    case Ctl::txtTopRightBackwall:
-    case Ctl::txtTopRightEndPost: return true;
-    default: return false;
-    }
 }
 
 // The elevations of the bent being entered, as the entry fields hold them.

@@ -22,6 +22,13 @@ void setMainCaption(App& app, bool fileCurrent);
 // True while a file is current, judged the old way: by the caption.
 bool hasCurrentFile(const App& app);
 
+// The sections and repeated rows the bent type, the number of beams and the
+// options show, hide, label and place.
+void applyBentType(App& app);
+// Rows for the number of beams: cap steps, step elevations, beam angles, centerline distances.
+void applyBeamCount(App& app);
+void applyBeamAngleRows(App& app);
+
 // Asks "Are you sure you want to exit?"; on Yes closes every form. Returns
 // whether the main form was unloaded.
 bool unloadMainForm(App& app);

@@ -1,4 +1,4 @@
-#include "core/form/Sections.h"
+#include "core/form/MainForm.h"
 
 #include "core/App.h"
 #include "core/benttable/Layout.h"

@@ -29,7 +29,12 @@ InputRule number(Ctl c, int digits, int decimals, std::string defaultText = "", 
 // Dimensions carry four decimals, elevations two; angles are whole degrees
 // and minutes and seconds with one decimal.
 InputRule dimension(Ctl c, std::string defaultText = "") { return number(c, 2, 4, std::move(defaultText)); }
-InputRule elevation(Ctl c) { return number(c, 4, 2); }
+// Elevations are what a bent of the bent table is entered with.
+InputRule elevation(Ctl c) {
+    InputRule r = number(c, 4, 2);
+    r.bentEntry = true;
+    return r;
+}
 
 InputRule choice(Ctl c, int defaultIndex) {
     InputRule r;
@@ -107,8 +112,11 @@ std::vector<InputRule> buildRules() {
     bent.kind = InputKind::BentNumber;
     bent.selectsOnFocus = true;
     bent.maxLength = 2;
+    bent.bentEntry = true;
     rows.push_back(bent);
-    rows.push_back(choice(Ctl::cboBtomCalPI, 0));
+    InputRule bottom = choice(Ctl::cboBtomCalPI, 0);
+    bottom.bentEntry = true;
+    rows.push_back(bottom);
     for (Ctl c : {Ctl::txtBtLCapPI, Ctl::txtBtRCapPI, Ctl::txtLwingwallElevation, Ctl::txtElevationTopLeftfront,
                   Ctl::txtElevationTopLeftEnd, Ctl::txtRwingwallElevation, Ctl::txtElevationTopRighFront,
                   Ctl::txtElevationTopRighEnd, Ctl::txtTopLeftEndPost, Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall,
@@ -140,6 +148,8 @@ bool isInput(Ctl ctl) {
         if (r.ctl == ctl) return true;
     return false;
 }
+
+bool isBentEntry(const CtlId& id) { return isInput(id.ctl) && inputRule(id).bentEntry; }
 
 const std::vector<Ctl>& inputControls() {
     static const std::vector<Ctl> controls = [] {

@@ -39,11 +39,15 @@ struct InputRule {
     std::string defaultText;
     int defaultIndex = -1;
     int maxLength = 0; // characters the field takes; 0: no limit
+    // One of the fields a bent of the bent table is entered in.
+    bool bentEntry = false;
 };
 
 // The rule of an input; the row for its item when there is one.
 const InputRule& inputRule(const CtlId& id);
 bool isInput(Ctl ctl);
+// A field a bent is entered in (bent number, bottom of cap, step and other elevations).
+bool isBentEntry(const CtlId& id);
 // Every input of the project model, item by item, in the model's order.
 const std::vector<CtlId>& projectInputs();
 // The distinct controls of the table, in the model's order.
