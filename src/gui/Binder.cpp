@@ -198,6 +198,65 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
+namespace {
+
+void syncLine(QLineEdit* e, const Control& c) {
+    const QSignalBlocker block(e);
+    const QString t = q(c.text);
+    if (e->text() != t) e->setText(t);
+    if (e->isReadOnly() != c.locked) {
+        e->setReadOnly(c.locked);
+        // Tab passes over what the user cannot change.
+        e->setFocusPolicy(c.locked ? Qt::ClickFocus : Qt::StrongFocus);
+        e->setToolTip(c.locked ? QString::fromUtf8(kClosingFieldTip) : QString());
+    }
+    const QColor color = colorOf(c.color);
+    QPalette p = e->palette();
+    const QColor want = color.isValid() ? color : QPalette().color(QPalette::Base);
+    if (p.color(QPalette::Base) != want) {
+        p.setColor(QPalette::Base, want);
+        e->setPalette(p);
+    }
+    if (e->hasFocus()) {
+        const int start = utf16Position(c.text, c.selStart);
+        if (c.selLength > 0)
+            e->setSelection(start, utf16Position(c.text, c.selStart + c.selLength) - start);
+        else
+            e->setCursorPosition(start);
+    }
+}
+
+void syncCombo(QComboBox* cb, const Control& c) {
+    const QSignalBlocker block(cb);
+    QStringList items;
+    for (const auto& i : c.items)
+        items << q(i);
+    bool same = cb->count() == items.size();
+    for (int i = 0; same && i < items.size(); ++i)
+        same = cb->itemText(i) == items[i];
+    if (!same) {
+        cb->clear();
+        cb->addItems(items);
+    }
+    if (cb->currentIndex() != c.listIndex) cb->setCurrentIndex(c.listIndex);
+}
+
+void syncText(QPlainTextEdit* t, const Control& c) {
+    QString text = q(c.text);
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (t->toPlainText() == text) return;
+    t->setPlainText(text);
+    t->moveCursor(QTextCursor::Start); // the listing is read from its top
+}
+
+template <class W, void (W::*Set)(const QString&), QString (W::*Get)() const>
+void syncCaption(QWidget* w, const Control& c) {
+    auto* widget = static_cast<W*>(w);
+    if ((widget->*Get)() != q(c.caption)) (widget->*Set)(q(c.caption));
+}
+
+} // namespace
+
 void Binder::syncOne(const Binding& b) {
     QWidget* w = b.widget;
     if (!w) return;
@@ -211,74 +270,12 @@ void Binder::syncOne(const Binding& b) {
     if (w->isHidden() == visible) w->setVisible(visible);
     if (w->isEnabled() != c.enabled) w->setEnabled(c.enabled);
     switch (b.type) {
-    case Type::Line: {
-        auto* e = static_cast<QLineEdit*>(w);
-        const QSignalBlocker block(e);
-        const QString t = q(c.text);
-        if (e->text() != t) e->setText(t);
-        if (e->isReadOnly() != c.locked) {
-            e->setReadOnly(c.locked);
-            // Tab passes over what the user cannot change.
-            e->setFocusPolicy(c.locked ? Qt::ClickFocus : Qt::StrongFocus);
-            e->setToolTip(c.locked ? QString::fromUtf8(kClosingFieldTip) : QString());
-        }
-        const QColor color = colorOf(c.color);
-        QPalette p = e->palette();
-        const QColor want = color.isValid() ? color : QPalette().color(QPalette::Base);
-        if (p.color(QPalette::Base) != want) {
-            p.setColor(QPalette::Base, want);
-            e->setPalette(p);
-        }
-        if (e->hasFocus()) {
-            const int start = utf16Position(c.text, c.selStart);
-            if (c.selLength > 0)
-                e->setSelection(start, utf16Position(c.text, c.selStart + c.selLength) - start);
-            else
-                e->setCursorPosition(start);
-        }
-        break;
-    }
-    case Type::Combo: {
-        auto* cb = static_cast<QComboBox*>(w);
-        const QSignalBlocker block(cb);
-        QStringList items;
-        for (const auto& i : c.items)
-            items << q(i);
-        bool same = cb->count() == items.size();
-        for (int i = 0; same && i < items.size(); ++i)
-            same = cb->itemText(i) == items[i];
-        if (!same) {
-            cb->clear();
-            cb->addItems(items);
-        }
-        if (cb->currentIndex() != c.listIndex) cb->setCurrentIndex(c.listIndex);
-        break;
-    }
-    case Type::Label: {
-        auto* l = static_cast<QLabel*>(w);
-        if (l->text() != q(c.caption)) l->setText(q(c.caption));
-        break;
-    }
-    case Type::Group: {
-        auto* g = static_cast<QGroupBox*>(w);
-        if (g->title() != q(c.caption)) g->setTitle(q(c.caption));
-        break;
-    }
-    case Type::Button: {
-        auto* pb = static_cast<QPushButton*>(w);
-        if (pb->text() != q(c.caption)) pb->setText(q(c.caption));
-        break;
-    }
-    case Type::Text: {
-        auto* t = static_cast<QPlainTextEdit*>(w);
-        QString text = q(c.text);
-        text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-        if (t->toPlainText() != text) {
-            t->setPlainText(text);
-            t->moveCursor(QTextCursor::Start); // the listing is read from its top
-        }
-        break;
-    }
+    case Type::Line: syncLine(static_cast<QLineEdit*>(w), c); break;
+    case Type::Combo: syncCombo(static_cast<QComboBox*>(w), c); break;
+    case Type::Label: syncCaption<QLabel, &QLabel::setText, &QLabel::text>(w, c); break;
+    case Type::Group: syncCaption<QGroupBox, &QGroupBox::setTitle, &QGroupBox::title>(w, c); break;
+    case Type::Button: syncCaption<QAbstractButton, &QAbstractButton::setText, &QAbstractButton::text>(w, c); break;
+    case Type::Text: syncText(static_cast<QPlainTextEdit*>(w), c); break;
     case Type::Other:
     case Type::ViewGroup: break;
     }
