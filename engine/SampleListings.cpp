@@ -6,8 +6,8 @@
 #include "core/form/MainForm.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Choices.h"
-#include "core/model/Numeric.h"
 #include "core/model/Inputs.h"
+#include "core/model/Numeric.h"
 
 #include <algorithm>
 #include <cctype>
@@ -78,6 +78,8 @@ class DrawingScript {
 
 // Levels of the sample drawing.
 constexpr int kCapLevel = 1, kPileLevel = 2, kBeamLevel = 3, kTextLevel = 10, kDimensionLevel = 20, kTitleLevel = 30;
+// Feet of each pile drawn down to its break.
+constexpr double kPileLength = 10.0;
 
 class Listings {
   public:
@@ -311,6 +313,21 @@ class Listings {
         const Bent& b = bents_.front();
         DrawingScript d(out);
 
+        const std::vector<double> edges = drawCap(d, b);
+        const double top = b.steps.empty() ? b.bottomLeft : *std::max_element(b.steps.begin(), b.steps.end());
+        const double bottom = std::min(b.bottomLeft, b.bottomRight);
+        // Annotation grows with a long cap, so that it reads when the drawing is seen whole.
+        const double a = std::max(1.0, length_ / 36.0);
+        drawStepElevations(d, b, edges, a);
+        drawBeamLines(d, top, a);
+        drawPiles(d, b, a);
+        drawCapLength(d, top, a);
+        drawTitleBlock(d, b, bottom, a);
+    }
+
+    // The cap's outline: its bottom, then its stepped top from the right end back
+    // to the left. Returns the ends of the steps along the cap.
+    std::vector<double> drawCap(DrawingScript& d, const Bent& b) const {
         d.symbology(kCapLevel, 1, 2, 0); // blue, heavy
         std::vector<std::pair<double, double>> cap = {{0, b.bottomLeft}, {length_, b.bottomRight}};
         std::vector<double> edges = {0};
@@ -321,11 +338,11 @@ class Listings {
             cap.emplace_back(k == 0 ? 0 : edges[k], b.steps[k]);
         }
         d.shape(cap);
-        const double top = b.steps.empty() ? b.bottomLeft : *std::max_element(b.steps.begin(), b.steps.end());
-        const double bottom = std::min(b.bottomLeft, b.bottomRight);
+        return edges;
+    }
 
-        // Annotation grows with a long cap, so that it reads when the drawing is seen whole.
-        const double a = std::max(1.0, length_ / 36.0);
+    // Each step's elevation above it, turned upright where the step is too short for it.
+    void drawStepElevations(DrawingScript& d, const Bent& b, const std::vector<double>& edges, double a) const {
         d.symbology(kTextLevel, 0, 0, 0);
         for (int k = 0; k < beams_; ++k) {
             const std::string label = "EL. " + fixed(b.steps[k]);
@@ -335,7 +352,10 @@ class Listings {
             else
                 d.text(mid + h / 2, b.steps[k] + 0.2 * a, h, 90, label);
         }
+    }
 
+    // The beam lines above the cap, then their names.
+    void drawBeamLines(DrawingScript& d, double top, double a) const {
         d.symbology(kBeamLevel, 3, 0, 7); // red centre lines
         double x = 0;
         std::vector<double> beamsAt;
@@ -347,14 +367,16 @@ class Listings {
         d.symbology(kTextLevel, 0, 0, 0);
         for (int i = 0; i < beams_; ++i)
             d.text(beamsAt[i] - 0.2 * a, top + 1.4 * a, 0.3 * a, 90, "BEAM " + std::to_string(i + 1));
+    }
 
+    // The piles spread evenly under the cap, at least two.
+    void drawPiles(DrawingScript& d, const Bent& b, double a) const {
         const double pile = pileSize();
         const int piles = std::max(2, beams_);
-        const double pileLength = 10.0;
         for (int p = 0; p < piles; ++p) {
             const double px = length_ * (p + 0.5) / piles;
             const double under = b.bottomLeft + (b.bottomRight - b.bottomLeft) * px / length_;
-            const double foot = under - pileLength;
+            const double foot = under - kPileLength;
             d.symbology(kPileLevel, 98, 1, 0); // green
             d.shape({{px - pile / 2, under}, {px + pile / 2, under}, {px + pile / 2, foot}, {px - pile / 2, foot}});
             // The pile goes on below: a break drawn as two half circles.
@@ -363,8 +385,10 @@ class Listings {
             d.symbology(kTextLevel, 0, 0, 0);
             d.text(px + pile / 2 + 0.45 * a, foot + 1.0, 0.3 * a, 90, "PILE " + std::to_string(p + 1));
         }
+    }
 
-        // The cap length, dimensioned above the beam lines.
+    // The cap length, dimensioned above the beam lines.
+    void drawCapLength(DrawingScript& d, double top, double a) const {
         const double dimension = top + 4.2 * a, tick = 0.3 * a;
         d.symbology(kDimensionLevel, 6, 0, 0); // orange
         d.line(0, dimension, length_, dimension);
@@ -374,9 +398,11 @@ class Listings {
         d.line(length_, top + tick, length_, dimension + 0.5 * a);
         const std::string capLength = fixed(length_, 4) + " FT";
         d.text(length_ / 2 - textWidth(capLength, 0.4 * a) / 2, dimension + 0.2 * a, 0.4 * a, 0, capLength);
+    }
 
-        // Title block: the bent's number in a circle, then the project.
-        const double titleY = bottom - pileLength - 3.0 * a;
+    // Title block below the piles: the bent's number in a circle, then the project.
+    void drawTitleBlock(DrawingScript& d, const Bent& b, double bottom, double a) const {
+        const double titleY = bottom - kPileLength - 3.0 * a;
         d.symbology(kTitleLevel, 13, 1, 0); // purple
         d.circle(1.2 * a, titleY + 0.5 * a, 1.2 * a);
         d.text(1.2 * a - textWidth(b.number, 0.8 * a) / 2, titleY + 0.1 * a, 0.8 * a, 0, b.number);

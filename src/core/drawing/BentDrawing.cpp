@@ -601,12 +601,30 @@ class Builder {
     }
 
     void elevation(Scene& s) {
+        capElevation(s);
+        if (g_.endPosts) backwall(s);
+        if (on(kStepElevations)) stepElevations(s);
+        const double lowest = bottomElevations(s);
+        if (on(kMinDepth) && (g_.bottomComputed || prompts()) &&
+            !noted("Minimum cap depth", in_.capDepth, g_.depth, g_.depth.v < 1.4 * line_))
+            minimumDepth(s);
+        // Measured below the bottom's labels, so no extension line crosses them.
+        if (on(kCapSteps)) capSteps(s, lowest);
+
+        // The wingwalls unfolded below, each under its end of the cap (in a sketch, the one about them).
+        if (isEndBent(*in_.type) && (!prompts() || on(kWingwallTops))) {
+            Scene wings;
+            developedWingwalls(wings);
+            const Box above = s.bounds(), own = wings.bounds();
+            append(s, std::move(wings), {0, above.minY - 1.5 * line_ - own.maxY});
+        }
+    }
+
+    // The cap: its bottom, then its stepped top from the right end back to the left.
+    void capElevation(Scene& s) {
         const double L = g_.length.v;
         const std::size_t n = g_.stepTop.size();
         const double bl = g_.bottomLeft.v, br = g_.bottomRight.v;
-        const bool end = isEndBent(*in_.type);
-
-        // The cap: its bottom, then its stepped top from the right end back to the left.
         std::vector<Point> cap = {{0, bl}, {L, br}};
         for (std::size_t k = n; k-- > 0;) {
             cap.push_back({g_.stepX[k + 1], g_.stepTop[k].v});
@@ -620,74 +638,69 @@ class Builder {
         for (std::size_t k = 0; k < n; ++k)
             tagged(s.line({g_.stepX[k], g_.stepTop[k].v}, {g_.stepX[k + 1], g_.stepTop[k].v}, outline(0.5)),
                    in_.stepElevations[k].id, g_.stepTop[k].mark, kOutline);
+    }
 
-        if (g_.endPosts) backwall(s);
-
-        // Step elevations above each step; turned upright when they crowd.
-        if (on(kStepElevations)) {
-            bool upright = false;
-            for (std::size_t k = 0; k < n; ++k)
-                upright = upright || widthOf(say(in_.stepElevations[k], g_.stepTop[k])) + 0.4 * line_ >
-                                         g_.stepX[k + 1] - g_.stepX[k];
-            for (std::size_t k = 0; k < n; ++k) {
-                const Point at{(g_.stepX[k] + g_.stepX[k + 1]) / 2, g_.stepTop[k].v + 0.25 * line_};
-                const std::string t = say(in_.stepElevations[k], g_.stepTop[k]);
-                if (upright && lineCount(t) == 1)
-                    text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Left, VAlign::Middle, 90);
-                else
-                    text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Center, VAlign::Bottom);
-            }
+    // Step elevations above each step; turned upright when they crowd.
+    void stepElevations(Scene& s) {
+        const std::size_t n = g_.stepTop.size();
+        bool upright = false;
+        for (std::size_t k = 0; k < n; ++k)
+            upright = upright ||
+                      widthOf(say(in_.stepElevations[k], g_.stepTop[k])) + 0.4 * line_ > g_.stepX[k + 1] - g_.stepX[k];
+        for (std::size_t k = 0; k < n; ++k) {
+            const Point at{(g_.stepX[k] + g_.stepX[k + 1]) / 2, g_.stepTop[k].v + 0.25 * line_};
+            const std::string t = say(in_.stepElevations[k], g_.stepTop[k]);
+            if (upright && lineCount(t) == 1)
+                text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Left, VAlign::Middle, 90);
+            else
+                text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Center, VAlign::Bottom);
         }
+    }
 
+    // The bottom's elevations under its ends, or where the program works it out a note
+    // saying so; returns how far down the cap and these labels reach.
+    double bottomElevations(Scene& s) {
+        const double L = g_.length.v, bl = g_.bottomLeft.v, br = g_.bottomRight.v;
         double lowest = std::min(bl, br);
-        if (on(kBottom)) {
-            if (g_.bottomComputed && !prompts()) {
-                const std::string note = "Bottom of cap computed by the program";
-                text(s, {L / 2, lowest - 0.3 * line_}, note, in_.bottomLeft.id, Mark::Placeholder, HAlign::Center,
-                     VAlign::Top);
-                lowest -= 0.3 * line_ + heightOf(note);
-            } else {
-                const std::string l = say(in_.bottomLeft, g_.bottomLeft), r = say(in_.bottomRight, g_.bottomRight);
-                text(s, {0.3 * line_, bl - 0.3 * line_}, l, in_.bottomLeft.id, g_.bottomLeft.mark, HAlign::Left,
-                     VAlign::Top);
-                text(s, {L - 0.3 * line_, br - 0.3 * line_}, r, in_.bottomRight.id, g_.bottomRight.mark, HAlign::Right,
-                     VAlign::Top);
-                lowest -= 0.3 * line_ + std::max(heightOf(l), heightOf(r));
-            }
+        if (!on(kBottom)) return lowest;
+        if (g_.bottomComputed && !prompts()) {
+            const std::string note = "Bottom of cap computed by the program";
+            text(s, {L / 2, lowest - 0.3 * line_}, note, in_.bottomLeft.id, Mark::Placeholder, HAlign::Center,
+                 VAlign::Top);
+            return lowest - (0.3 * line_ + heightOf(note));
         }
+        const std::string l = say(in_.bottomLeft, g_.bottomLeft), r = say(in_.bottomRight, g_.bottomRight);
+        text(s, {0.3 * line_, bl - 0.3 * line_}, l, in_.bottomLeft.id, g_.bottomLeft.mark, HAlign::Left, VAlign::Top);
+        text(s, {L - 0.3 * line_, br - 0.3 * line_}, r, in_.bottomRight.id, g_.bottomRight.mark, HAlign::Right,
+             VAlign::Top);
+        return lowest - (0.3 * line_ + std::max(heightOf(l), heightOf(r)));
+    }
 
-        if (on(kMinDepth) && (g_.bottomComputed || prompts()) &&
-            !noted("Minimum cap depth", in_.capDepth, g_.depth, g_.depth.v < 1.4 * line_)) {
-            std::size_t k = 0;
-            for (std::size_t i = 1; i < n; ++i)
-                if (g_.stepTop[i].v < g_.stepTop[k].v) k = i;
-            const double x = g_.stepX[k] + std::min(1.5 * line_, (g_.stepX[k + 1] - g_.stepX[k]) / 2);
-            const double top = g_.stepTop[k].v;
-            dimension(s, {x, top}, {x, top - g_.depth.v}, 0, say(in_.capDepth, g_.depth), in_.capDepth.id,
-                      g_.depth.mark, true);
-        }
+    // The minimum depth, measured down from the lowest step.
+    void minimumDepth(Scene& s) {
+        const std::size_t n = g_.stepTop.size();
+        std::size_t k = 0;
+        for (std::size_t i = 1; i < n; ++i)
+            if (g_.stepTop[i].v < g_.stepTop[k].v) k = i;
+        const double x = g_.stepX[k] + std::min(1.5 * line_, (g_.stepX[k + 1] - g_.stepX[k]) / 2);
+        const double top = g_.stepTop[k].v;
+        dimension(s, {x, top}, {x, top - g_.depth.v}, 0, say(in_.capDepth, g_.depth), in_.capDepth.id, g_.depth.mark,
+                  true);
+    }
 
-        if (on(kCapSteps)) {
-            std::vector<std::string> labels;
-            std::vector<CtlId> sources;
-            std::vector<Mark> marks;
-            for (std::size_t k = 0; k < n; ++k) {
-                const Input& input = in_.capSteps[k];
-                labels.push_back(k + 1 == n ? sayClosing(input.id, g_.stepLength[k]) : say(input, g_.stepLength[k]));
-                sources.push_back(input.id);
-                marks.push_back(g_.stepLength[k].mark);
-            }
-            // Measured below the bottom's labels, so no extension line crosses them.
-            chain(s, g_.stepX, lowest, lowest - 1.2 * line_, labels, sources, marks);
+    // The lengths of the cap steps, in a row of dimensions at `lowest` and below.
+    void capSteps(Scene& s, double lowest) {
+        const std::size_t n = g_.stepTop.size();
+        std::vector<std::string> labels;
+        std::vector<CtlId> sources;
+        std::vector<Mark> marks;
+        for (std::size_t k = 0; k < n; ++k) {
+            const Input& input = in_.capSteps[k];
+            labels.push_back(k + 1 == n ? sayClosing(input.id, g_.stepLength[k]) : say(input, g_.stepLength[k]));
+            sources.push_back(input.id);
+            marks.push_back(g_.stepLength[k].mark);
         }
-
-        // The wingwalls unfolded below, each under its end of the cap (in a sketch, the one about them).
-        if (end && (!prompts() || on(kWingwallTops))) {
-            Scene wings;
-            developedWingwalls(wings);
-            const Box above = s.bounds(), own = wings.bounds();
-            append(s, std::move(wings), {0, above.minY - 1.5 * line_ - own.maxY});
-        }
+        chain(s, g_.stepX, lowest, lowest - 1.2 * line_, labels, sources, marks);
     }
 
     // Each wingwall as if unfolded from its end of the cap and moved in under it: the
