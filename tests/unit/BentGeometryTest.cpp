@@ -135,7 +135,12 @@ TEST(BentGeometry, WingwallEndsAtAnAngleAndTheirPileBoxes) {
     in.pileBoxDistance2.text = "1.0000";
     g = bentGeometry(in);
     EXPECT_EQ(g.left->pileBoxMarks[2], Mark::Error);
-    EXPECT_EQ(g.problems.size(), 1u);
+    EXPECT_EQ(g.problems, std::vector<std::string>{"The third pile box is off the wingwall."});
+    // Wingwalls at angles of their own are each told of.
+    in.wingsParallel = false;
+    g = bentGeometry(in);
+    EXPECT_EQ(g.problems, (std::vector<std::string>{"The third pile box is off the left wingwall.",
+                                                    "The third pile box is off the right wingwall."}));
 }
 
 TEST(BentGeometry, ImpossibleCombinationsAreFlagged) {

@@ -177,8 +177,8 @@ void elevations(const BentInputs& in, int n, BentGeometry& g) {
 double alongTo(const Wingwall& w, double W, double y) { return (y - W) / w.direction.y; }
 
 // The first pile box at the end of the wingwall, the others at their distances
-// from the front face. Both wingwalls take the same distances; a box off the
-// wall is named for the left one only, so that the message comes once.
+// from the front face. Both wingwalls take the same distances: parallel ones
+// are off together and are told of once; others each for its own side.
 void pileBoxes(const BentInputs& in, double W, bool leftSide, Wingwall& w, std::vector<std::string>& problems) {
     const Value& length = w.length;
     if (in.pileBoxes >= 1) {
@@ -191,9 +191,9 @@ void pileBoxes(const BentInputs& in, double W, bool leftSide, Wingwall& w, std::
         double along = d ? alongTo(w, W, *d) : length.v * (in.pileBoxes - b) / in.pileBoxes;
         Mark m = d ? Mark::Normal : Mark::Placeholder;
         if (d && (along < 0 || along > length.v)) {
-            if (leftSide)
-                problems.push_back(std::string("The ") + (b == 1 ? "second" : "third") +
-                                   " pile box is off the wingwall.");
+            const std::string which = std::string("The ") + (b == 1 ? "second" : "third") + " pile box is off the ";
+            if (in.wingsParallel && leftSide) problems.push_back(which + "wingwall.");
+            if (!in.wingsParallel) problems.push_back(which + (leftSide ? "left" : "right") + " wingwall.");
             m = Mark::Error;
             along = std::clamp(along, 0.0, length.v);
         }
