@@ -27,10 +27,18 @@ int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
     for (const auto& file : files) {
         QuietPorts ports;
         App app(ports, ports, opt.programDir);
-        loadMainForm(app);
-        if (readInputFile(app, file)) {
+        std::vector<std::string> notes;
+        bool read = false;
+        // Whatever one file does, the next is checked.
+        app.guarded([&] {
+            loadMainForm(app);
+            read = readInputFile(app, file, &notes);
+        });
+        if (read) {
             std::cout << file << ": ok (" << app.grid.rows() - 1 << " bents, " << beamCount(app) << " beams, "
                       << app.text(Ctl::cboTybent) << ")\n";
+            for (const auto& note : notes)
+                std::cout << file << ": warning: " << oneLine(note) << '\n';
         } else {
             std::cout << file << ": " << oneLine(ports.lastMessage) << '\n';
             status = 1;

@@ -118,4 +118,8 @@ void ReplayPorts::pictureLoaded(const std::string& control, const std::string& f
     out_ << "picture " << control << ' ' << quote(file) << '\n';
 }
 
+void ReplayPorts::notice(const std::string& text) {
+    if (err_ && !text.empty()) *err_ << "tarnwick: warning: " << text << '\n';
+}
+
 } // namespace tw

@@ -4,8 +4,6 @@
 #include "core/form/MainForm.h"
 #include "core/model/Utf8.h"
 
-#include <exception>
-
 namespace tw {
 
 namespace {
@@ -16,15 +14,7 @@ constexpr int kBackspace = 8;
 // (typing while Run waits for the batch program): its errors end in the box,
 // and the window shows its outcome at once.
 template <class Body> void UserActions::act(Body&& body) {
-    try {
-        body();
-    } catch (const RuntimeError& e) {
-        app_.reportError(e);
-    } catch (const std::exception& e) {
-        // Nothing may escape an event: what the program did not foresee ends
-        // in the same box, and the project stays as it is.
-        app_.reportError(RuntimeError(err::kInternalError, std::string("Internal error: ") + e.what()));
-    }
+    app_.guarded(body);
     for (const auto& f : after_)
         f();
 }

@@ -3,8 +3,15 @@
 
 #include "core/ports.h"
 
+#include <QString>
+#include <QStringList>
+
 #include <array>
+#include <functional>
 #include <string>
+#include <vector>
+
+class QProcess;
 
 namespace tw {
 
@@ -12,6 +19,9 @@ class Platform : public SystemPorts {
   public:
     void shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
     ProcessResult startAndWait(const std::string& commandLine) override;
+    void cancelWaits() override;
+    // A program waited for that still runs after this many seconds is ended (0: no limit).
+    void setTimeLimit(int seconds) { timeLimit_ = seconds; }
     bool startDetached(const std::string& commandLine) override;
     // The engine runs in a child process of ours (see callEngineHere).
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
@@ -23,6 +33,20 @@ class Platform : public SystemPorts {
                         const std::string& defaultValue) override;
     // The desktop's program for the file's type.
     AssociatedProgram associatedProgram(const std::string& file) override;
+    WriteResult writeFile(const std::string& path, const std::string& bytes) override;
+
+  private:
+    // Starts the program in a process group of its own that ends with us,
+    // and returns when it has ended or could not start; the user interface
+    // keeps processing events meanwhile.
+    WaitEnd runAndWait(QProcess& proc, const QString& program, const QStringList& args);
+
+    struct Wait {
+        WaitEnd* end;
+        std::function<void()> stop;
+    };
+    std::vector<Wait*> waits_;
+    int timeLimit_ = 0;
 };
 
 // One key of an INI file read the way the Windows private-profile read
