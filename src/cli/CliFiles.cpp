@@ -1,6 +1,6 @@
 #include "cli/Cli.h"
 #include "cli/Printing.h"
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 #include "core/App.h"
 #include "core/QuietPorts.h"
 #include "core/benttable/Layout.h"

@@ -1,5 +1,5 @@
 #include "cli/Cli.h"
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 #include "cli/Replay.h"
 
 #include <filesystem>

@@ -1,6 +1,6 @@
 #include "cli/ReplayPorts.h"
 
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 
 #include <filesystem>
 

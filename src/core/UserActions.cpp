@@ -2,6 +2,7 @@
 
 #include "core/App.h"
 #include "core/form/MainForm.h"
+#include "core/form/Recovery.h"
 #include "core/model/Utf8.h"
 
 namespace tw {
@@ -161,6 +162,15 @@ void UserActions::closeWindow(const std::string& form) {
         else
             app_.closeForm(form);
     });
+}
+
+bool UserActions::restore(const std::string& recovery) {
+    bool restored = false;
+    act([&] {
+        restoreRecovery(app_, recovery);
+        restored = true;
+    });
+    return restored;
 }
 
 } // namespace tw

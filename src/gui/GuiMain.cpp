@@ -2,12 +2,17 @@
 
 #include "core/form/ShellCommands.h"
 #include "gui/FormWindows.h"
+#include "gui/GuardedApplication.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
+#include "gui/RecoveryBar.h"
+#include "gui/RecoveryKeeper.h"
+#include "gui/RunStatus.h"
 #include "platform/Platform.h"
 
 #include <QApplication>
 #include <QScreen>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <map>
@@ -16,7 +21,7 @@
 namespace tw {
 
 int runGui(int& argc, char** argv, const std::string& programDir) {
-    QApplication qapp(argc, argv);
+    GuardedApplication qapp(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Norvale"));
     QApplication::setApplicationName(QStringLiteral("Tarnwick"));
     QApplication::setQuitOnLastWindowClosed(false);
@@ -35,6 +40,26 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
     };
     main = std::make_unique<MainWindow>(app);
     app.actions.afterEach(refreshAll);
+    qapp.onFailure = [&](const std::string& what) {
+        app.reportError(internalError(what));
+        refreshAll();
+    };
+
+    // Unsaved work is kept safe while the window holds it.
+    RecoveryStore store;
+    if (!store.open())
+        ports.notice("Unsaved changes cannot be kept safe: the folder " + store.folder().toStdString() +
+                     " cannot be written");
+    RecoveryKeeper keeper(app, store);
+    app.actions.afterEach([&] { keeper.changed(); });
+    bool offered = false;
+
+    auto* runStatus = new RunStatus(main->statusBar());
+    ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
+        runStatus->begin(what, std::move(cancel));
+    };
+    ports.onWaitEnds = [runStatus] { runStatus->end(); };
+    ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
     ports.setParent(main.get());
     windows[kFrmSplash] = makeSplashOrAbout(app, kFrmSplash, main.get());
     windows[kFrmAbout] = makeSplashOrAbout(app, kFrmAbout, main.get());
@@ -52,6 +77,10 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
                        screen.y() + (screen.height() - main->height()) / 2);
             main->refresh();
             main->show();
+            if (!offered)
+                for (auto& left : store.claimLeft())
+                    main->addNotice(new RecoveryBar(app, store, std::move(left)));
+            offered = true;
             if (quitWhenShown) QTimer::singleShot(0, &qapp, [] { QCoreApplication::exit(0); });
             return;
         }
@@ -84,10 +113,11 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
     QObject::connect(windows[kFrmSplash], &QDialog::finished, &qapp, [&] {
         if (!main->isVisible()) QCoreApplication::exit(0);
     });
-    showSplash(app);
+    app.guarded([&] { showSplash(app); });
     if (quitWhenShown) // measuring start-up: go straight on to the main form
         QTimer::singleShot(0, &qapp, [&] { app.actions.click(Target(kFrmSplash, Ctl::cmdOK)); });
     const int status = qapp.exec();
+    keeper.finish();
     windows.clear();
     return status;
 }
