@@ -48,7 +48,8 @@ void stopWhenEndedEarly(const App& app, const WaitEnd& end, const std::string& p
                                                     " was ended before it finished");
     if (end.timedOutAfter > 0)
         throw RuntimeError(err::kTimeout, "Timeout occurred: " + program + " was still running after " +
-                                              std::to_string(end.timedOutAfter) + " seconds and was ended");
+                                              std::to_string(end.timedOutAfter) +
+                                              (end.timedOutAfter == 1 ? " second" : " seconds") + " and was ended");
 }
 
 // When the drawing last changed, to tell a new drawing from an old one left by an earlier Run.
