@@ -6,6 +6,7 @@
 #include "core/inputfile/InputFile.h"
 #include "core/model/Inputs.h"
 
+#include <algorithm>
 #include <charconv>
 #include <map>
 
@@ -101,13 +102,15 @@ Kept parse(const std::string& recovery) {
     return k;
 }
 
-// A choice by its text, its change handler running as after the user's
-// choice; a text the list does not hold stands as it was kept.
+// A choice by its text, its change handler running even where the choice
+// stays, as Open sets them: the sections shown follow the last handler, so
+// a restored project shows what the same project opened from its file
+// shows. A text the list does not hold stands as it was kept.
 void choose(App& app, const CtlId& id, const std::string& text) {
     Control& c = app.ctl(id);
     for (size_t i = 0; i < c.items.size(); ++i)
         if (c.items[i] == text) {
-            if (c.listIndex != static_cast<int>(i)) app.setListIndex(id, static_cast<int>(i));
+            app.setListIndex(id, static_cast<int>(i));
             return;
         }
     c.listIndex = -1;
@@ -148,16 +151,18 @@ void restoreRecovery(App& app, const std::string& recovery) {
     resetForm(app);
     // The number of beams and the bent type first: their handlers lay out the
     // sections and the bent table and give defaults that the kept texts override.
-    for (Ctl first : {Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboTybent})
+    const Ctl layout[] = {Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboTybent};
+    for (Ctl first : layout)
         if (auto it = k.inputs.find(first); it != k.inputs.end()) choose(app, first, it->second);
     for (const bool choices : {true, false})
-        for (const auto& id : projectInputs())
-            if (auto it = k.inputs.find(id); it != k.inputs.end() && isChoice(id) == choices) {
-                if (choices)
-                    choose(app, id, it->second);
-                else
-                    app.setText(id, it->second);
-            }
+        for (const auto& id : projectInputs()) {
+            const auto it = k.inputs.find(id);
+            if (it == k.inputs.end() || isChoice(id) != choices) continue;
+            if (!choices)
+                app.setText(id, it->second);
+            else if (std::find(std::begin(layout), std::end(layout), id.ctl) == std::end(layout))
+                choose(app, id, it->second);
+        }
 
     Grid& g = app.grid;
     if (k.columns > 0 && g.cols() != k.columns) g.setCols(k.columns);
