@@ -8,10 +8,8 @@
 
 #include <QCoreApplication>
 
-#include <array>
 #include <charconv>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -49,12 +47,7 @@ int seconds(const std::string& text) {
 
 int main(int argc, char** argv) {
     // The engine runs in a child of ours so that a failing engine cannot take the program with it.
-    if (argc == 13 && std::strcmp(argv[1], "--engine-call") == 0) {
-        std::array<std::string, 10> names;
-        for (int i = 0; i < 10; ++i)
-            names[i] = argv[3 + i];
-        return tw::callEngineHere(argv[2], names);
-    }
+    if (const auto engine = tw::engineCall(argc, argv)) return *engine;
     std::vector<std::string> args;
     std::optional<std::string> programDir, timeout;
     struct Option {

@@ -187,6 +187,14 @@ int callEngineHere(const std::string& programDir, const std::array<std::string, 
     return 0;
 }
 
+std::optional<int> engineCall(int argc, char** argv) {
+    if (argc != 13 || std::strcmp(argv[1], "--engine-call") != 0) return std::nullopt;
+    std::array<std::string, 10> names;
+    for (int i = 0; i < 10; ++i)
+        names[i] = argv[3 + i];
+    return callEngineHere(argv[2], names);
+}
+
 AssociatedProgram Platform::associatedProgram(const std::string& file) {
     // The desktop's counterpart of the registry's open command: the default
     // application of the file's MIME type, read from its desktop entry.

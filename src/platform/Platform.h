@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,6 +59,9 @@ std::string readIniRaw(const std::string& path, const std::string& section, cons
 // The engine call itself, in the process that runs it: 0, or a nonzero
 // status when the library or its entry point cannot be found (told on stderr).
 int callEngineHere(const std::string& programDir, const std::array<std::string, 10>& names);
+// The engine child's whole work when these are its arguments (--engine-call
+// DIR and the ten names): the status to end with; nothing otherwise.
+std::optional<int> engineCall(int argc, char** argv);
 
 // The folder of the running executable.
 std::string executableDir();
