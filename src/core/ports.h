@@ -88,14 +88,11 @@ class UserPorts {
     virtual void processEvents() {}
     // A wait for a program begins and ends: the user sees what is awaited,
     // may go on working, and may cancel it, which calls `cancel`. Waits nest.
-    virtual void waitBegins(const std::string& what, std::function<void()> cancel) {
-        (void)what;
-        (void)cancel;
-    }
+    virtual void waitBegins(const std::string& /*what*/, std::function<void()> /*cancel*/) {}
     virtual void waitEnds() {}
     // A word that needs no answer (the status bar of the window, standard
     // error headless); it stands until the next one. Empty clears it.
-    virtual void notice(const std::string& text) { (void)text; }
+    virtual void notice(const std::string& /*text*/) {}
 
     // Screen size in twips, for centring forms.
     virtual int screenWidthTwips() const { return 1366 * kTwipsPerPixel; }

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <optional>
@@ -22,7 +23,7 @@ class Platform : public SystemPorts {
     ProcessResult startAndWait(const std::string& commandLine) override;
     void cancelWaits() override;
     // A program waited for that still runs after this many seconds is ended (0: no limit).
-    void setTimeLimit(int seconds) { timeLimit_ = seconds; }
+    void setTimeLimit(int seconds) { timeLimit_ = std::clamp(seconds, 0, kLongestTimeLimit); }
     bool startDetached(const std::string& commandLine) override;
     // The engine runs in a child process of ours (see callEngineHere).
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
@@ -47,6 +48,7 @@ class Platform : public SystemPorts {
         std::function<void()> stop;
     };
     std::vector<Wait*> waits_;
+    static constexpr int kLongestTimeLimit = 2'000'000; // seconds a timer can count (23 days)
     int timeLimit_ = 0;
 };
 

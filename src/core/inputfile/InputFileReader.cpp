@@ -66,6 +66,7 @@ class Reader : public FileWalk {
     // pushes the rest of record "100" one column to the right, so the line
     // is longer than the 39 columns of its fields and cannot be read.
     bool wideBentCount() const {
+        if (static_cast<int>(lines_.size()) < kLine100) return false;
         const std::string& l = lines_[kLine100 - 1];
         auto digit = [&](size_t i) { return std::isdigit(static_cast<unsigned char>(l[i])) != 0; };
         return l.size() >= 40 && digit(5) && digit(6) && digit(7);
