@@ -45,6 +45,14 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
         refreshAll();
     };
 
+    // Run's waits and words that need no answer stand in the status bar.
+    auto* runStatus = new RunStatus(main->statusBar());
+    ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
+        runStatus->begin(what, std::move(cancel));
+    };
+    ports.onWaitEnds = [runStatus] { runStatus->end(); };
+    ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
+
     // Unsaved work is kept safe while the window holds it.
     RecoveryStore store;
     if (!store.open())
@@ -54,12 +62,6 @@ int runGui(int& argc, char** argv, const std::string& programDir) {
     app.actions.afterEach([&] { keeper.changed(); });
     bool offered = false;
 
-    auto* runStatus = new RunStatus(main->statusBar());
-    ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
-        runStatus->begin(what, std::move(cancel));
-    };
-    ports.onWaitEnds = [runStatus] { runStatus->end(); };
-    ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
     ports.setParent(main.get());
     windows[kFrmSplash] = makeSplashOrAbout(app, kFrmSplash, main.get());
     windows[kFrmAbout] = makeSplashOrAbout(app, kFrmAbout, main.get());
