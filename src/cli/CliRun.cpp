@@ -1,6 +1,6 @@
 #include "cli/Cli.h"
-#include "core/Quoting.h"
 #include "cli/Replay.h"
+#include "core/Quoting.h"
 
 #include <filesystem>
 #include <iostream>

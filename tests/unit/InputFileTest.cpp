@@ -329,7 +329,8 @@ TEST(InputFileReader, NumberFieldsThatHoldNoNumberAreTold) {
                          "line 4: txtCapLength holds \"36.a000\", which is not a number: it will be saved as blanks",
                          "line 7: bent 1 of the bent table (column \"1Step\") holds \"101\\x00.32\", which is not a "
                          "number: it will be saved as blanks"}));
-    EXPECT_NE(composeInputFile(*app).bytes.find("100 2 1 5 1   100001" + std::string(7, ' ') + "42500 "), std::string::npos);
+    EXPECT_NE(composeInputFile(*app).bytes.find("100 2 1 5 1   100001" + std::string(7, ' ') + "42500 "),
+              std::string::npos);
 }
 
 } // namespace

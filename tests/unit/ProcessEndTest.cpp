@@ -1,6 +1,8 @@
 // Programs Run waits for end with tarnwick, however it ends, and a time
 // limit ends one that hangs: the real executable, engines and batch
 // programs that never end, and a look at the processes afterwards.
+#include "TestFiles.h"
+
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -18,11 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-std::string slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
+using test::slurp;
 
 // A process that still runs (a zombie has ended; only its parent's wait is missing).
 bool running(pid_t pid) {
@@ -45,12 +43,9 @@ template <class Done> bool eventually(Done done, std::chrono::seconds limit = 20
 class ProcessEnd : public ::testing::Test {
   protected:
     // No "." in the folder: Run cuts names at the first one.
-    fs::path dir = fs::temp_directory_path() /
-                   (std::string("tarnwick-end-") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::path dir = test::freshFolder("tarnwick-end-");
 
     void SetUp() override {
-        fs::remove_all(dir);
-        fs::create_directories(dir);
         fs::copy_file(fs::path(TW_SOURCE_DIR) / "samples" / "intermediate.ebnt", dir / "bent.ebnt");
     }
     void TearDown() override { fs::remove_all(dir); }

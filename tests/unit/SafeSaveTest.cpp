@@ -1,6 +1,8 @@
 // Saving onto the user's files: what must be refused, and what must stay as
 // it was. Permissions mean nothing to root, so each case runs in a child
 // process as an ordinary user (root gives its rights away there).
+#include "TestFiles.h"
+
 #include "platform/SafeFile.h"
 
 #include <gtest/gtest.h>
@@ -19,13 +21,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using test::slurp;
+
 constexpr uid_t kNobody = 65534;
 constexpr uid_t kSomeoneElse = 4242;
-
-std::string slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 void put(const fs::path& p, const std::string& bytes, mode_t mode) {
     std::ofstream(p, std::ios::binary) << bytes;
