@@ -9,12 +9,13 @@
 #include <QCoreApplication>
 #include <QDir>
 
-#include <array>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,9 @@ const char* kUsage =
     "  tarnwick [FILE]                   the window (splash, then the main form, opening FILE)\n"
     "  tarnwick check FILE...            read each input file; exit 0 if all read\n"
     "  tarnwick dump FILE                read one input file and print every input and the bent table\n"
-    "  tarnwick run FILE                 open FILE and run it, answering Yes to the save question\n"
+    "  tarnwick run FILE [--timeout S]   open FILE and run it, answering Yes to the save question;\n"
+    "                                    with --timeout, a program still running after S seconds\n"
+    "                                    is ended and the run fails\n"
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
     "  tarnwick draw FILE [--bent N] OUT the bent drawn from FILE's inputs (row N of the bent table for the\n"
     "                                    elevation, default 1) as SVG, PDF or PNG by OUT's suffix\n"
@@ -53,31 +56,44 @@ bool isCommand(const std::string& arg) {
            arg.rfind('-', 0) == 0;
 }
 
+// A whole, positive number of seconds; 0 for anything else.
+int seconds(const std::string& text) {
+    int value = 0;
+    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return ec == std::errc() && end == text.data() + text.size() && value > 0 ? value : 0;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     // The engine runs in a child of ours so that a failing engine cannot take the program with it.
-    if (argc == 13 && std::strcmp(argv[1], "--engine-call") == 0) {
-        std::array<std::string, 10> names;
-        for (int i = 0; i < 10; ++i)
-            names[i] = argv[3 + i];
-        return tw::callEngineHere(argv[2], names);
-    }
+    if (const auto engine = tw::engineCall(argc, argv)) return *engine;
     std::vector<std::string> args;
-    std::string programDir;
+    std::optional<std::string> programDir, timeout;
+    struct Option {
+        const char* name;
+        const char* needs;
+        std::optional<std::string>& value;
+    };
+    const Option options[] = {{"--program-dir", "a folder", programDir}, {"--timeout", "a number of seconds", timeout}};
     for (int i = 1; i < argc; ++i) {
-        std::string a = argv[i];
-        if (a == "--program-dir") {
-            if (i + 1 >= argc) {
-                std::cerr << "tarnwick: --program-dir needs a folder\n" << kUsage;
-                return 2;
+        const std::string a = argv[i];
+        const Option* option = nullptr;
+        for (const auto& o : options) {
+            const std::string name = o.name;
+            if (a == name) {
+                if (i + 1 >= argc) {
+                    std::cerr << "tarnwick: " << name << " needs " << o.needs << '\n' << kUsage;
+                    return 2;
+                }
+                o.value = argv[++i];
+                option = &o;
+            } else if (a.rfind(name + "=", 0) == 0) {
+                o.value = a.substr(name.size() + 1);
+                option = &o;
             }
-            programDir = argv[++i];
-        } else if (a.rfind("--program-dir=", 0) == 0) {
-            programDir = a.substr(std::strlen("--program-dir="));
-        } else {
-            args.push_back(a);
         }
+        if (!option) args.push_back(a);
     }
     if (!args.empty() && (args[0] == "--help" || args[0] == "-h")) {
         std::cout << kUsage << "\nReplay script lines (one event a line):\n ";
@@ -99,7 +115,7 @@ int main(int argc, char** argv) {
                       << kUsage;
             return 1;
         }
-        if (programDir.empty()) {
+        if (!programDir) {
             QCoreApplication probe(argc, argv);
             programDir = defaultProgramDir();
         }
@@ -110,7 +126,7 @@ int main(int argc, char** argv) {
             const auto path = std::filesystem::absolute(args[0], error);
             file = error ? args[0] : path.lexically_normal().string();
         }
-        return tw::runGui(argc, argv, programDir, file);
+        return tw::runGui(argc, argv, *programDir, file);
     }
 
     const std::string& cmd = args[0];
@@ -119,12 +135,25 @@ int main(int argc, char** argv) {
         cmd == "draw" ? tw::paintingApplication(argc, argv) : std::make_unique<QCoreApplication>(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Norvale"));
     tw::CliOptions opt;
-    opt.programDir = programDir.empty() ? defaultProgramDir() : programDir;
-    if (cmd == "replay" && rest.size() == 1) return tw::cliReplay(opt, rest[0]);
-    if (cmd == "check" && !rest.empty()) return tw::cliCheck(opt, rest);
-    if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
-    if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
-    if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
+    opt.programDir = programDir ? *programDir : defaultProgramDir();
+    if (timeout) {
+        opt.timeLimit = seconds(*timeout);
+        if (cmd != "run" || opt.timeLimit <= 0) {
+            std::cerr << "tarnwick: --timeout takes a whole number of seconds, and goes with run only\n" << kUsage;
+            return 2;
+        }
+    }
+    // The commands end their own failures in messages; this is the last resort.
+    try {
+        if (cmd == "replay" && rest.size() == 1) return tw::cliReplay(opt, rest[0]);
+        if (cmd == "check" && !rest.empty()) return tw::cliCheck(opt, rest);
+        if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
+        if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
+        if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
+    } catch (const std::exception& e) {
+        std::cerr << "tarnwick: internal error: " << e.what() << '\n';
+        return 1;
+    }
     std::cerr << "tarnwick: unknown command or wrong arguments: " << cmd << '\n' << kUsage;
     return 2;
 }

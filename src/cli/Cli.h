@@ -11,6 +11,7 @@ namespace tw {
 
 struct CliOptions {
     std::string programDir;
+    int timeLimit = 0; // seconds a program Run waits for may run (`run --timeout`); 0: no limit
 };
 
 int cliReplay(const CliOptions& opt, const std::string& script);

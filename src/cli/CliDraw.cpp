@@ -1,7 +1,7 @@
 // tarnwick draw FILE [--bent N] OUT: the bent of an input file, drawn as the
 // window's drawing pane shows it, written as SVG, PDF or PNG.
 #include "cli/Cli.h"
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 #include "core/App.h"
 #include "core/QuietPorts.h"
 #include "core/drawing/BentDrawing.h"

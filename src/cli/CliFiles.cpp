@@ -1,8 +1,8 @@
 #include "cli/Cli.h"
 #include "cli/Printing.h"
-#include "cli/Quoting.h"
 #include "core/App.h"
 #include "core/QuietPorts.h"
+#include "core/Quoting.h"
 #include "core/benttable/Layout.h"
 #include "core/form/MainForm.h"
 #include "core/inputfile/InputFile.h"
@@ -17,10 +17,18 @@ int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
     for (const auto& file : files) {
         QuietPorts ports;
         App app(ports, ports, opt.programDir);
-        loadMainForm(app);
-        if (readInputFile(app, file)) {
+        std::vector<std::string> notes;
+        bool read = false;
+        // Whatever one file does, the next is checked.
+        app.guarded([&] {
+            loadMainForm(app);
+            read = readInputFile(app, file, &notes);
+        });
+        if (read) {
             std::cout << file << ": ok (" << app.grid.rows() - 1 << " bents, " << beamCount(app) << " beams, "
                       << app.text(Ctl::cboTybent) << ")\n";
+            for (const auto& note : notes)
+                std::cout << file << ": warning: " << oneLine(note) << '\n';
         } else {
             std::cout << file << ": " << oneLine(ports.lastMessage) << '\n';
             status = 1;

@@ -1,6 +1,6 @@
 #include "cli/Cli.h"
-#include "cli/Quoting.h"
 #include "cli/Replay.h"
+#include "core/Quoting.h"
 
 #include <filesystem>
 #include <iostream>
@@ -9,6 +9,7 @@ namespace tw {
 
 int cliRun(const CliOptions& opt, const std::string& file) {
     ReplaySession session(std::cout, std::cerr, std::filesystem::current_path().string(), opt.programDir);
+    session.platform.setTimeLimit(opt.timeLimit);
     const std::string script[] = {"file " + quote(file), "click mnuOpen", "answer Yes", "click mnuRun"};
     int n = 0;
     for (const auto& line : script)

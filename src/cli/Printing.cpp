@@ -1,6 +1,6 @@
 #include "cli/Printing.h"
 
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 
 namespace tw {
 

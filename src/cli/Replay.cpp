@@ -275,7 +275,7 @@ int Replay::run(std::istream& script) {
 
 ReplaySession::ReplaySession(std::ostream& out, std::ostream& err, const std::string& scriptDir,
                              const std::string& programDir)
-    : user(out, scriptDir), system(out, platform), app(user, system, programDir), replay(app, user, out, err) {
+    : user(out, scriptDir, &err), system(out, platform), app(user, system, programDir), replay(app, user, out, err) {
     loadMainForm(app);
 }
 

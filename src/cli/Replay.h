@@ -1,9 +1,9 @@
 // Plays a script of form events against the program's logic, one event a line.
 #pragma once
 
-#include "cli/Quoting.h"
 #include "cli/ReplayPorts.h"
 #include "core/App.h"
+#include "core/Quoting.h"
 #include "platform/Platform.h"
 
 #include <functional>

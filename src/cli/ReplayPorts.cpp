@@ -1,6 +1,6 @@
 #include "cli/ReplayPorts.h"
 
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 
 #include <filesystem>
 
@@ -117,6 +117,10 @@ void ReplayPorts::windowClose(const std::string& form) { out_ << "window close "
 
 void ReplayPorts::pictureLoaded(const std::string& control, const std::string& file) {
     out_ << "picture " << control << ' ' << quote(file) << '\n';
+}
+
+void ReplayPorts::notice(const std::string& text) {
+    if (err_ && !text.empty()) *err_ << "tarnwick: warning: " << text << '\n';
 }
 
 } // namespace tw

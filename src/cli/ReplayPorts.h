@@ -17,7 +17,9 @@ std::optional<MsgAnswer> answerNamed(const std::string& name);
 
 class ReplayPorts : public UserPorts {
   public:
-    ReplayPorts(std::ostream& out, std::string scriptDir) : out_(out), scriptDir_(std::move(scriptDir)) {}
+    // Notices go to `err` (standard error), when given.
+    ReplayPorts(std::ostream& out, std::string scriptDir, std::ostream* err = nullptr)
+        : out_(out), err_(err), scriptDir_(std::move(scriptDir)) {}
 
     void queueAnswer(MsgAnswer a) { answers_.push_back(a); }
     // An empty optional queues a cancel.
@@ -35,9 +37,11 @@ class ReplayPorts : public UserPorts {
     void windowShow(const std::string& form, const std::string& caption) override;
     void windowClose(const std::string& form) override;
     void pictureLoaded(const std::string& control, const std::string& file) override;
+    void notice(const std::string& text) override;
 
   private:
     std::ostream& out_;
+    std::ostream* err_;
     std::string scriptDir_;
     std::deque<MsgAnswer> answers_;
     std::deque<std::optional<std::string>> files_;
@@ -53,6 +57,7 @@ class ReplaySystem : public SystemPorts {
 
     bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
     ProcessResult startAndWait(const std::string& commandLine) override;
+    void cancelWaits() override { platform_.cancelWaits(); }
     bool startDetached(const std::string& commandLine) override;
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
     std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override {
@@ -67,6 +72,9 @@ class ReplaySystem : public SystemPorts {
         return platform_.readIni(path, section, key, defaultValue);
     }
     AssociatedProgram associatedProgram(const std::string& file) override { return platform_.associatedProgram(file); }
+    WriteResult writeFile(const std::string& path, const std::string& bytes) override {
+        return platform_.writeFile(path, bytes);
+    }
 
   private:
     std::ostream& out_;

@@ -89,6 +89,12 @@ void App::guarded(const std::function<void()>& body, const std::string& errorTit
         body();
     } catch (const RuntimeError& e) {
         reportError(e, errorTitle);
+    } catch (const std::exception& e) {
+        // Nothing may escape a command: what the program did not foresee ends
+        // in the same box, and the project stays as it is.
+        reportError(internalError(e.what()), errorTitle);
+    } catch (...) {
+        reportError(internalError("an unknown failure"), errorTitle);
     }
 }
 

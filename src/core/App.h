@@ -67,6 +67,8 @@ class App {
     // differs from it is the user's unsaved work.
     ProjectState savedProject;
     void markSaved() { savedProject = captureProject(*this); }
+    // No file holds the project as it stands (a save was cut short, a project was recovered).
+    void markUnsaved() { savedProject = ProjectState{}; }
     bool modified() const { return captureProject(*this) != savedProject; }
 
     // The file dialog's file name: the working copy of the current file path.
@@ -122,7 +124,8 @@ class App {
     }
     // The standard error box; the dialog-cancel number is passed over.
     void reportError(const RuntimeError& e, const std::string& title = "Error");
-    // Runs a command body; a run-time error ends it in the standard error box.
+    // Runs a command body; a run-time error, or any other failure, ends it
+    // in the standard error box.
     void guarded(const std::function<void()>& body, const std::string& errorTitle = "Error");
 
     // Loads a form and shows it; unloads a loaded form (its unload handler

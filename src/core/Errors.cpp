@@ -7,4 +7,8 @@ std::string standardErrorText(int number, const std::string& description) {
            "\r\nPlease notify administrator.";
 }
 
+RuntimeError internalError(const std::string& what) {
+    return RuntimeError(err::kInternalError, "Internal error: " + what);
+}
+
 } // namespace tw

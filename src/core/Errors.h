@@ -31,14 +31,20 @@ constexpr int kTypeMismatch = 13;
 constexpr int kInvalidCall = 5;
 constexpr int kFileAccess = 75;
 constexpr int kDeviceIo = 57;
+constexpr int kDiskFull = 61;
 constexpr int kDllNotFound = 48;
 constexpr int kEntryNotFound = 453; // the library has no such entry point
 constexpr int kInternalError = 51;
+constexpr int kUserInterrupt = 18; // the user ended a program Run was waiting for
+constexpr int kTimeout = 286;      // a program ran past the time limit and was ended
 constexpr int kGridInvalidRow = 30009;
 constexpr int kGridLastRow = 30015;
 } // namespace err
 
 // "Error Number:" TAB n CR LF "Description:" TAB d CR LF "Please notify administrator."
 std::string standardErrorText(int number, const std::string& description);
+
+// What the program did not foresee (a library's exception), as a run-time error.
+RuntimeError internalError(const std::string& what);
 
 } // namespace tw

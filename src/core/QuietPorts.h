@@ -1,9 +1,10 @@
 // Ports for working without anyone watching: a box is remembered, not
 // shown (answered with its first button), dialogs are cancelled, nothing is
-// started, and settings live only as long as the object, so a headless
-// check leaves the user's own settings alone.
+// started or written, and settings live only as long as the object, so a
+// headless check leaves the user's own settings and files alone.
 #pragma once
 
+#include "core/Errors.h"
 #include "core/ports.h"
 
 #include <map>
@@ -29,6 +30,7 @@ class QuietPorts : public UserPorts, public SystemPorts {
 
     bool shellOpen(const std::string&, const std::string&, const std::string&) override { return true; }
     ProcessResult startAndWait(const std::string&) override { return {}; }
+    void cancelWaits() override {}
     bool startDetached(const std::string&) override { return false; }
     EngineResult callEngine(const std::string&, const std::array<std::string, 10>&) override { return {}; }
     std::string readSetting(const std::string& a, const std::string& s, const std::string& k) override {
@@ -41,6 +43,9 @@ class QuietPorts : public UserPorts, public SystemPorts {
         return d;
     }
     AssociatedProgram associatedProgram(const std::string&) override { return {}; }
+    WriteResult writeFile(const std::string& path, const std::string&) override {
+        return {err::kFileAccess, "Path/File access error: nothing is written here, so " + path + " was left alone"};
+    }
 
   private:
     std::map<std::string, std::string> settings_;

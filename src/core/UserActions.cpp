@@ -2,9 +2,8 @@
 
 #include "core/App.h"
 #include "core/form/MainForm.h"
+#include "core/form/Recovery.h"
 #include "core/model/Utf8.h"
-
-#include <exception>
 
 namespace tw {
 
@@ -16,15 +15,7 @@ constexpr int kBackspace = 8;
 // (typing while Run waits for the batch program): its errors end in the box,
 // and the window shows its outcome at once.
 template <class Body> void UserActions::act(Body&& body) {
-    try {
-        body();
-    } catch (const RuntimeError& e) {
-        app_.reportError(e);
-    } catch (const std::exception& e) {
-        // Nothing may escape an event: what the program did not foresee ends
-        // in the same box, and the project stays as it is.
-        app_.reportError(RuntimeError(err::kInternalError, std::string("Internal error: ") + e.what()));
-    }
+    app_.guarded(body);
     for (const auto& f : after_)
         f();
 }
@@ -171,6 +162,15 @@ void UserActions::closeWindow(const std::string& form) {
         else
             app_.closeForm(form);
     });
+}
+
+bool UserActions::restore(const std::string& recovery) {
+    bool restored = false;
+    act([&] {
+        restoreRecovery(app_, recovery);
+        restored = true;
+    });
+    return restored;
 }
 
 } // namespace tw

@@ -60,6 +60,8 @@ class UserActions {
     void selectRows(int row, int end);
     // The window's own close button: the form unloads (the main form asks first).
     void closeWindow(const std::string& form);
+    // The project of a recovery file comes back on the form; false when the file could not be read.
+    bool restore(const std::string& recovery);
 
     // Called after each action: the window shows its outcome.
     void afterEach(std::function<void()> f) { after_.push_back(std::move(f)); }

@@ -5,6 +5,7 @@
 #include "core/model/Form.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,15 +27,30 @@ struct FileDialogRequest {
     std::string fileName; // the dialog's current file name
 };
 
+// How a wait for a program ended, when the program did not end by itself.
+struct WaitEnd {
+    bool cancelled = false; // the user cancelled the wait (or left the program)
+    int timedOutAfter = 0;  // seconds of the time limit that ended it
+    bool endedEarly() const { return cancelled || timedOutAfter > 0; }
+};
+
 struct ProcessResult {
     bool started = false;
     int exitCode = 0;
     bool crashed = false;
     std::string error; // why it could not start, when it did not
+    WaitEnd end;
 };
 
 struct EngineResult {
     bool ok = false;
+    int errorNumber = 0;
+    std::string error;
+    WaitEnd end;
+};
+
+// A file written: errorNumber 0, or the run-time error that stopped it.
+struct WriteResult {
     int errorNumber = 0;
     std::string error;
 };
@@ -74,6 +90,13 @@ class UserPorts {
     virtual void pictureLoaded(const std::string& control, const std::string& file) = 0;
     // Lets pending user-interface events run (between printed documents, say).
     virtual void processEvents() {}
+    // A wait for a program begins and ends: the user sees what is awaited,
+    // may go on working, and may cancel it, which calls `cancel`. Waits nest.
+    virtual void waitBegins(const std::string& /*what*/, std::function<void()> /*cancel*/) {}
+    virtual void waitEnds() {}
+    // A word that needs no answer (the status bar of the window, standard
+    // error headless); it stands until the next one. Empty clears it.
+    virtual void notice(const std::string& /*text*/) {}
 
     // Screen size in twips, for centring forms.
     virtual int screenWidthTwips() const { return 1366 * kTwipsPerPixel; }
@@ -90,8 +113,12 @@ class SystemPorts {
     // taken from `folder`. False when the desktop has no program to open it with.
     virtual bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) = 0;
     // Starts a command line without a shell and waits for its end while the
-    // user interface keeps processing events.
+    // user interface keeps processing events. The program, and what it
+    // starts, ends with this program.
     virtual ProcessResult startAndWait(const std::string& commandLine) = 0;
+    // Ends every program now waited for (by startAndWait or callEngine);
+    // their waits return as cancelled.
+    virtual void cancelWaits() = 0;
     // Starts a command line without a shell and goes on; false when it cannot start.
     virtual bool startDetached(const std::string& commandLine) = 0;
     // Calls DLL_ROUT of the engine library in the program folder with the ten names.
@@ -104,6 +131,11 @@ class SystemPorts {
     virtual std::string readIni(const std::string& path, const std::string& section, const std::string& key,
                                 const std::string& defaultValue) = 0;
     virtual AssociatedProgram associatedProgram(const std::string& file) = 0;
+
+    // Puts `bytes` in the file at `path` so that a failure leaves the
+    // previous file as it was, and the file stays the user's: its mode,
+    // owner and group, a symbolic link to it, and a read-only file refused.
+    virtual WriteResult writeFile(const std::string& path, const std::string& bytes) = 0;
 };
 
 } // namespace tw

@@ -2,8 +2,12 @@
 
 #include "core/form/ShellCommands.h"
 #include "gui/FormWindows.h"
+#include "gui/GuardedApplication.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
+#include "gui/RecoveryBar.h"
+#include "gui/RecoveryKeeper.h"
+#include "gui/RunStatus.h"
 #include "gui/WindowSet.h"
 #include "platform/Platform.h"
 
@@ -12,6 +16,7 @@
 #include <QDir>
 #include <QIcon>
 #include <QScreen>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <map>
@@ -44,7 +49,7 @@ QIcon programIcon() {
 } // namespace
 
 int runGui(int& argc, char** argv, const std::string& programDir, const std::string& file) {
-    std::optional<QApplication> ownApp; // a test brings its own
+    std::optional<GuardedApplication> ownApp; // a test brings its own
     if (!QCoreApplication::instance()) ownApp.emplace(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Norvale"));
     QApplication::setApplicationName(QStringLiteral("Tarnwick"));
@@ -56,12 +61,37 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     GuiSystem platform;
     App app(ports, platform, programDir);
     WindowSet windows(app, ports);
+    MainWindow& main = windows.main();
     platform.onMissingFile = drawnFullSizeSketch;
+    if (ownApp)
+        ownApp->onFailure = [&](const std::string& what) {
+            app.reportError(internalError(what));
+            main.refresh();
+        };
+
+    // Run's waits and words that need no answer stand in the status bar.
+    auto* runStatus = new RunStatus(main.statusBar());
+    ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
+        runStatus->begin(what, std::move(cancel));
+    };
+    ports.onWaitEnds = [runStatus] { runStatus->end(); };
+    ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
+
+    // Unsaved work is kept safe while the window holds it.
+    RecoveryStore store;
+    if (!store.open())
+        ports.notice("Unsaved changes cannot be kept safe: the folder " + store.folder().toStdString() +
+                     " cannot be written");
+    RecoveryKeeper keeper(app, store);
+    app.actions.afterEach([&] { keeper.changed(); });
+
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
     windows.onMainShown = [&] {
+        for (auto& left : store.claimLeft())
+            main.addNotice(new RecoveryBar(app, store, std::move(left)));
         if (!file.empty()) // `tarnwick FILE`: File > Open, its dialog answered with FILE
-            QTimer::singleShot(0, &windows.main(), [&] {
-                if (auto* open = windows.main().findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();
+            QTimer::singleShot(0, &main, [&] {
+                if (auto* open = main.findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();
             });
         if (quitWhenShown) QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
     };
@@ -69,12 +99,14 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
 
     // Quitting from the splash (its close button) ends the program.
     QObject::connect(windows.window(kFrmSplash), &QDialog::finished, qApp, [&] {
-        if (!windows.main().isVisible()) QCoreApplication::exit(0);
+        if (!main.isVisible()) QCoreApplication::exit(0);
     });
-    showSplash(app);
+    app.guarded([&] { showSplash(app); });
     if (quitWhenShown) // measuring start-up: go straight on to the main form
         QTimer::singleShot(0, qApp, [&] { app.actions.click(Target(kFrmSplash, Ctl::cmdOK)); });
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    keeper.finish();
+    return status;
 }
 
 } // namespace tw

@@ -161,6 +161,18 @@ void GuiPorts::pictureLoaded(const std::string& control, const std::string& file
 
 void GuiPorts::processEvents() { QCoreApplication::processEvents(); }
 
+void GuiPorts::waitBegins(const std::string& what, std::function<void()> cancel) {
+    if (onWaitBegins) onWaitBegins(what, std::move(cancel));
+}
+
+void GuiPorts::waitEnds() {
+    if (onWaitEnds) onWaitEnds();
+}
+
+void GuiPorts::notice(const std::string& text) {
+    if (onNotice) onNotice(text);
+}
+
 int GuiPorts::screenWidthTwips() const {
     const QScreen* s = QGuiApplication::primaryScreen();
     return s ? s->availableGeometry().width() * kTwipsPerPixel : UserPorts::screenWidthTwips();

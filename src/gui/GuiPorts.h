@@ -27,6 +27,10 @@ class GuiPorts : public UserPorts {
     std::function<void(const std::string&, const std::string&)> onShow;
     std::function<void(const std::string&)> onClose;
     std::function<void(const std::string&, const std::string&)> onPicture;
+    // Waits for programs and words that need no answer (the status bar).
+    std::function<void(const std::string&, std::function<void()>)> onWaitBegins;
+    std::function<void()> onWaitEnds;
+    std::function<void(const std::string&)> onNotice;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) override;
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
@@ -40,6 +44,9 @@ class GuiPorts : public UserPorts {
     void windowClose(const std::string& form) override;
     void pictureLoaded(const std::string& control, const std::string& file) override;
     void processEvents() override;
+    void waitBegins(const std::string& what, std::function<void()> cancel) override;
+    void waitEnds() override;
+    void notice(const std::string& text) override;
     int screenWidthTwips() const override;
     int screenHeightTwips() const override;
 

@@ -3,7 +3,9 @@
 
 #include "core/Errors.h"
 
+#include "platform/ChildGuard.h"
 #include "platform/DesktopEntry.h"
+#include "platform/SafeFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,9 +16,15 @@
 #include <QMimeDatabase>
 #include <QProcess>
 #include <QSettings>
+#include <QTimer>
 
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <sys/prctl.h>
+#include <unistd.h>
 #include <vector>
 
 namespace tw {
@@ -27,21 +35,62 @@ namespace {
 constexpr int kLibraryMissing = 48;
 constexpr int kEntryMissing = 45;
 
-// Starts the program and returns when it has ended or could not start; the
-// user interface keeps processing events meanwhile.
-void runAndWait(QProcess& proc, const QString& program, const QStringList& args) {
+QSettings userSettings() { return QSettings(QStringLiteral("Norvale"), QStringLiteral("Tarnwick")); }
+} // namespace
+
+WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStringList& args) {
+    // In the child, before the program starts: a group of its own, so that
+    // it can be ended with everything it started, and an end with ours.
+    const pid_t parent = ::getpid();
+    proc.setChildProcessModifier([parent] {
+        ::setpgid(0, 0);
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (::getppid() != parent) ::_exit(127);
+    });
+    WaitEnd end;
     QEventLoop loop;
     QObject::connect(&proc, &QProcess::finished, &loop, &QEventLoop::quit);
     QObject::connect(&proc, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError e) {
         if (e == QProcess::FailedToStart) loop.quit();
     });
+    const auto stop = [&proc] {
+        if (const auto pid = static_cast<pid_t>(proc.processId()); pid > 0) ::kill(-pid, SIGKILL);
+        proc.kill();
+    };
+    Wait wait{&end, stop};
+    waits_.push_back(&wait);
+    QTimer limit;
+    limit.setSingleShot(true);
+    QObject::connect(&limit, &QTimer::timeout, &loop, [&] {
+        end.timedOutAfter = timeLimit_;
+        stop();
+    });
     proc.start(program, args);
-    if (proc.state() != QProcess::NotRunning) loop.exec();
-    if (proc.state() != QProcess::NotRunning) proc.waitForFinished(-1);
+    const auto pid = static_cast<pid_t>(proc.processId());
+    if (proc.state() != QProcess::NotRunning) {
+        childguard::watch(pid);
+        if (timeLimit_ > 0) limit.start(std::chrono::seconds(timeLimit_));
+        loop.exec();
+    }
+    // The loop also ends when the program is quitting; the program is ended then.
+    if (proc.state() != QProcess::NotRunning) {
+        stop();
+        proc.waitForFinished(-1);
+    }
+    waits_.erase(std::find(waits_.begin(), waits_.end(), &wait));
+    // What the program left running in its group stays watched until it ends.
+    if (pid > 0 && (end.endedEarly() || (::kill(-pid, 0) != 0 && errno == ESRCH))) childguard::release(pid);
+    return end;
 }
 
-QSettings userSettings() { return QSettings(QStringLiteral("Norvale"), QStringLiteral("Tarnwick")); }
-} // namespace
+void Platform::cancelWaits() {
+    for (Wait* w : waits_) {
+        w->end->cancelled = true;
+        w->stop();
+    }
+}
+
+WriteResult Platform::writeFile(const std::string& path, const std::string& bytes) { return replaceFile(path, bytes); }
 
 std::string Platform::readSetting(const std::string& app, const std::string& section, const std::string& key) {
     return userSettings().value(q(app + "/" + section + "/" + key)).toString().toStdString();
@@ -64,7 +113,7 @@ ProcessResult Platform::startAndWait(const std::string& commandLine) {
     }
     QProcess proc;
     proc.setProcessChannelMode(QProcess::ForwardedChannels);
-    runAndWait(proc, parts.first(), parts.mid(1));
+    result.end = runAndWait(proc, parts.first(), parts.mid(1));
     if (proc.error() == QProcess::FailedToStart) {
         result.error = "Cannot start " + parts.first().toStdString() + ": " + proc.errorString().toStdString();
         return result;
@@ -90,7 +139,7 @@ EngineResult Platform::callEngine(const std::string& programDir, const std::arra
         args << QString::fromUtf8(n.data(), static_cast<qsizetype>(n.size()));
     QProcess proc;
     proc.setProcessChannelMode(QProcess::SeparateChannels);
-    runAndWait(proc, QCoreApplication::applicationFilePath(), args);
+    r.end = runAndWait(proc, QCoreApplication::applicationFilePath(), args);
     const std::string said = QString::fromLocal8Bit(proc.readAllStandardError()).trimmed().toStdString();
     if (proc.error() == QProcess::FailedToStart) {
         r.errorNumber = err::kDllNotFound;
@@ -136,6 +185,14 @@ int callEngineHere(const std::string& programDir, const std::array<std::string, 
     fn(b(0), l(0), b(1), l(1), b(2), l(2), b(3), l(3), b(4), l(4), b(5), l(5), b(6), l(6), b(7), l(7), b(8), l(8), b(9),
        l(9));
     return 0;
+}
+
+std::optional<int> engineCall(int argc, char** argv) {
+    if (argc != 13 || std::strcmp(argv[1], "--engine-call") != 0) return std::nullopt;
+    std::array<std::string, 10> names;
+    for (int i = 0; i < 10; ++i)
+        names[i] = argv[3 + i];
+    return callEngineHere(argv[2], names);
 }
 
 AssociatedProgram Platform::associatedProgram(const std::string& file) {

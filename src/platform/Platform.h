@@ -3,8 +3,17 @@
 
 #include "core/ports.h"
 
+#include <QString>
+#include <QStringList>
+
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <optional>
 #include <string>
+#include <vector>
+
+class QProcess;
 
 namespace tw {
 
@@ -12,6 +21,9 @@ class Platform : public SystemPorts {
   public:
     bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
     ProcessResult startAndWait(const std::string& commandLine) override;
+    void cancelWaits() override;
+    // A program waited for that still runs after this many seconds is ended (0: no limit).
+    void setTimeLimit(int seconds) { timeLimit_ = std::clamp(seconds, 0, kLongestTimeLimit); }
     bool startDetached(const std::string& commandLine) override;
     // The engine runs in a child process of ours (see callEngineHere).
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
@@ -23,6 +35,21 @@ class Platform : public SystemPorts {
                         const std::string& defaultValue) override;
     // The desktop's program for the file's type.
     AssociatedProgram associatedProgram(const std::string& file) override;
+    WriteResult writeFile(const std::string& path, const std::string& bytes) override;
+
+  private:
+    // Starts the program in a process group of its own that ends with us,
+    // and returns when it has ended or could not start; the user interface
+    // keeps processing events meanwhile.
+    WaitEnd runAndWait(QProcess& proc, const QString& program, const QStringList& args);
+
+    struct Wait {
+        WaitEnd* end;
+        std::function<void()> stop;
+    };
+    std::vector<Wait*> waits_;
+    static constexpr int kLongestTimeLimit = 2'000'000; // seconds a timer can count (23 days)
+    int timeLimit_ = 0;
 };
 
 // One key of an INI file read the way the Windows private-profile read
@@ -34,6 +61,9 @@ std::string readIniRaw(const std::string& path, const std::string& section, cons
 // The engine call itself, in the process that runs it: 0, or a nonzero
 // status when the library or its entry point cannot be found (told on stderr).
 int callEngineHere(const std::string& programDir, const std::array<std::string, 10>& names);
+// The engine child's whole work when these are its arguments (--engine-call
+// DIR and the ten names): the status to end with; nothing otherwise.
+std::optional<int> engineCall(int argc, char** argv);
 
 // The folder of the running executable.
 std::string executableDir();

@@ -6,6 +6,8 @@
 #include "core/ports.h"
 
 #include <deque>
+#include <fstream>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -32,10 +34,15 @@ class FakePorts : public UserPorts, public SystemPorts {
     std::vector<std::string> log; // window, picture and shell events
     std::map<std::string, std::string> settings;
     std::map<std::string, std::string> ini;
-    ProcessResult processResult{true, 0, false, {}};
-    EngineResult engineResult{true, 0, {}};
+    ProcessResult processResult{true, 0, false, {}, {}};
+    EngineResult engineResult{true, 0, {}, {}};
     AssociatedProgram association;
     bool desktopOpens = true;
+    std::vector<std::string> waits;   // "begin WHAT" and "end", in order
+    std::vector<std::string> notices; // the words that need no answer
+    int cancels = 0;
+    // What happens while a wait lasts (the user cancelling it, say).
+    std::function<void()> duringWait;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons b, MsgIcon i) override {
         messages.push_back({text, title, b, i});
@@ -67,8 +74,21 @@ class FakePorts : public UserPorts, public SystemPorts {
     void showDocument(const std::string& f) override { log.push_back("document " + f); }
     ProcessResult startAndWait(const std::string& cmd) override {
         started.push_back(cmd);
+        if (duringWait) duringWait();
         return processResult;
     }
+    void cancelWaits() override { ++cancels; }
+    // The bytes as they are, no more: the careful writing is the platform's, tested there.
+    WriteResult writeFile(const std::string& path, const std::string& bytes) override {
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        out.flush();
+        if (!out) return {err::kPathNotFound, "Path/File access error: cannot write " + path};
+        return {};
+    }
+    void waitBegins(const std::string& what, std::function<void()>) override { waits.push_back("begin " + what); }
+    void waitEnds() override { waits.push_back("end"); }
+    void notice(const std::string& text) override { notices.push_back(text); }
     bool startDetached(const std::string& cmd) override {
         started.push_back(cmd);
         return processResult.started;

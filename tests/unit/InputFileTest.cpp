@@ -1,5 +1,6 @@
 // The input file: exact bytes, round trips, and files that must be refused.
 #include "FakePorts.h"
+#include "ProjectMaker.h"
 
 #include "core/inputfile/Codepage.h"
 #include "core/inputfile/InputFile.h"
@@ -11,11 +12,13 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <sys/stat.h>
 
 namespace tw {
 namespace {
 
 using test::Loaded;
+using test::ProjectMaker;
 
 std::string blanks(int n) { return std::string(n, ' '); }
 
@@ -106,74 +109,6 @@ TEST(Codepage, TitlesTravelAsWindows1252) {
     EXPECT_EQ(utf8ToCp1252("Caf\u00e9 \u2013 90\u00b0 \u4e2d"), "Caf\xe9 \x96 90\xb0 ?");
     EXPECT_EQ(cp1252ToUtf8("Caf\xe9 \x96 90\xb0"), "Caf\u00e9 \u2013 90\u00b0");
 }
-
-// A project with every value formatted the way its field leaves it.
-class ProjectMaker {
-  public:
-    explicit ProjectMaker(unsigned seed) : rng_(seed) {}
-
-    void fill(App& a) {
-        const char* types[] = {"Pile Intermediate Bent", "Pile End Bent without Backwall",
-                               "Pile End Bent with Backwall"};
-        a.setComboText(Ctl::cboTybent, types[pick(3)]);
-        a.setListIndex(Ctl::cboNoBeam, pick(20));
-        for (Ctl c : {Ctl::cboDrScale, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn, Ctl::cboWingParallel,
-                      Ctl::cboTPLwinwall, Ctl::cboTPRwingwall, Ctl::cboBatterPile, Ctl::cboWingwallPileBox,
-                      Ctl::cboBatteredPile, Ctl::cboBearingHole, Ctl::cboTypeOfPile, Ctl::cboStrirrups})
-            a.setListIndex(c, pick(static_cast<int>(a.ctl(c).items.size())));
-        for (const auto& id : projectInputs()) {
-            if (a.ctl(id).isCombo()) continue;
-            a.setText(id, valueFor(id));
-        }
-        const int bents = pick(3) == 0 ? 0 : pick(99) + 1;
-        for (int b = 0; b < bents; ++b) {
-            std::string row = std::to_string(b % 99 + 1) + "\t";
-            for (int c = 1; c < a.grid.cols(); ++c)
-                row += (c <= 2 && pick(2) ? "" : elevation()) + "\t";
-            a.grid.addItem(row);
-            a.bentRegister.push_back(std::to_string(b % 99 + 1));
-        }
-        a.bentCounter = static_cast<std::int16_t>(bents);
-    }
-
-  private:
-    int pick(int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng_); }
-    std::string number(int digits, int decimals) {
-        if (pick(8) == 0) return "";
-        const double limit = std::pow(10.0, digits - 1) - 1;
-        const double v = std::uniform_real_distribution<double>(-limit, limit * 10)(rng_);
-        return formatField(digits, decimals, std::to_string(v));
-    }
-    std::string elevation() { return number(4, 2); }
-    std::string valueFor(const CtlId& id) {
-        switch (id.ctl) {
-        case Ctl::txtProjectInfo: return pick(2) ? "BENT " + std::to_string(pick(1000)) + " \u00b0 OVER CREEK" : "";
-        case Ctl::txtBentNoPI: return "";
-        case Ctl::txtCapLength: return number(3, 4);
-        case Ctl::txtBeamangleH: return number(2, 0);
-        case Ctl::txtBeamangleM: return number(1, 0);
-        case Ctl::txtBeamangleS: return number(1, 1);
-        case Ctl::txtWinLAngle:
-        case Ctl::txtWinRAngle: return id.index == 0 ? number(2, 0) : id.index == 1 ? number(1, 0) : number(1, 1);
-        case Ctl::txtBtLCapPI:
-        case Ctl::txtBtRCapPI:
-        case Ctl::txtEStepPI:
-        case Ctl::txtLwingwallElevation:
-        case Ctl::txtElevationTopLeftfront:
-        case Ctl::txtElevationTopLeftEnd:
-        case Ctl::txtRwingwallElevation:
-        case Ctl::txtElevationTopRighFront:
-        case Ctl::txtElevationTopRighEnd:
-        case Ctl::txtTopLeftEndPost:
-        case Ctl::txtTopLeftBackwall:
-        case Ctl::txtTopCentBackwall:
-        case Ctl::txtTopRightBackwall:
-        case Ctl::txtTopRightEndPost: return elevation();
-        default: return number(1, 4);
-        }
-    }
-    std::mt19937 rng_;
-};
 
 TEST(InputFileRoundTrip, WriteReadWriteGivesTheSameBytesAndTable) {
     for (unsigned seed = 1; seed <= 150; ++seed) {
@@ -285,6 +220,117 @@ TEST(ModifiedProject, FollowsChangesSavesAndOpens) {
     EXPECT_FALSE(app->modified());
     EXPECT_EQ(app->text(Ctl::cboWingwallPileBox), "0");
     std::filesystem::remove_all(dir);
+}
+
+} // namespace
+} // namespace tw
+
+namespace tw {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string sample(const char* name) {
+    std::ifstream in(std::string(TW_SOURCE_DIR) + "/samples/" + name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// The description of the standard error box's text.
+std::string description(const std::string& boxText) {
+    const auto from = boxText.find("Description:\t") + 13;
+    return boxText.substr(from, boxText.find("\r\n", from) - from);
+}
+
+// Only a regular file of at most 1 MiB is read: anything else, and a file
+// that fails while it is read, ends in the error box that names the cause;
+// Open resets the form, and the program goes on.
+TEST(InputFileReader, OpensOnlySmallRegularFiles) {
+    const fs::path dir = fs::temp_directory_path() / "tw-reader-files";
+    fs::remove_all(dir);
+    fs::create_directories(dir / "folder.ebnt");
+    ASSERT_EQ(mkfifo((dir / "pipe.ebnt").c_str(), 0600), 0);
+    std::ofstream(dir / "large.ebnt", std::ios::binary) << sample("intermediate.ebnt");
+    fs::resize_file(dir / "large.ebnt", kMaxInputFileBytes + 1);
+    const std::pair<fs::path, std::string> cases[] = {
+        {dir / "folder.ebnt", "Path/File access error: " + (dir / "folder.ebnt").string() + " is a folder"},
+        {dir / "pipe.ebnt",
+         "Path/File access error: " + (dir / "pipe.ebnt").string() + " is not a file but a device, a pipe or a socket"},
+        {"/dev/zero", "Path/File access error: /dev/zero is not a file but a device, a pipe or a socket"},
+        {"/proc/self/mem", "Device I/O error: /proc/self/mem could not be read to its end"},
+        {dir / "large.ebnt", "Path/File access error: " + (dir / "large.ebnt").string() +
+                                 " is larger than an input file can be (1024 KiB)"},
+        {dir / "missing.ebnt", "File not found: " + (dir / "missing.ebnt").string()},
+    };
+    Loaded app;
+    for (const auto& [path, said] : cases) {
+        app.ports.messages.clear();
+        app->setText(Ctl::txtCapLength, "40.0000");
+        app.ports.files = {path.string()};
+        app->actions.click(Ctl::mnuOpen);
+        ASSERT_EQ(app.ports.messages.size(), 1u) << path;
+        EXPECT_EQ(app.ports.messages[0].title, "Error");
+        EXPECT_EQ(description(app.ports.messages[0].text), said);
+        EXPECT_EQ(app->text(Ctl::txtCapLength), "") << "a failed read resets the form";
+    }
+    fs::remove_all(dir);
+}
+
+TEST(InputFileReader, DescriptionsSpeakPlainlyAndShowNoRawBytes) {
+    auto refusal = [](const std::string& bytes) {
+        Loaded app;
+        try {
+            parseInputFile(*app, bytes);
+        } catch (const RuntimeError& e) {
+            return e.description();
+        }
+        return std::string("read");
+    };
+    // The writer puts a count of 100 bents or more in three columns and more.
+    for (int beams : {0, 11, 19})
+        for (int bents : {100, 150, 999, 1000}) {
+            Loaded app;
+            app->setListIndex(Ctl::cboNoBeam, beams);
+            app->bentCounter = static_cast<std::int16_t>(bents);
+            EXPECT_EQ(refusal(composeInputFile(*app).bytes), "The file holds more than 99 bents")
+                << bents << " bents, " << beams + 1 << " beams";
+        }
+
+    std::string utf16 = "\xFF\xFE";
+    for (char c : sample("intermediate.ebnt")) {
+        utf16 += c;
+        utf16 += '\0';
+    }
+    EXPECT_EQ(refusal(utf16),
+              "Invalid file format: the file is UTF-16 text; an input file is single-byte text (Windows-1252)");
+    const std::string withoutMark = refusal(utf16.substr(2));
+    EXPECT_EQ(withoutMark.find('\0'), std::string::npos);
+    EXPECT_EQ(withoutMark,
+              "Invalid file format: record 100  expected, found \"\\x001\\x000\\x000\\x00 \\x002\\x00 \" (line 4)");
+
+    std::string control = sample("intermediate.ebnt");
+    control.replace(control.find("\r\n200") + 2, 1, "\x0B");
+    EXPECT_EQ(refusal(control), "Invalid file format: record 200 expected, found \"\\x0B0027500 250\" (line 5)");
+    EXPECT_EQ(printableBytes("a\x7F\x81\xE9\t"), "a\\x7F\\x81\u00e9\\x09");
+}
+
+// A number field holding what is no number is read, and told: a save would write blanks there.
+TEST(InputFileReader, NumberFieldsThatHoldNoNumberAreTold) {
+    std::string bytes = sample("intermediate.ebnt");
+    bytes.replace(bytes.find("365000 "), 7, "36a000 ");
+    bytes.replace(bytes.find("10132 "), 6,
+                  std::string("101\0"
+                              "32 ",
+                              6));
+    Loaded app;
+    std::vector<std::string> notes;
+    ASSERT_NO_THROW(parseInputFile(*app, bytes, &notes));
+    EXPECT_EQ(app->text(Ctl::txtCapLength), "36.a000");
+    EXPECT_EQ(notes, (std::vector<std::string>{
+                         "line 4: txtCapLength holds \"36.a000\", which is not a number: it will be saved as blanks",
+                         "line 7: bent 1 of the bent table (column \"1Step\") holds \"101\\x00.32\", which is not a "
+                         "number: it will be saved as blanks"}));
+    EXPECT_NE(composeInputFile(*app).bytes.find("100 2 1 5 1   100001" + std::string(7, ' ') + "42500 "),
+              std::string::npos);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -90,7 +91,7 @@ TEST_F(RunAfterSave, FailuresEndInTheErrorBoxWithTheOutputsEmptied) {
     const std::string base = (dir / "p").string();
     input("p.ebnt");
     std::ofstream(base + ".egen") << "old";
-    app.ports.engineResult = {false, 51, "Internal error: the engine stopped unexpectedly"};
+    app.ports.engineResult = {false, 51, "Internal error: the engine stopped unexpectedly", {}};
     runAfterSave(*app);
     ASSERT_EQ(app.ports.messages.size(), 1u);
     EXPECT_EQ(app.ports.messages[0].title, "Error Importing Input File");
@@ -99,16 +100,136 @@ TEST_F(RunAfterSave, FailuresEndInTheErrorBoxWithTheOutputsEmptied) {
     EXPECT_TRUE(app.ports.started.empty()) << "no batch program after a failed engine";
     EXPECT_EQ(app.ports.log.back(), "default");
 
-    // An empty batch setting fails only after the engine has run.
+    // A batch program that cannot start fails after the engine has run.
     app.ports.messages.clear();
-    app.ports.engineResult = {true, 0, {}};
-    app.ports.processResult = {false, 0, false, "no program"};
+    app.ports.engineResult = {true, 0, {}, {}};
+    app.ports.ini["microstation/dgnbatch"] = "/opt/cad/batch";
+    app.ports.processResult = {false, 0, false, "no program", {}};
     runAfterSave(*app);
     EXPECT_EQ(app.ports.engineCalls.size(), 2u);
     ASSERT_EQ(app.ports.started.size(), 1u);
-    EXPECT_EQ(app.ports.started[0].substr(0, 2), " \"");
     ASSERT_EQ(app.ports.messages.size(), 1u);
     EXPECT_EQ(app.ports.messages[0].title, "Error Importing Input File");
+    EXPECT_NE(app.ports.messages[0].text.find("could not be started (no program)"), std::string::npos);
+}
+
+// Ebent.ini missing, empty, without the key or with a blank value: the box
+// names the setting, after the engine has run, and nothing is started.
+TEST_F(RunAfterSave, ABatchProgramNotSetIsNamedAfterTheEngineRan) {
+    input("p.ebnt");
+    const std::string expected = "Error Number:\t53\r\nDescription:\tThe drawing batch program is not set: "
+                                 "[microstation] dgnbatch in /opt/tarnwick/Ebent.ini\r\nPlease notify administrator.";
+    for (const char* setting : std::initializer_list<const char*>{"", "   ", nullptr}) {
+        app.ports.messages.clear();
+        app.ports.ini.clear();
+        if (setting) app.ports.ini["microstation/dgnbatch"] = setting;
+        runAfterSave(*app);
+        ASSERT_EQ(app.ports.messages.size(), 1u);
+        EXPECT_EQ(app.ports.messages[0].title, "Error Importing Input File");
+        EXPECT_EQ(app.ports.messages[0].text, expected);
+    }
+    EXPECT_EQ(app.ports.engineCalls.size(), 3u);
+    EXPECT_TRUE(app.ports.started.empty());
+}
+
+// While Run waits the user sees what for and may cancel; a cancel or the time
+// limit ends Run in its error box, and the drawing script is not deleted.
+TEST_F(RunAfterSave, AWaitEndedEarlyEndsRunInItsBox) {
+    input("p.ebnt");
+    app.ports.ini["microstation/dgnbatch"] = "/opt/cad/batch";
+    runAfterSave(*app);
+    EXPECT_EQ(app.ports.waits, (std::vector<std::string>{"begin Running the engine\u2026", "end",
+                                                         "begin Waiting for the drawing batch program\u2026", "end"}));
+
+    struct Case {
+        bool engine;
+        WaitEnd end;
+        const char* text;
+    } cases[] = {
+        {true, {true, 0}, "\t18\r\nDescription:\tUser interrupt occurred: Run was cancelled, and the engine was ended"},
+        {false,
+         {true, 0},
+         "\t18\r\nDescription:\tUser interrupt occurred: Run was cancelled, and the drawing batch "
+         "program was ended"},
+        {false,
+         {false, 5},
+         "\t286\r\nDescription:\tTimeout occurred: the drawing batch program was still running "
+         "after 5 seconds and was ended"},
+    };
+    for (const auto& c : cases) {
+        app.ports.messages.clear();
+        app.ports.engineResult = {!c.engine, 0, {}, c.engine ? c.end : WaitEnd{}};
+        app.ports.processResult = {true, 0, false, {}, c.engine ? WaitEnd{} : c.end};
+        runAfterSave(*app);
+        ASSERT_EQ(app.ports.messages.size(), 1u) << c.text;
+        EXPECT_EQ(app.ports.messages[0].title, "Error Importing Input File");
+        EXPECT_NE(app.ports.messages[0].text.find(c.text), std::string::npos) << app.ports.messages[0].text;
+        EXPECT_EQ(app.ports.log.back(), "default");
+        EXPECT_TRUE(fs::exists(dir / "pe.sif"));
+    }
+}
+
+// Exit while Run waits ends the program waited for, and Run ends without a word.
+TEST_F(RunAfterSave, ExitDuringTheWaitEndsTheProgramAndRunQuietly) {
+    input("p.ebnt");
+    app.ports.ini["microstation/dgnbatch"] = "/opt/cad/batch";
+    app.ports.duringWait = [&] {
+        app.ports.answers = {MsgAnswer::Yes};
+        app->actions.closeWindow(kFrmMain);
+        app.ports.processResult.end.cancelled = app.ports.cancels > 0;
+    };
+    runAfterSave(*app);
+    EXPECT_TRUE(app->mainUnloaded);
+    EXPECT_EQ(app.ports.cancels, 1);
+    ASSERT_EQ(app.ports.messages.size(), 1u);
+    EXPECT_EQ(app.ports.messages[0].title, "Confirm Exit");
+}
+
+// A batch program that failed or drew nothing is told after the final
+// message, without a box of its own.
+TEST_F(RunAfterSave, ABatchProgramThatDrewNothingIsToldWithoutABox) {
+    input("p.ebnt");
+    const std::string drawing = (dir / "pe.dgn").string();
+    app.ports.ini["microstation/dgnbatch"] = "/opt/cad/batch";
+    struct Case {
+        ProcessResult result;
+        bool draws;
+        std::string notice;
+    } cases[] = {
+        {{true, 0, false, {}, {}}, true, ""},
+        {{true, 0, false, {}, {}}, false, "The drawing batch program left no new drawing: " + drawing},
+        {{true, 3, false, {}, {}},
+         false,
+         "The drawing batch program ended with exit status 3 and left no new drawing: " + drawing},
+        {{true, 3, false, {}, {}},
+         true,
+         "The drawing batch program ended with exit status 3; the drawing " + drawing + " may be incomplete"},
+        {{true, 0, true, {}, {}},
+         false,
+         "The drawing batch program stopped unexpectedly (it crashed) and left no new drawing: " + drawing},
+    };
+    int round = 0;
+    for (const auto& c : cases) {
+        app.ports.messages.clear();
+        app.ports.notices.clear();
+        app.ports.processResult = c.result;
+        // The drawing of an earlier Run stands; a batch program that draws replaces it.
+        std::ofstream(drawing) << "earlier";
+        fs::last_write_time(drawing, fs::file_time_type::clock::now() - std::chrono::hours(1));
+        app.ports.duringWait = [&] {
+            if (c.draws) std::ofstream(drawing) << "drawing " << round;
+        };
+        runAfterSave(*app);
+        ++round;
+        ASSERT_EQ(app.ports.messages.size(), 1u);
+        EXPECT_EQ(app.ports.messages[0].text.substr(0, 33), "The program has finished running.");
+        EXPECT_EQ(app.ports.notices.back(), c.notice);
+    }
+    fs::remove(drawing);
+    app.ports.duringWait = nullptr;
+    app.ports.processResult = {true, 0, false, {}, {}};
+    runAfterSave(*app);
+    EXPECT_EQ(app.ports.notices.back(), "The drawing batch program left no drawing: " + drawing);
 }
 
 TEST_F(RunAfterSave, ANameWithoutADotCannotBeRun) {

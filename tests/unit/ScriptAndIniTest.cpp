@@ -1,5 +1,5 @@
 // Script words and quoting of the headless front end; the raw INI read.
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 #include "platform/Platform.h"
 
 #include <gtest/gtest.h>

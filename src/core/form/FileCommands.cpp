@@ -32,8 +32,12 @@ FileDialogRequest saveDialog(const char* filter, const char* defaultExt, const s
 bool writeAndCaption(App& app, const std::string& path) {
     if (!writeInputFile(app, path)) return false;
     setMainCaption(app, true);
-    // A file the pile-box check cut short holds less than the form.
-    if (!app.saveFailed) app.markSaved();
+    // A file the pile-box check cut short holds less than the form: the
+    // project is still unsaved, and kept safe as such.
+    if (app.saveFailed)
+        app.markUnsaved();
+    else
+        app.markSaved();
     return true;
 }
 

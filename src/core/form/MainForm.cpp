@@ -136,6 +136,8 @@ bool unloadMainForm(App& app) {
     for (const auto& [name, form] : app.forms())
         if (name != kFrmMain) app.closeForm(name);
     app.mainUnloaded = true;
+    // A program Run waits for ends with the program, not after it.
+    app.system.cancelWaits();
     app.closeForm(kFrmMain);
     return true;
 }

@@ -13,6 +13,22 @@ constexpr char32_t kHigh[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 
 
 } // namespace
 
+std::string printableBytes(std::string_view bytes) {
+    static const char* const kHex = "0123456789ABCDEF";
+    std::string out;
+    for (unsigned char b : bytes) {
+        const bool undefined = b >= 0x80 && b < 0xA0 && !kHigh[b - 0x80];
+        if (b < 0x20 || b == 0x7F || undefined) {
+            out += "\\x";
+            out += kHex[b >> 4];
+            out += kHex[b & 0xF];
+        } else {
+            out += cp1252ToUtf8(std::string_view(reinterpret_cast<const char*>(&b), 1));
+        }
+    }
+    return out;
+}
+
 std::string cp1252ToUtf8(std::string_view bytes) {
     std::string out;
     out.reserve(bytes.size());

@@ -9,5 +9,8 @@ namespace tw {
 std::string cp1252ToUtf8(std::string_view bytes);
 // Characters Windows-1252 cannot hold become "?".
 std::string utf8ToCp1252(std::string_view text);
+// Bytes of a file as a description may quote them: read as Windows-1252,
+// with control bytes and bytes the code page leaves undefined written as \xHH.
+std::string printableBytes(std::string_view bytes);
 
 } // namespace tw

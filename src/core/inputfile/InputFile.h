@@ -1,7 +1,9 @@
 // The input file: card-like fixed-column records the engine reads by column.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tw {
 
@@ -21,16 +23,28 @@ struct InputFileText {
     bool aborted = false;
 };
 InputFileText composeInputFile(App& app);
+// The same file as a description of the project, for keeping it safe: no
+// message, no pile-box check, nothing on the form changed, and a value too
+// wide for its field written as it stands.
+std::string describeInputFile(const App& app);
 
-// Writes the project to `path` through a temporary sibling, so a failed
-// write leaves the previous file as it was. A run-time error is shown in
-// the standard error box and gives false.
+// Writes the project to `path` through the platform, which leaves the
+// previous file as it was when the write fails. A run-time error is shown
+// in the standard error box and gives false.
 bool writeInputFile(App& app, const std::string& path);
 
+// The largest input file read; the largest project's file is about 20 KB.
+inline constexpr std::uintmax_t kMaxInputFileBytes = 1024 * 1024;
+
+// The bytes of an input file: a regular file of at most kMaxInputFileBytes.
+// Anything else, and every failure to read, is a run-time error that names the cause.
+std::string readInputBytes(const std::string& path);
+
 // Fills the form and the bent table from the file's bytes; run-time errors
-// escape. The form should be at its defaults.
-void parseInputFile(App& app, const std::string& bytes);
+// escape. The form should be at its defaults. A number field whose text is
+// no number is kept as it is and, with `notes`, told there.
+void parseInputFile(App& app, const std::string& bytes, std::vector<std::string>* notes = nullptr);
 // Reads `path`; a failure is shown in the standard error box and gives false.
-bool readInputFile(App& app, const std::string& path);
+bool readInputFile(App& app, const std::string& path, std::vector<std::string>* notes = nullptr);
 
 } // namespace tw

@@ -7,9 +7,11 @@
 #include "core/model/Numeric.h"
 
 #include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
-#include <sstream>
 #include <vector>
 
 namespace tw {
@@ -43,14 +45,40 @@ std::string restore(const std::string& field, int decimals) {
 // order the file is written, and fills the form and the bent table.
 class Reader : public FileWalk {
   public:
-    Reader(App& app, const std::string& bytes) : app_(app), lines_(splitLines(bytes)) {}
+    Reader(App& app, const std::string& bytes, std::vector<std::string>* notes)
+        : app_(app), lines_(splitLines(bytes)), notes_(notes) {}
 
     void read() {
-        walkInputFile(app_, *this);
+        try {
+            walkInputFile(app_, *this);
+        } catch (const RuntimeError&) {
+            if (lineNo_ == kLine100 && wideBentCount())
+                throw RuntimeError(err::kOverflow, "The file holds more than 99 bents");
+            throw;
+        }
         app_.bentCounter = static_cast<std::int16_t>(bents_);
     }
 
   private:
+    static constexpr int kLine100 = 4;
+
+    // A bent count of three digits or more, as the writer leaves it: it
+    // pushes the rest of record "100" one column to the right, so the line
+    // is longer than the 39 columns of its fields and cannot be read.
+    bool wideBentCount() const {
+        if (static_cast<int>(lines_.size()) < kLine100) return false;
+        const std::string& l = lines_[kLine100 - 1];
+        auto digit = [&](size_t i) { return std::isdigit(static_cast<unsigned char>(l[i])) != 0; };
+        return l.size() >= 40 && digit(5) && digit(6) && digit(7);
+    }
+
+    // A number field whose text is no number: kept on the form, but a save writes blanks there.
+    template <class Where> void noteNotANumber(const Where& where, const std::string& text) {
+        if (!notes_ || text.empty() || isNumeric(text)) return;
+        notes_->push_back("line " + std::to_string(lineNo_) + ": " + where() + " holds \"" + printableBytes(text) +
+                          "\", which is not a number: it will be saved as blanks");
+    }
+
     [[noreturn]] void fail(int number, const std::string& what) const {
         throw RuntimeError(number, what + " (line " + std::to_string(lineNo_) + ")");
     }
@@ -64,8 +92,8 @@ class Reader : public FileWalk {
         }
         line_ = &lines_[lineNo_++];
         if (line_->compare(0, code.size(), code) != 0)
-            fail(err::kInvalidProperty,
-                 "Invalid file format: record " + code + " expected, found \"" + line_->substr(0, 12) + "\"");
+            fail(err::kInvalidProperty, "Invalid file format: record " + code + " expected, found \"" +
+                                            printableBytes(line_->substr(0, 12)) + "\"");
         col_ = static_cast<int>(code.size());
     }
     // The next `width` columns of the current line.
@@ -81,21 +109,22 @@ class Reader : public FileWalk {
         const std::string t = trim(field);
         if (t.empty()) return 0;
         if (!isNumeric(t) || t.find_first_of(".eE") != std::string::npos)
-            fail(err::kTypeMismatch, "Type mismatch: \"" + field + "\" is not a count");
+            fail(err::kTypeMismatch, "Type mismatch: \"" + printableBytes(field) + "\" is not a count");
         return std::stoi(t);
     }
     void setItem(Ctl ctl, const std::string& text) {
         try {
             app_.setComboText(ctl, text);
         } catch (const RuntimeError&) {
-            fail(err::kInvalidProperty, "Invalid property value: \"" + text + "\" for " + std::string(ctlName(ctl)));
+            fail(err::kInvalidProperty,
+                 "Invalid property value: \"" + printableBytes(text) + "\" for " + std::string(ctlName(ctl)));
         }
     }
     void setCode(Ctl ctl, const std::string& code) {
         auto text = textOfCode(ctl, code);
         if (!text)
             fail(err::kInvalidProperty,
-                 "Invalid property value: code \"" + code + "\" of " + std::string(ctlName(ctl)));
+                 "Invalid property value: code \"" + printableBytes(code) + "\" of " + std::string(ctlName(ctl)));
         app_.setComboText(ctl, *text);
     }
 
@@ -125,7 +154,11 @@ class Reader : public FileWalk {
         }
     }
 
-    void number(const CtlId& id) override { app_.setText(id, restore(take(fileWidth(id)), fileDecimals(id))); }
+    void number(const CtlId& id) override {
+        const std::string text = restore(take(fileWidth(id)), fileDecimals(id));
+        noteNotANumber([&] { return toString(id); }, text);
+        app_.setText(id, text);
+    }
     void code(Ctl ctl) override {
         std::string field = take(static_cast<int>(choices(ctl).front().code->size()));
         // The bent-drawn code is read from its second column alone.
@@ -154,6 +187,12 @@ class Reader : public FileWalk {
     void bentNumber(int) override { row_.push_back(trim(take(2))); }
     void cell(int row, int column, const CtlId& source) override {
         std::string value = restore(take(fileWidth(source)), fileDecimals(source));
+        noteNotANumber(
+            [&] {
+                return "bent " + std::to_string(row) + " of the bent table (column \"" + app_.grid.cell(0, column) +
+                       "\")";
+            },
+            value);
         if (inRow_)
             row_.push_back(std::move(value));
         else
@@ -183,6 +222,7 @@ class Reader : public FileWalk {
 
     App& app_;
     std::vector<std::string> lines_;
+    std::vector<std::string>* notes_;
     int lineNo_ = 0;
     const std::string* line_ = nullptr;
     int col_ = 0;
@@ -196,19 +236,60 @@ class Reader : public FileWalk {
 
 } // namespace
 
-void parseInputFile(App& app, const std::string& bytes) { Reader(app, bytes).read(); }
+void parseInputFile(App& app, const std::string& bytes, std::vector<std::string>* notes) {
+    // Saved by an editor as "Unicode": every other byte is a zero, and no line reads.
+    if (bytes.rfind("\xFF\xFE", 0) == 0 || bytes.rfind("\xFE\xFF", 0) == 0)
+        throw RuntimeError(err::kInvalidProperty, "Invalid file format: the file is UTF-16 text; an input file is "
+                                                  "single-byte text (Windows-1252)");
+    Reader(app, bytes, notes).read();
+}
 
-bool readInputFile(App& app, const std::string& path) {
-    try {
-        std::ifstream in(path, std::ios::binary);
-        if (!in) throw RuntimeError(err::kFileNotFound, "File not found: " + path);
-        const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-        parseInputFile(app, bytes);
-        return true;
-    } catch (const RuntimeError& e) {
-        app.reportError(e);
-        return false;
+std::string readInputBytes(const std::string& path) {
+    namespace fs = std::filesystem;
+    std::error_code ec;
+    const fs::file_status st = fs::status(path, ec);
+    if (st.type() == fs::file_type::not_found) throw RuntimeError(err::kFileNotFound, "File not found: " + path);
+    if (ec)
+        throw RuntimeError(err::kFileAccess,
+                           "Path/File access error: cannot reach " + path + " (" + ec.message() + ")");
+    if (fs::is_directory(st)) throw RuntimeError(err::kFileAccess, "Path/File access error: " + path + " is a folder");
+    // A device, a pipe or a socket may never end or never answer.
+    if (!fs::is_regular_file(st))
+        throw RuntimeError(err::kFileAccess,
+                           "Path/File access error: " + path + " is not a file but a device, a pipe or a socket");
+    const auto tooLarge = [&] {
+        return RuntimeError(err::kFileAccess, "Path/File access error: " + path +
+                                                  " is larger than an input file can be (" +
+                                                  std::to_string(kMaxInputFileBytes / 1024) + " KiB)");
+    };
+    if (const auto size = fs::file_size(path, ec); !ec && size > kMaxInputFileBytes) throw tooLarge();
+
+    errno = 0;
+    std::ifstream in(path, std::ios::binary);
+    if (!in) {
+        if (errno == EACCES) throw RuntimeError(err::kPermissionDenied, "Permission denied: cannot read " + path);
+        throw RuntimeError(err::kFileAccess, "Path/File access error: cannot open " + path +
+                                                 (errno ? std::string(" (") + std::strerror(errno) + ")" : ""));
     }
+    // Read in pieces: some files tell no size (those under /proc), and a read
+    // error must end here as an error, not as an exception of the stream.
+    std::string bytes;
+    char buffer[65536];
+    while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
+        bytes.append(buffer, static_cast<size_t>(in.gcount()));
+        if (bytes.size() > kMaxInputFileBytes) throw tooLarge();
+    }
+    if (in.bad()) throw RuntimeError(err::kDeviceIo, "Device I/O error: " + path + " could not be read to its end");
+    return bytes;
+}
+
+bool readInputFile(App& app, const std::string& path, std::vector<std::string>* notes) {
+    bool ok = false;
+    app.guarded([&] {
+        parseInputFile(app, readInputBytes(path), notes);
+        ok = true;
+    });
+    return ok;
 }
 
 } // namespace tw

@@ -7,18 +7,17 @@
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-
 namespace tw {
 
 namespace {
 
-// Formats every field of the file into its columns.
+// Formats every field of the file into its columns. With `loud`, the
+// writer of a save: it tells of too many bents, runs the pile-box check
+// (which may exchange the distances or stop the file) and refuses a value
+// too wide for its field. Without, it only describes the project.
 class Writer : public FileWalk {
   public:
-    explicit Writer(App& app) : app_(app) {}
+    Writer(const App& app, App* loud) : app_(app), loud_(loud) {}
 
     InputFileText compose() {
         const bool complete = walkInputFile(app_, *this);
@@ -30,15 +29,25 @@ class Writer : public FileWalk {
     void record(const std::string& code) override { line_ = code; }
     void end() override { out_ += line_ + "\r\n"; }
 
-    void number(const CtlId& id) override { line_ += numericField(fileWidth(id), app_.text(id)); }
+    std::string field(int width, const std::string& text) const {
+        try {
+            return numericField(width, text);
+        } catch (const RuntimeError&) {
+            if (loud_) throw;
+            std::string digits = trim(text);
+            std::erase(digits, '.');
+            return digits;
+        }
+    }
+    void number(const CtlId& id) override { line_ += field(fileWidth(id), app_.text(id)); }
     void code(Ctl c) override { line_ += codeOf(c, app_.text(c)).value_or(""); }
     void count(Ctl c) override { line_ += countField(app_.text(c)); }
     void blanks(int n) override { line_ += std::string(n, ' '); }
 
     void bentCount() override {
         const std::string bents = std::to_string(app_.bentCounter);
-        if (bents.size() > 2)
-            app_.message("You can use a maximum of only 99 bents.", kAppTitle, MsgButtons::OK, MsgIcon::None);
+        if (bents.size() > 2 && loud_)
+            loud_->message("You can use a maximum of only 99 bents.", kAppTitle, MsgButtons::OK, MsgIcon::None);
         line_ += countField(bents);
     }
     void batteredCount() override {
@@ -48,7 +57,7 @@ class Writer : public FileWalk {
     void beginRow(int) override {}
     void bentNumber(int row) override { line_ += countField(trim(app_.grid.cell(row, 0))); }
     void cell(int row, int column, const CtlId& source) override {
-        line_ += numericField(fileWidth(source), app_.grid.cell(row, column));
+        line_ += field(fileWidth(source), app_.grid.cell(row, column));
     }
     void endRow(int) override {}
 
@@ -56,26 +65,29 @@ class Writer : public FileWalk {
     void pileBoxCount() override { line_ += trim(app_.text(Ctl::cboWingwallPileBox)); }
 
     bool pileBoxCheck() override {
-        const double first = leadingNumber(app_.text(Ctl::txtPileBoxDistance1));
-        const double second = leadingNumber(app_.text(Ctl::txtPileBoxDistance2));
+        if (!loud_) return true;
+        App& app = *loud_;
+        const double first = leadingNumber(app.text(Ctl::txtPileBoxDistance1));
+        const double second = leadingNumber(app.text(Ctl::txtPileBoxDistance2));
         if (second > first) {
-            app_.message("The first pile box value should be greater than the second pile box value",
-                         "Incorrect Pile Box Value", MsgButtons::OKCancel, MsgIcon::None);
-            const std::string t = app_.text(Ctl::txtPileBoxDistance1);
-            app_.setText(Ctl::txtPileBoxDistance1, app_.text(Ctl::txtPileBoxDistance2));
-            app_.setText(Ctl::txtPileBoxDistance2, t);
+            app.message("The first pile box value should be greater than the second pile box value",
+                        "Incorrect Pile Box Value", MsgButtons::OKCancel, MsgIcon::None);
+            const std::string t = app.text(Ctl::txtPileBoxDistance1);
+            app.setText(Ctl::txtPileBoxDistance1, app.text(Ctl::txtPileBoxDistance2));
+            app.setText(Ctl::txtPileBoxDistance2, t);
             return true;
         }
         if (second < first) return true;
-        app_.message("The first pile box should be greater then the second pile box!", "Warning", MsgButtons::OK,
-                     MsgIcon::Critical);
-        app_.actions.selectTab(kPileBoxTab);
-        app_.setFocus(Ctl::txtPileBoxDistance1);
-        app_.selectAll(Ctl::txtPileBoxDistance1);
+        app.message("The first pile box should be greater then the second pile box!", "Warning", MsgButtons::OK,
+                    MsgIcon::Critical);
+        app.actions.selectTab(kPileBoxTab);
+        app.setFocus(Ctl::txtPileBoxDistance1);
+        app.selectAll(Ctl::txtPileBoxDistance1);
         return false;
     }
 
-    App& app_;
+    const App& app_;
+    App* loud_;
     std::string out_;
     std::string line_;
 };
@@ -96,32 +108,20 @@ std::string countField(const std::string& text) {
     return text.size() >= 2 ? text : std::string(2 - text.size(), ' ') + text;
 }
 
-InputFileText composeInputFile(App& app) { return Writer(app).compose(); }
+InputFileText composeInputFile(App& app) { return Writer(app, &app).compose(); }
+
+std::string describeInputFile(const App& app) { return Writer(app, nullptr).compose().bytes; }
 
 bool writeInputFile(App& app, const std::string& path) {
-    namespace fs = std::filesystem;
-    const fs::path target(path);
-    const fs::path temp = target.parent_path() / ('.' + target.filename().string() + ".saving");
-    try {
+    bool written = false;
+    app.guarded([&] {
         const InputFileText text = composeInputFile(app);
-        {
-            std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-            if (!out) throw RuntimeError(err::kPathNotFound, "Path/File access error: cannot create " + path);
-            out.write(text.bytes.data(), static_cast<std::streamsize>(text.bytes.size()));
-            out.flush();
-            if (!out) throw RuntimeError(err::kDeviceIo, "Device I/O error while writing " + path);
-        }
-        std::error_code ec;
-        fs::rename(temp, target, ec);
-        if (ec) throw RuntimeError(err::kPermissionDenied, "Permission denied: cannot replace " + path);
+        const WriteResult w = app.system.writeFile(path, text.bytes);
+        if (w.errorNumber) throw RuntimeError(w.errorNumber, w.error);
         app.saveFailed = text.aborted;
-        return true;
-    } catch (const RuntimeError& e) {
-        std::error_code ignored;
-        fs::remove(temp, ignored);
-        app.reportError(e);
-        return false;
-    }
+        written = true;
+    });
+    return written;
 }
 
 } // namespace tw

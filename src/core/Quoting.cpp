@@ -1,4 +1,4 @@
-#include "cli/Quoting.h"
+#include "core/Quoting.h"
 
 namespace tw {
 

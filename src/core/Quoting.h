@@ -1,4 +1,5 @@
-// Quoting of texts in replay scripts and in what the headless front end prints.
+// Quoting of texts in replay scripts, in what the headless front end prints
+// and in the recovery file: one text a word, on one line.
 #pragma once
 
 #include <optional>

@@ -1,0 +1,183 @@
+#include "core/form/Recovery.h"
+
+#include "core/App.h"
+#include "core/Quoting.h"
+#include "core/form/MainForm.h"
+#include "core/inputfile/InputFile.h"
+#include "core/model/Inputs.h"
+
+#include <algorithm>
+#include <charconv>
+#include <map>
+
+namespace tw {
+
+namespace {
+
+// The line where what the form holds beyond the input file begins.
+constexpr const char* kMarker = "[Tarnwick recovery 1]";
+
+std::string words(const std::vector<std::string>& texts) {
+    std::string line;
+    for (const auto& t : texts)
+        line += ' ' + quote(t);
+    return line;
+}
+
+// Everything a recovery file holds beyond the input file, read before any of it reaches the form.
+struct Kept {
+    std::string currentFile;
+    std::string dialogFileName;
+    int counter = 0;
+    std::vector<std::string> bentRegister;
+    int columns = 0;
+    std::vector<std::vector<std::string>> rows;
+    std::map<CtlId, std::string> inputs;
+};
+
+[[noreturn]] void unreadable(int line, const std::string& why) {
+    throw RuntimeError(err::kInvalidProperty, "Invalid file format: the recovery file cannot be read (line " +
+                                                  std::to_string(line) + ": " + why + ")");
+}
+
+int number(const std::string& text, int line) {
+    int v = 0;
+    const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
+    if (ec != std::errc() || end != text.data() + text.size() || v < 0)
+        unreadable(line, "\"" + text + "\" is no count");
+    return v;
+}
+
+Kept parse(const std::string& recovery) {
+    const std::string marker = std::string("\n") + kMarker;
+    const auto at = recovery.rfind(marker);
+    if (at == std::string::npos) unreadable(0, "it is not a recovery file");
+    Kept k;
+    int lineNo = 0;
+    size_t pos = at + 1;
+    while (pos < recovery.size()) {
+        size_t end = recovery.find('\n', pos);
+        if (end == std::string::npos) end = recovery.size();
+        std::string line = recovery.substr(pos, end - pos);
+        pos = end + 1;
+        ++lineNo;
+        if (lineNo == 1) continue; // the marker
+        std::string error;
+        const auto split = splitScriptLine(line, error);
+        if (!split) unreadable(lineNo, error);
+        if (split->empty()) continue;
+        std::vector<std::string> w;
+        for (const auto& word : *split)
+            w.push_back(word.text);
+        const std::string& key = w[0];
+        auto need = [&](size_t n) {
+            if (w.size() != n) unreadable(lineNo, key + " takes " + std::to_string(n - 1) + " word(s)");
+        };
+        if (key == "file") {
+            need(2);
+            k.currentFile = w[1];
+        } else if (key == "dialog") {
+            need(2);
+            k.dialogFileName = w[1];
+        } else if (key == "counter") {
+            need(2);
+            k.counter = number(w[1], lineNo);
+        } else if (key == "register") {
+            k.bentRegister.assign(w.begin() + 1, w.end());
+        } else if (key == "columns") {
+            need(2);
+            k.columns = number(w[1], lineNo);
+        } else if (key == "row") {
+            if (static_cast<int>(w.size()) - 1 != k.columns) unreadable(lineNo, "a row of the bent table is not whole");
+            k.rows.emplace_back(w.begin() + 1, w.end());
+        } else if (key == "input") {
+            need(3);
+            const auto id = parseCtlId(w[1]);
+            if (!id || !isInput(id->ctl)) unreadable(lineNo, "no input is named " + w[1]);
+            k.inputs[*id] = w[2];
+        }
+        // Anything else was written by a later version, and is passed over.
+    }
+    if (k.counter > 32767) unreadable(0, "the bent counter is out of range");
+    return k;
+}
+
+// A choice by its text, its change handler running even where the choice
+// stays, as Open sets them: the sections shown follow the last handler, so
+// a restored project shows what the same project opened from its file
+// shows. A text the list does not hold stands as it was kept.
+void choose(App& app, const CtlId& id, const std::string& text) {
+    Control& c = app.ctl(id);
+    for (size_t i = 0; i < c.items.size(); ++i)
+        if (c.items[i] == text) {
+            app.setListIndex(id, static_cast<int>(i));
+            return;
+        }
+    c.listIndex = -1;
+    c.text = text;
+}
+
+bool isChoice(const CtlId& id) { return inputRule(id).kind == InputKind::Choice; }
+
+} // namespace
+
+std::string composeRecovery(const App& app) {
+    std::string out = describeInputFile(app);
+    auto line = [&](const std::string& l) { out += l + "\r\n"; };
+    line(kMarker);
+    line("file " + quote(app.currentFile));
+    line("dialog " + quote(app.dialogFileName));
+    line("counter " + std::to_string(app.bentCounter));
+    line("register" + words(app.bentRegister));
+    line("columns " + std::to_string(app.grid.cols()));
+    for (int r = 1; r < app.grid.rows(); ++r)
+        line("row" + words(app.grid.rowCells(r)));
+    for (const auto& id : projectInputs())
+        line("input " + toString(id) + ' ' + quote(app.text(id)));
+    return out;
+}
+
+RecoverySummary summarizeRecovery(const std::string& recovery) {
+    try {
+        Kept k = parse(recovery);
+        return {std::move(k.currentFile), std::move(k.inputs[CtlId(Ctl::txtProjectInfo, 0)])};
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+void restoreRecovery(App& app, const std::string& recovery) {
+    const Kept k = parse(recovery);
+    resetForm(app);
+    // The number of beams and the bent type first: their handlers lay out the
+    // sections and the bent table and give defaults that the kept texts override.
+    const Ctl layout[] = {Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboTybent};
+    for (Ctl first : layout)
+        if (auto it = k.inputs.find(first); it != k.inputs.end()) choose(app, first, it->second);
+    for (const bool choices : {true, false})
+        for (const auto& id : projectInputs()) {
+            const auto it = k.inputs.find(id);
+            if (it == k.inputs.end() || isChoice(id) != choices) continue;
+            if (!choices)
+                app.setText(id, it->second);
+            else if (std::find(std::begin(layout), std::end(layout), id.ctl) == std::end(layout))
+                choose(app, id, it->second);
+        }
+
+    Grid& g = app.grid;
+    if (k.columns > 0 && g.cols() != k.columns) g.setCols(k.columns);
+    g.setRows(static_cast<int>(k.rows.size()) + 1);
+    for (size_t r = 0; r < k.rows.size(); ++r)
+        for (int c = 0; c < g.cols(); ++c)
+            g.setCell(static_cast<int>(r) + 1, c, k.rows[r][c]);
+    app.bentCounter = static_cast<std::int16_t>(k.counter);
+    app.bentRegister = k.bentRegister;
+
+    app.dialogFileName = k.currentFile;
+    setMainCaption(app, !k.currentFile.empty());
+    app.dialogFileName = k.dialogFileName;
+    // Whatever the current file holds, it is not this.
+    app.markUnsaved();
+}
+
+} // namespace tw

@@ -1,0 +1,33 @@
+// The bar at the top of the main window that offers the unsaved work a
+// session left behind: Restore brings it back on the form, Discard lets it go.
+#pragma once
+
+#include "core/App.h"
+#include "platform/RecoveryStore.h"
+
+#include <QFrame>
+
+class QPushButton;
+
+namespace tw {
+
+class RecoveryBar : public QFrame {
+    Q_OBJECT
+  public:
+    RecoveryBar(App& app, RecoveryStore& store, RecoveryStore::Left left, QWidget* parent = nullptr);
+
+    QPushButton* restoreButton() const { return restore_; }
+    QPushButton* discardButton() const { return discard_; }
+
+  private:
+    void restore();
+    void discard();
+
+    App& app_;
+    RecoveryStore& store_;
+    RecoveryStore::Left left_;
+    QPushButton* restore_;
+    QPushButton* discard_;
+};
+
+} // namespace tw

@@ -1,0 +1,190 @@
+// Unsaved work survives the window's end: killed with SIGKILL after an
+// edit, a new window offers the project back and restores all of it; a save
+// that the pile-box check cut short, followed by a normal exit, loses nothing.
+#include "../unit/FakePorts.h"
+#include "../unit/ProjectMaker.h"
+
+#include "core/form/Recovery.h"
+#include "gui/MainWindow.h"
+#include "gui/RecoveryBar.h"
+#include "gui/RecoveryKeeper.h"
+#include "platform/Platform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QProcess>
+#include <QPushButton>
+#include <QTest>
+
+#include <cstring>
+
+namespace tw {
+
+namespace {
+
+const QString kSample = QStringLiteral(TW_SOURCE_DIR "/samples/end-with-backwall.ebnt");
+
+// The same edits in the killed window and in the one that tells what to expect.
+void edit(App& app, test::FakePorts& ports) {
+    ports.files = {kSample.toStdString()};
+    app.actions.click(Ctl::mnuOpen);
+    test::ProjectMaker(17).fill(app);
+    app.actions.type(CtlId(Ctl::txtProjectInfo, 2), " EDITED");
+}
+
+// A window as tarnwick's: the form, and the keeper of its unsaved work.
+struct Session {
+    test::FakePorts ports;
+    Platform platform;
+    App app{ports, platform, TW_PROGRAM_DIR};
+    MainWindow window{app};
+    RecoveryStore store;
+    RecoveryKeeper keeper{app, store};
+
+    explicit Session(const QString& folder) : store(folder) {
+        loadMainForm(app);
+        app.actions.afterEach([this] {
+            window.refresh();
+            keeper.changed();
+        });
+        store.open();
+        window.refresh();
+    }
+    // The bars the window offers at its start.
+    std::vector<RecoveryBar*> offered() {
+        std::vector<RecoveryBar*> bars;
+        for (auto& left : store.claimLeft()) {
+            bars.push_back(new RecoveryBar(app, store, std::move(left)));
+            window.addNotice(bars.back());
+        }
+        return bars;
+    }
+};
+
+QStringList recoveryFiles(const QString& folder) {
+    return QDir(folder).entryList({QStringLiteral("recovery-*.ebnt")}, QDir::Files);
+}
+
+// The child: edits, says so, and waits to be killed.
+int editAndWait(int argc, char** argv) {
+    QApplication qapp(argc, argv);
+    Session s(QString::fromLocal8Bit(argv[2]));
+    s.window.show();
+    edit(s.app, s.ports);
+    std::printf("edited\n");
+    std::fflush(stdout);
+    return QApplication::exec();
+}
+
+} // namespace
+
+class RecoveryWindowTest : public QObject {
+    Q_OBJECT
+
+    QString folder = QDir::tempPath() + QStringLiteral("/tw-recovery-window");
+
+  private slots:
+    void init() {
+        QDir(folder).removeRecursively();
+        QDir().mkpath(folder);
+    }
+    void cleanup() { QDir(folder).removeRecursively(); }
+
+    void aKilledWindowsProjectIsOfferedAndRestored() {
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--edit-and-wait"), folder});
+        QVERIFY(child.waitForStarted());
+        QVERIFY(child.waitForReadyRead(20000));
+        QCOMPARE(child.readLine().trimmed(), QByteArray("edited"));
+        // Kept within a moment of the last edit.
+        auto kept = [&] {
+            const auto files = recoveryFiles(folder);
+            if (files.size() != 1) return std::string();
+            QFile f(QDir(folder).filePath(files.first()));
+            return f.open(QIODevice::ReadOnly) ? f.readAll().toStdString() : std::string();
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(kept().find(" EDITED\"") != std::string::npos, 10000);
+        child.kill();
+        QVERIFY(child.waitForFinished());
+
+        test::FakePorts reference;
+        App expected(reference, reference, TW_PROGRAM_DIR);
+        loadMainForm(expected);
+        edit(expected, reference);
+
+        Session next(folder);
+        const auto bars = next.offered();
+        QCOMPARE(bars.size(), size_t(1));
+        QVERIFY(bars[0]
+                    ->findChild<QLabel*>(QStringLiteral("recoveryText"))
+                    ->text()
+                    .startsWith(QStringLiteral("end-with-backwall.ebnt (\u201C")));
+        QTest::mouseClick(bars[0]->restoreButton(), Qt::LeftButton);
+        QCOMPARE(captureProject(next.app), captureProject(expected));
+        QCOMPARE(next.app.main().caption, std::string("Norvale-Tarnwick - [end-with-backwall.ebnt]"));
+        QVERIFY(next.app.modified());
+        next.keeper.keep();
+        // The restored file went; this session's own stands.
+        QCOMPARE(recoveryFiles(folder).size(), qsizetype(1));
+        QVERIFY(next.store.path().endsWith(recoveryFiles(folder).first()));
+    }
+
+    void aSaveCutShortThenANormalExitLosesNothing() {
+        const QString file = folder + QStringLiteral("/boxes.ebnt");
+        ProjectState before;
+        {
+            Session s(folder);
+            s.app.actions.choose(Ctl::cboWingParallel, 0);
+            s.app.actions.choose(Ctl::cboWingwallPileBox, 3);
+            s.app.actions.type(CtlId(Ctl::txtProjectInfo, 0), "THREE EQUAL BOXES");
+            s.ports.files = {file.toStdString()};
+            s.app.actions.click(Ctl::mnuSave);
+            QVERIFY(s.app.saveFailed);
+            QCOMPARE(s.ports.messages.back().title, std::string("Warning"));
+            before = captureProject(s.app);
+            s.keeper.finish(); // Exit, answered Yes
+        }
+        QCOMPARE(recoveryFiles(folder).size(), qsizetype(1));
+        {
+            Session s(folder);
+            const auto bars = s.offered();
+            QCOMPARE(bars.size(), size_t(1));
+            QTest::mouseClick(bars[0]->restoreButton(), Qt::LeftButton);
+            QCOMPARE(captureProject(s.app), before);
+            // Saved properly this time: nothing is left to offer.
+            s.app.actions.edit(Ctl::txtPileBoxDistance2, "5.0000");
+            s.ports.answers = {MsgAnswer::Yes};
+            s.app.actions.click(Ctl::mnuSave);
+            QVERIFY(!s.app.saveFailed);
+            s.keeper.keep();
+            QVERIFY(recoveryFiles(folder).isEmpty());
+            s.keeper.finish();
+        }
+        {
+            Session s(folder);
+            s.app.actions.type(CtlId(Ctl::txtProjectInfo, 1), "NOT WANTED");
+            s.keeper.finish();
+        }
+        {
+            Session s(folder);
+            const auto bars = s.offered();
+            QCOMPARE(bars.size(), size_t(1));
+            QTest::mouseClick(bars[0]->discardButton(), Qt::LeftButton);
+            QVERIFY(recoveryFiles(folder).isEmpty());
+            QCOMPARE(s.app.text(CtlId(Ctl::txtProjectInfo, 1)), std::string());
+        }
+        QVERIFY(Session(folder).offered().empty());
+    }
+};
+
+} // namespace tw
+
+int main(int argc, char** argv) {
+    if (argc == 3 && std::strcmp(argv[1], "--edit-and-wait") == 0) return tw::editAndWait(argc, argv);
+    QApplication app(argc, argv);
+    tw::RecoveryWindowTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "RecoveryWindowTest.moc"

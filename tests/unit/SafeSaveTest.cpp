@@ -1,0 +1,205 @@
+// Saving onto the user's files: what must be refused, and what must stay as
+// it was. Permissions mean nothing to root, so each case runs in a child
+// process as an ordinary user (root gives its rights away there).
+#include "TestFiles.h"
+
+#include "platform/SafeFile.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <grp.h>
+#include <sstream>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tw {
+namespace {
+
+namespace fs = std::filesystem;
+
+using test::slurp;
+
+constexpr uid_t kNobody = 65534;
+constexpr uid_t kSomeoneElse = 4242;
+
+void put(const fs::path& p, const std::string& bytes, mode_t mode) {
+    std::ofstream(p, std::ios::binary) << bytes;
+    chmod(p.c_str(), mode);
+}
+
+mode_t modeOf(const fs::path& p) {
+    struct stat st {};
+    stat(p.c_str(), &st);
+    return st.st_mode & 07777;
+}
+
+// What went wrong, one line a fault; empty when nothing did.
+class Faults {
+  public:
+    void expect(bool ok, const std::string& what) {
+        if (!ok) out_ << what << '\n';
+    }
+    void same(const std::string& got, const std::string& want, const std::string& what) {
+        expect(got == want, what + ": got \"" + got + "\", want \"" + want + "\"");
+    }
+    std::string str() const { return out_.str(); }
+
+  private:
+    std::ostringstream out_;
+};
+
+// Runs `body` in a child process as an ordinary user; its faults come back.
+std::string asOrdinaryUser(const std::function<void(Faults&)>& body) {
+    int fds[2];
+    if (pipe(fds) != 0) return "no pipe";
+    const pid_t pid = fork();
+    if (pid == 0) {
+        close(fds[0]);
+        if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(3);
+        Faults f;
+        body(f);
+        const std::string said = f.str();
+        if (write(fds[1], said.data(), said.size()) < 0) _exit(4);
+        _exit(0);
+    }
+    close(fds[1]);
+    std::string said;
+    char buf[4096];
+    for (ssize_t n; (n = read(fds[0], buf, sizeof buf)) > 0;)
+        said.append(buf, static_cast<size_t>(n));
+    close(fds[0]);
+    int status = 0;
+    waitpid(pid, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        said += "the child failed (status " + std::to_string(status) + ")";
+    return said;
+}
+
+// A folder of the child's own, gone when the case ends.
+struct Folder {
+    fs::path path;
+    explicit Folder(const std::string& name) : path(fs::temp_directory_path() / name) {
+        fs::remove_all(path);
+        fs::create_directories(path);
+    }
+    ~Folder() {
+        std::error_code ec;
+        fs::permissions(path, fs::perms::owner_all, fs::perm_options::add, ec);
+        fs::remove_all(path, ec);
+    }
+    // Nothing but the names given: no temporary file left behind.
+    size_t entries() const { return static_cast<size_t>(std::distance(fs::directory_iterator(path), {})); }
+};
+
+TEST(SafeSave, AFileTheUserMayNotWriteIsRefusedAndLeftAsItWas) {
+    EXPECT_EQ(asOrdinaryUser([](Faults& f) {
+                  Folder d("tw-save-readonly");
+                  const auto file = d.path / "bent.ebnt";
+                  put(file, "previous", 0444);
+                  const WriteResult r = replaceFile(file.string(), "new bytes");
+                  f.same(std::to_string(r.errorNumber), "70", "error number");
+                  f.same(r.error,
+                         "Permission denied: you may not write to " + file.string() +
+                             " (it is read-only for you); it was left as it is",
+                         "description");
+                  f.same(slurp(file), "previous", "the file");
+                  f.expect(modeOf(file) == 0444, "the mode changed");
+                  f.expect(d.entries() == 1, "a temporary file was left");
+              }),
+              "");
+}
+
+TEST(SafeSave, TheModeAndSymbolicLinksAreKept) {
+    EXPECT_EQ(asOrdinaryUser([](Faults& f) {
+                  Folder d("tw-save-mode");
+                  for (mode_t mode : {0600, 0640, 0664}) {
+                      const auto file = d.path / ("bent" + std::to_string(mode) + ".ebnt");
+                      put(file, "previous", mode);
+                      f.same(replaceFile(file.string(), "new").error, "", "save");
+                      f.same(slurp(file), "new", "the file");
+                      f.expect(modeOf(file) == mode,
+                               "mode " + std::to_string(mode) + " became " + std::to_string(modeOf(file)));
+                  }
+                  // A link, relative or absolute, is written through; a link to nothing makes its file.
+                  fs::create_directories(d.path / "projects");
+                  put(d.path / "projects" / "real.ebnt", "previous", 0600);
+                  fs::create_symlink("projects/real.ebnt", d.path / "relative.ebnt");
+                  fs::create_symlink(d.path / "relative.ebnt", d.path / "chained.ebnt");
+                  fs::create_symlink("projects/new.ebnt", d.path / "dangling.ebnt");
+                  for (const char* link : {"relative.ebnt", "chained.ebnt", "dangling.ebnt"}) {
+                      f.same(replaceFile((d.path / link).string(), link).error, "", link);
+                      f.expect(fs::is_symlink(d.path / link), std::string(link) + " is no longer a link");
+                      f.same(slurp(d.path / link), link, std::string("through ") + link);
+                  }
+                  f.expect(modeOf(d.path / "projects" / "real.ebnt") == 0600, "the link's target lost its mode");
+                  // A file with a second name keeps it.
+                  put(d.path / "linked.ebnt", "previous", 0644);
+                  fs::create_hard_link(d.path / "linked.ebnt", d.path / "other-name.ebnt");
+                  f.same(replaceFile((d.path / "linked.ebnt").string(), "both").error, "", "hard link");
+                  f.same(slurp(d.path / "other-name.ebnt"), "both", "the other name");
+              }),
+              "");
+}
+
+TEST(SafeSave, LongNamesFoldersAndAFolderTheUserMayNotWrite) {
+    EXPECT_EQ(asOrdinaryUser([](Faults& f) {
+                  Folder d("tw-save-names");
+                  for (size_t length : {248u, 250u, 255u}) {
+                      const std::string name = std::string(length - 5, 'n') + ".ebnt";
+                      f.same(replaceFile((d.path / name).string(), "long").error, "",
+                             "a name of " + std::to_string(length) + " bytes");
+                      f.same(slurp(d.path / name), "long", "the long-named file");
+                  }
+                  f.same(replaceFile((d.path / (std::string(251, 'n') + ".ebnt")).string(), "x").error,
+                         "Path/File access error: the name " + (d.path / (std::string(251, 'n') + ".ebnt")).string() +
+                             " is too long",
+                         "a name too long");
+
+                  fs::create_directories(d.path / "adir");
+                  const WriteResult folder = replaceFile((d.path / "adir").string(), "x");
+                  f.same(folder.error,
+                         "Path/File access error: " + (d.path / "adir").string() +
+                             " is a folder, not a file; nothing "
+                             "was saved",
+                         "a folder");
+
+                  // The folder is closed to the user, the file is not: it is written in place.
+                  fs::create_directories(d.path / "closed");
+                  put(d.path / "closed" / "bent.ebnt", "previous", 0644);
+                  chmod((d.path / "closed").c_str(), 0555);
+                  f.same(replaceFile((d.path / "closed" / "bent.ebnt").string(), "in place").error, "", "in place");
+                  f.same(slurp(d.path / "closed" / "bent.ebnt"), "in place", "the file in the closed folder");
+                  const WriteResult created = replaceFile((d.path / "closed" / "new.ebnt").string(), "x");
+                  f.same(std::to_string(created.errorNumber), "70", "a new file in the closed folder");
+                  chmod((d.path / "closed").c_str(), 0755);
+                  f.expect(d.entries() == 5, "a temporary file was left");
+              }),
+              "");
+}
+
+// A file of someone else's that the user may write keeps its owner and group.
+TEST(SafeSave, TheOwnerAndGroupAreKept) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can give a file to someone else to set this case up";
+    Folder d("tw-save-owner");
+    chown(d.path.c_str(), kNobody, kNobody);
+    const auto file = d.path / "shared.ebnt";
+    put(file, "previous", 0666);
+    ASSERT_EQ(chown(file.c_str(), kSomeoneElse, kSomeoneElse), 0);
+    EXPECT_EQ(asOrdinaryUser([&](Faults& f) { f.same(replaceFile(file.string(), "by nobody").error, "", "save"); }),
+              "");
+    // Root itself replaces the file, and gives it back to its owner.
+    EXPECT_EQ(replaceFile(file.string(), "by root").error, "");
+    struct stat st {};
+    stat(file.c_str(), &st);
+    EXPECT_EQ(st.st_uid, kSomeoneElse);
+    EXPECT_EQ(st.st_gid, kSomeoneElse);
+    EXPECT_EQ(st.st_mode & 07777, 0666u);
+    EXPECT_EQ(slurp(file), "by root");
+}
+
+} // namespace
+} // namespace tw
