@@ -1,12 +1,8 @@
 // tarnwick draw FILE [--bent N] OUT: the bent of an input file, drawn as the
 // window's drawing pane shows it, written as SVG, PDF or PNG.
 #include "cli/Cli.h"
-#include "core/Quoting.h"
-#include "core/App.h"
-#include "core/QuietPorts.h"
+#include "cli/QuietProject.h"
 #include "core/drawing/BentDrawing.h"
-#include "core/form/MainForm.h"
-#include "core/inputfile/InputFile.h"
 #include "render/ScenePainter.h"
 
 #include <QFileInfo>
@@ -65,11 +61,10 @@ int cliDraw(const CliOptions& opt, const std::vector<std::string>& args) {
     const std::string& file = paths[0];
     const QString out = QString::fromStdString(paths[1]);
 
-    QuietPorts ports;
-    App app(ports, ports, opt.programDir);
-    loadMainForm(app);
-    if (!readInputFile(app, file)) {
-        std::cerr << file << ": " << oneLine(ports.lastMessage) << '\n';
+    QuietProject project(opt.programDir);
+    const App& app = project.app;
+    if (!project.read(file)) {
+        std::cerr << file << ": " << project.why() << '\n';
         return 1;
     }
     const int bents = app.grid.rows() - 1;

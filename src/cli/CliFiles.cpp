@@ -1,11 +1,8 @@
 #include "cli/Cli.h"
 #include "cli/Printing.h"
-#include "core/App.h"
-#include "core/QuietPorts.h"
+#include "cli/QuietProject.h"
 #include "core/Quoting.h"
 #include "core/benttable/Layout.h"
-#include "core/form/MainForm.h"
-#include "core/inputfile/InputFile.h"
 #include "core/model/Inputs.h"
 
 #include <iostream>
@@ -15,22 +12,16 @@ namespace tw {
 int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
     int status = 0;
     for (const auto& file : files) {
-        QuietPorts ports;
-        App app(ports, ports, opt.programDir);
+        QuietProject project(opt.programDir);
+        const App& app = project.app;
         std::vector<std::string> notes;
-        bool read = false;
-        // Whatever one file does, the next is checked.
-        app.guarded([&] {
-            loadMainForm(app);
-            read = readInputFile(app, file, &notes);
-        });
-        if (read) {
+        if (project.read(file, &notes)) {
             std::cout << file << ": ok (" << app.grid.rows() - 1 << " bents, " << beamCount(app) << " beams, "
                       << app.text(Ctl::cboTybent) << ")\n";
             for (const auto& note : notes)
                 std::cout << file << ": warning: " << oneLine(note) << '\n';
         } else {
-            std::cout << file << ": " << oneLine(ports.lastMessage) << '\n';
+            std::cout << file << ": " << project.why() << '\n';
             status = 1;
         }
     }
@@ -38,11 +29,10 @@ int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
 }
 
 int cliDump(const CliOptions& opt, const std::string& file) {
-    QuietPorts ports;
-    App app(ports, ports, opt.programDir);
-    loadMainForm(app);
-    if (!readInputFile(app, file)) {
-        std::cerr << file << ": " << oneLine(ports.lastMessage) << '\n';
+    QuietProject project(opt.programDir);
+    const App& app = project.app;
+    if (!project.read(file)) {
+        std::cerr << file << ": " << project.why() << '\n';
         return 1;
     }
     for (const auto& id : projectInputs())

@@ -1,0 +1,26 @@
+// A project read from its file with nobody watching, as check, dump and draw
+// read it: the form loaded, the file read, and a failure kept as the one line
+// the error box would have shown.
+#pragma once
+
+#include "core/App.h"
+#include "core/QuietPorts.h"
+#include "core/Quoting.h"
+
+#include <string>
+#include <vector>
+
+namespace tw {
+
+struct QuietProject {
+    explicit QuietProject(const std::string& programDir) : app(ports, ports, programDir) {}
+
+    // False when the file cannot be read; why() then says what the box would have.
+    bool read(const std::string& file, std::vector<std::string>* notes = nullptr);
+    std::string why() const { return oneLine(ports.lastMessage); }
+
+    QuietPorts ports;
+    App app;
+};
+
+} // namespace tw
