@@ -63,81 +63,82 @@ int seconds(const std::string& text) {
     return ec == std::errc() && end == text.data() + text.size() && value > 0 ? value : 0;
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    // The engine runs in a child of ours so that a failing engine cannot take the program with it.
-    if (const auto engine = tw::engineCall(argc, argv)) return *engine;
-    std::vector<std::string> args;
+struct Arguments {
+    std::vector<std::string> words; // the command and its arguments, options taken out
     std::optional<std::string> programDir, timeout;
+};
+
+// Takes the options out of the command line; nothing when one lacks its value.
+std::optional<Arguments> parse(int argc, char** argv) {
+    Arguments a;
     struct Option {
         const char* name;
         const char* needs;
         std::optional<std::string>& value;
     };
-    const Option options[] = {{"--program-dir", "a folder", programDir}, {"--timeout", "a number of seconds", timeout}};
+    const Option options[] = {{"--program-dir", "a folder", a.programDir},
+                              {"--timeout", "a number of seconds", a.timeout}};
     for (int i = 1; i < argc; ++i) {
-        const std::string a = argv[i];
-        const Option* option = nullptr;
+        const std::string word = argv[i];
+        bool taken = false;
         for (const auto& o : options) {
             const std::string name = o.name;
-            if (a == name) {
+            if (word == name) {
                 if (i + 1 >= argc) {
                     std::cerr << "tarnwick: " << name << " needs " << o.needs << '\n' << kUsage;
-                    return 2;
+                    return std::nullopt;
                 }
                 o.value = argv[++i];
-                option = &o;
-            } else if (a.rfind(name + "=", 0) == 0) {
-                o.value = a.substr(name.size() + 1);
-                option = &o;
+                taken = true;
+            } else if (word.rfind(name + "=", 0) == 0) {
+                o.value = word.substr(name.size() + 1);
+                taken = true;
             }
         }
-        if (!option) args.push_back(a);
+        if (!taken) a.words.push_back(word);
     }
-    if (!args.empty() && (args[0] == "--help" || args[0] == "-h")) {
-        std::cout << kUsage << "\nReplay script lines (one event a line):\n ";
-        for (const auto& verb : tw::Replay::verbNames())
-            std::cout << ' ' << verb;
-        std::cout << '\n';
-        return 0;
-    }
-    if (!args.empty() && args[0] == "--version") {
-        std::cout << "tarnwick " << TW_VERSION_STRING << '\n';
-        return 0;
-    }
-    if (!args.empty() && args[0] == "view") return tw::runView(argc, argv, {args.begin() + 1, args.end()});
-    if (args.size() == 1 && tw::isDrawingFileName(args[0])) return tw::runView(argc, argv, args);
-    // `tarnwick FILE` (the desktop's way to open a project) is the window, opening FILE.
-    if (args.empty() || (args.size() == 1 && !isCommand(args[0]))) {
-        if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM")) {
-            std::cerr << "tarnwick: no display found, so the window cannot open. The headless commands work:\n"
-                      << kUsage;
-            return 1;
-        }
-        if (!programDir) {
-            QCoreApplication probe(argc, argv);
-            programDir = defaultProgramDir();
-        }
-        std::string file;
-        if (!args.empty()) {
-            // Absolute and without "./": Run derives its file names from the whole path.
-            std::error_code error;
-            const auto path = std::filesystem::absolute(args[0], error);
-            file = error ? args[0] : path.lexically_normal().string();
-        }
-        return tw::runGui(argc, argv, *programDir, file);
-    }
+    return a;
+}
 
-    const std::string& cmd = args[0];
-    std::vector<std::string> rest(args.begin() + 1, args.end());
+int help() {
+    std::cout << kUsage << "\nReplay script lines (one event a line):\n ";
+    for (const auto& verb : tw::Replay::verbNames())
+        std::cout << ' ' << verb;
+    std::cout << '\n';
+    return 0;
+}
+
+// The window, opening `words[0]` when one is given (the desktop's way to open a project).
+int window(int& argc, char** argv, Arguments& a) {
+    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM")) {
+        std::cerr << "tarnwick: no display found, so the window cannot open. The headless commands work:\n" << kUsage;
+        return 1;
+    }
+    if (!a.programDir) {
+        QCoreApplication probe(argc, argv);
+        a.programDir = defaultProgramDir();
+    }
+    std::string file;
+    if (!a.words.empty()) {
+        // Absolute and without "./": Run derives its file names from the whole path.
+        std::error_code error;
+        const auto path = std::filesystem::absolute(a.words[0], error);
+        file = error ? a.words[0] : path.lexically_normal().string();
+    }
+    return tw::runGui(argc, argv, *a.programDir, file);
+}
+
+// The headless commands.
+int command(int& argc, char** argv, const Arguments& a) {
+    const std::string& cmd = a.words[0];
+    const std::vector<std::string> rest(a.words.begin() + 1, a.words.end());
     const auto qapp =
         cmd == "draw" ? tw::paintingApplication(argc, argv) : std::make_unique<QCoreApplication>(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Norvale"));
     tw::CliOptions opt;
-    opt.programDir = programDir ? *programDir : defaultProgramDir();
-    if (timeout) {
-        opt.timeLimit = seconds(*timeout);
+    opt.programDir = a.programDir ? *a.programDir : defaultProgramDir();
+    if (a.timeout) {
+        opt.timeLimit = seconds(*a.timeout);
         if (cmd != "run" || opt.timeLimit <= 0) {
             std::cerr << "tarnwick: --timeout takes a whole number of seconds, and goes with run only\n" << kUsage;
             return 2;
@@ -156,4 +157,24 @@ int main(int argc, char** argv) {
     }
     std::cerr << "tarnwick: unknown command or wrong arguments: " << cmd << '\n' << kUsage;
     return 2;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // The engine runs in a child of ours so that a failing engine cannot take the program with it.
+    if (const auto engine = tw::engineCall(argc, argv)) return *engine;
+    auto parsed = parse(argc, argv);
+    if (!parsed) return 2;
+    Arguments& a = *parsed;
+    const std::vector<std::string>& words = a.words;
+    if (!words.empty() && (words[0] == "--help" || words[0] == "-h")) return help();
+    if (!words.empty() && words[0] == "--version") {
+        std::cout << "tarnwick " << TW_VERSION_STRING << '\n';
+        return 0;
+    }
+    if (!words.empty() && words[0] == "view") return tw::runView(argc, argv, {words.begin() + 1, words.end()});
+    if (words.size() == 1 && tw::isDrawingFileName(words[0])) return tw::runView(argc, argv, words);
+    if (words.empty() || (words.size() == 1 && !isCommand(words[0]))) return window(argc, argv, a);
+    return command(argc, argv, a);
 }
