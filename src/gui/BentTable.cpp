@@ -53,18 +53,23 @@ BentTableModel::BentTableModel(const Grid& grid, QObject* parent) : QAbstractTab
     reload();
 }
 
-void BentTableModel::reload() {
-    std::vector<std::string> headings(grid_.rowCells(0).begin(), grid_.rowCells(0).end());
-    const int rows = grid_.rows() - 1, cols = grid_.cols();
-    if (rows != rows_ || cols != cols_ || headings != headings_) {
-        beginResetModel();
-        rows_ = rows;
-        cols_ = cols;
-        headings_ = std::move(headings);
+bool BentTableModel::reload() {
+    std::vector<std::vector<std::string>> cells;
+    cells.reserve(static_cast<size_t>(grid_.rows()));
+    for (int r = 0; r < grid_.rows(); ++r)
+        cells.push_back(grid_.rowCells(r));
+    if (cells == cells_ && grid_.cols() == cols_) return false;
+    const bool sameShape =
+        cells.size() == cells_.size() && grid_.cols() == cols_ && !cells.empty() && cells.front() == cells_.front();
+    if (!sameShape) beginResetModel();
+    cells_ = std::move(cells);
+    rows_ = grid_.rows() - 1;
+    cols_ = grid_.cols();
+    if (!sameShape)
         endResetModel();
-        return;
-    }
-    if (rows_ > 0 && cols_ > 0) emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1), {Qt::DisplayRole});
+    else if (rows_ > 0 && cols_ > 0)
+        emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1), {Qt::DisplayRole});
+    return true;
 }
 
 int BentTableModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
@@ -72,7 +77,8 @@ int BentTableModel::columnCount(const QModelIndex& parent) const { return parent
 
 QVariant BentTableModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rows_ || index.column() >= cols_) return {};
-    if (role == Qt::DisplayRole) return q(grid_.cell(index.row() + 1, index.column()));
+    if (role == Qt::DisplayRole)
+        return q(cells_[static_cast<size_t>(index.row() + 1)][static_cast<size_t>(index.column())]);
     if (role == Qt::TextAlignmentRole)
         return grid_.colCentred(index.column()) ? int(Qt::AlignCenter) : int(Qt::AlignLeft | Qt::AlignVCenter);
     return {};
@@ -85,8 +91,9 @@ QVariant BentTableModel::headerData(int section, Qt::Orientation orientation, in
         return {};
     }
     if (section < 0 || section >= cols_) return {};
-    if (role == Qt::DisplayRole) return wrappedHeading(q(headings_[section]));
-    if (role == Qt::ToolTipRole) return q(headings_[section]);
+    const std::string& heading = cells_.front()[static_cast<size_t>(section)];
+    if (role == Qt::DisplayRole) return wrappedHeading(q(heading));
+    if (role == Qt::ToolTipRole) return q(heading);
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignCenter);
     return {};
 }
@@ -163,9 +170,13 @@ void FrozenColumnTable::fitColumns() {
         // Every column but the bent number holds elevations.
         width = std::max(width, cellMetrics.horizontalAdvance(c == 0 ? QStringLiteral("99") : kWidestValue) +
                                     2 * kCellPadding);
-        for (int r = 0; r < model()->rowCount(); ++r)
-            width = std::max(width,
-                             cellMetrics.horizontalAdvance(model()->index(r, c).data().toString()) + 2 * kCellPadding);
+        // Digits are as wide as each other in the table's fonts: the longest value is the widest.
+        QString longest;
+        for (int r = 0; r < model()->rowCount(); ++r) {
+            const QString value = model()->index(r, c).data().toString();
+            if (value.size() > longest.size()) longest = value;
+        }
+        width = std::max(width, cellMetrics.horizontalAdvance(longest) + 2 * kCellPadding);
         setColumnWidth(c, width);
         headerHeight = std::max<int>(headerHeight, headMetrics.lineSpacing() * (heading.count(QLatin1Char('\n')) + 1));
     }
@@ -335,9 +346,8 @@ void BentTablePage::selectionChanged() {
 
 void BentTablePage::refresh() {
     syncing_ = true;
-    const int before = model_->columnCount();
-    model_->reload();
-    if (model_->columnCount() != before || model_->rowCount() > 0) table_->fitColumns();
+    // Widths are worked out again only when the table's text changed.
+    if (model_->reload()) table_->fitColumns();
     const Grid& g = app_.grid;
     auto* sel = table_->selectionModel();
     const int top = std::min(g.row(), g.rowSel()) - 1, bottom = std::max(g.row(), g.rowSel()) - 1;

@@ -21,8 +21,8 @@ class BentTableModel : public QAbstractTableModel {
     Q_OBJECT
   public:
     BentTableModel(const Grid& grid, QObject* parent = nullptr);
-    // Brings the model up to date with the grid.
-    void reload();
+    // Brings the model up to date with the grid; false when nothing had changed.
+    bool reload();
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -33,7 +33,9 @@ class BentTableModel : public QAbstractTableModel {
     const Grid& grid_;
     int rows_ = 0;
     int cols_ = 0;
-    std::vector<std::string> headings_;
+    // The grid's cells as last shown, header row first: the views read these,
+    // so they never see a grid halfway through a command.
+    std::vector<std::vector<std::string>> cells_;
 };
 
 // A table view whose first column stays put when the others scroll sideways.
