@@ -100,6 +100,13 @@ std::optional<Arguments> parse(int argc, char** argv) {
     return a;
 }
 
+// The folder given, or the default, which needs the application's path.
+std::string programDirOf(int& argc, char** argv, const Arguments& a) {
+    if (a.programDir) return *a.programDir;
+    QCoreApplication probe(argc, argv);
+    return defaultProgramDir();
+}
+
 int help() {
     std::cout << kUsage << "\nReplay script lines (one event a line):\n ";
     for (const auto& verb : tw::Replay::verbNames())
@@ -114,10 +121,7 @@ int window(int& argc, char** argv, Arguments& a) {
         std::cerr << "tarnwick: no display found, so the window cannot open. The headless commands work:\n" << kUsage;
         return 1;
     }
-    if (!a.programDir) {
-        QCoreApplication probe(argc, argv);
-        a.programDir = defaultProgramDir();
-    }
+    const std::string programDir = programDirOf(argc, argv, a);
     std::string file;
     if (!a.words.empty()) {
         // Absolute and without "./": Run derives its file names from the whole path.
@@ -125,7 +129,7 @@ int window(int& argc, char** argv, Arguments& a) {
         const auto path = std::filesystem::absolute(a.words[0], error);
         file = error ? a.words[0] : path.lexically_normal().string();
     }
-    return tw::runGui(argc, argv, *a.programDir, file);
+    return tw::runGui(argc, argv, programDir, file);
 }
 
 // The headless commands.
@@ -173,8 +177,10 @@ int main(int argc, char** argv) {
         std::cout << "tarnwick " << TW_VERSION_STRING << '\n';
         return 0;
     }
-    if (!words.empty() && words[0] == "view") return tw::runView(argc, argv, {words.begin() + 1, words.end()});
-    if (words.size() == 1 && tw::isDrawingFileName(words[0])) return tw::runView(argc, argv, words);
+    if (!words.empty() && words[0] == "view")
+        return tw::runView(argc, argv, programDirOf(argc, argv, a), {words.begin() + 1, words.end()});
+    if (words.size() == 1 && tw::isDrawingFileName(words[0]))
+        return tw::runView(argc, argv, programDirOf(argc, argv, a), words);
     if (words.empty() || (words.size() == 1 && !isCommand(words[0]))) return window(argc, argv, a);
     return command(argc, argv, a);
 }

@@ -8,3 +8,15 @@ foreach(f ${files})
     endif()
   endforeach()
 endforeach()
+
+# GDAL and its many libraries load only with the drawing reader, never at the
+# start of the window or of a command.
+if(EXE)
+  execute_process(COMMAND readelf -d ${EXE} OUTPUT_VARIABLE dynamic RESULT_VARIABLE rc)
+  if(NOT rc EQUAL 0)
+    message(FATAL_ERROR "readelf -d ${EXE} failed")
+  endif()
+  if(dynamic MATCHES "NEEDED[^\n]*libgdal")
+    message(FATAL_ERROR "${EXE} links GDAL itself instead of loading the drawing reader")
+  endif()
+endif()

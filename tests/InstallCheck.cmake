@@ -28,6 +28,7 @@ if(NOT rc EQUAL 0)
 endif()
 
 foreach(f bin/tarnwick ${PROGRAM_SUBDIR}/Ebent.ini ${PROGRAM_SUBDIR}/libcalbnt.so ${PROGRAM_SUBDIR}/tarnwick-dgnbatch
+          ${PROGRAM_SUBDIR}/libtarnwick-dgn.so
           ${PROGRAM_SUBDIR}/tarnwick-help.html share/applications/${app}.desktop
           share/mime/packages/${app}.xml share/metainfo/${app}.metainfo.xml
           share/icons/hicolor/scalable/apps/${app}.svg)
@@ -124,5 +125,11 @@ foreach(output ${base}.ebntc ${base}.equan ${base}e.dgn)
     fail("tarnwick run left no ${output}: ${out} ${err}")
   endif()
 endforeach()
+# The drawing it made opens with the installed drawing reader.
+execute_process(COMMAND ${run_env} ${stage}/bin/tarnwick view ${work}/${base}e.dgn --export ${work}/drawing.svg
+                OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
+if(NOT rc EQUAL 0 OR NOT EXISTS ${work}/drawing.svg)
+  fail("tarnwick view --export: ${rc} ${out} ${err}")
+endif()
 
 file(REMOVE_RECURSE ${root})

@@ -18,10 +18,11 @@ namespace {
 
 bool hasDisplay() { return std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY") || std::getenv("QT_QPA_PLATFORM"); }
 
-int exportDrawing(int& argc, char** argv, const std::string& file, const std::string& out) {
+int exportDrawing(int& argc, char** argv, const std::string& programDir, const std::string& file,
+                  const std::string& out) {
     LoadedDrawing drawing;
     std::string error;
-    if (!loadDrawing(file, drawing, error)) {
+    if (!loadDrawing(programDir, file, drawing, error)) {
         std::cerr << "tarnwick: " << error << '\n';
         return 1;
     }
@@ -37,7 +38,7 @@ int exportDrawing(int& argc, char** argv, const std::string& file, const std::st
     return 0;
 }
 
-int showDrawing(int& argc, char** argv, const std::string& file) {
+int showDrawing(int& argc, char** argv, const std::string& programDir, const std::string& file) {
     if (!hasDisplay()) {
         std::cerr << "tarnwick: no display found, so the drawing cannot be shown; "
                      "`tarnwick view DRAWING --export OUT` writes it as SVG, PDF or PNG.\n";
@@ -45,7 +46,7 @@ int showDrawing(int& argc, char** argv, const std::string& file) {
     }
     LoadedDrawing drawing;
     std::string error;
-    const bool loaded = loadDrawing(file, drawing, error);
+    const bool loaded = loadDrawing(programDir, file, drawing, error);
     if (!loaded) std::cerr << "tarnwick: " << error << '\n';
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Norvale"));
@@ -66,9 +67,9 @@ bool isDrawingFileName(const std::string& arg) {
     return arg.size() > 4 && QString::fromStdString(arg).endsWith(QLatin1String(".dgn"), Qt::CaseInsensitive);
 }
 
-int runView(int& argc, char** argv, const std::vector<std::string>& args) {
-    if (args.size() == 1 && args[0].rfind("--", 0) != 0) return showDrawing(argc, argv, args[0]);
-    if (args.size() == 3 && args[1] == "--export") return exportDrawing(argc, argv, args[0], args[2]);
+int runView(int& argc, char** argv, const std::string& programDir, const std::vector<std::string>& args) {
+    if (args.size() == 1 && args[0].rfind("--", 0) != 0) return showDrawing(argc, argv, programDir, args[0]);
+    if (args.size() == 3 && args[1] == "--export") return exportDrawing(argc, argv, programDir, args[0], args[2]);
     std::cerr << "tarnwick: view needs a drawing, and --export OUT to write it without a window\n";
     return 2;
 }

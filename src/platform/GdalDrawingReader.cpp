@@ -1,114 +1,30 @@
 #include "platform/GdalDrawingReader.h"
 
+#include "platform/QtText.h"
+
 #include <QFile>
 #include <QFileInfo>
-
-#include <cpl_error.h>
-#include <gdal_priv.h>
-#include <ogrsf_frmts.h>
-
-#include <algorithm>
-#include <memory>
-#include <mutex>
+#include <QLibrary>
 
 namespace tw {
 
+using drawing::DgnElement;
+
 namespace {
 
-using drawing::DgnElement;
-using drawing::Point;
-
-DgnElement::Kind kindOfType(int type) {
-    switch (type) {
-    case 3: return DgnElement::Kind::Line;
-    case 4: return DgnElement::Kind::LineString;
-    case 6: return DgnElement::Kind::Shape;
-    case 11:
-    case 21: return DgnElement::Kind::Curve;
-    case 12: return DgnElement::Kind::ComplexChain;
-    case 14: return DgnElement::Kind::ComplexShape;
-    case 15: return DgnElement::Kind::Ellipse;
-    case 16: return DgnElement::Kind::Arc;
-    case 17: return DgnElement::Kind::Text;
-    case 22: return DgnElement::Kind::Point;
-    default: return DgnElement::Kind::Other;
-    }
+// The reader's entry; once loaded, the library stays (QLibrary does not unload it).
+drawing::ReadDgnEntry* readerEntry(const std::string& programDir, std::string& why) {
+    QLibrary library(q(programDir + "/" + drawing::kDrawingReaderLibrary));
+    auto* entry = reinterpret_cast<drawing::ReadDgnEntry*>(library.resolve(drawing::kReadDgnEntry));
+    if (!entry) why = library.errorString().toStdString();
+    return entry;
 }
-
-std::vector<Point> pointsOf(const OGRSimpleCurve& curve) {
-    std::vector<Point> points;
-    points.reserve(static_cast<size_t>(std::max(0, curve.getNumPoints())));
-    for (int i = 0; i < curve.getNumPoints(); ++i)
-        points.push_back({curve.getX(i), curve.getY(i)});
-    return points;
-}
-
-// The outline of a geometry as paths; rings make the element closed.
-void collectPaths(const OGRGeometry& g, DgnElement& e, int depth = 0) {
-    if (depth > 8) return;
-    if (g.hasCurveGeometry()) {
-        std::unique_ptr<OGRGeometry> linear(g.getLinearGeometry());
-        if (linear && !linear->hasCurveGeometry()) collectPaths(*linear, e, depth + 1);
-        return;
-    }
-    switch (wkbFlatten(g.getGeometryType())) {
-    case wkbPoint: {
-        const auto* p = g.toPoint();
-        e.paths.push_back({{p->getX(), p->getY()}});
-        break;
-    }
-    case wkbLineString:
-    case wkbLinearRing: e.paths.push_back(pointsOf(*g.toLineString())); break;
-    case wkbPolygon:
-        for (const auto* ring : *g.toPolygon())
-            e.paths.push_back(pointsOf(*ring));
-        e.closed = true;
-        break;
-    case wkbMultiPoint:
-    case wkbMultiLineString:
-    case wkbMultiPolygon:
-    case wkbGeometryCollection:
-        for (const auto* part : *g.toGeometryCollection())
-            if (part) collectPaths(*part, e, depth + 1);
-        break;
-    default: break;
-    }
-}
-
-int intField(const OGRFeature& f, const char* name, int missing) {
-    const int i = f.GetFieldIndex(name);
-    return i >= 0 && f.IsFieldSetAndNotNull(i) ? f.GetFieldAsInteger(i) : missing;
-}
-
-DgnElement recordOf(const OGRFeature& f) {
-    DgnElement e;
-    e.type = intField(f, "Type", 0);
-    e.kind = kindOfType(e.type);
-    e.level = intField(f, "Level", 0);
-    e.colorIndex = intField(f, "ColorIndex", -1);
-    e.weight = intField(f, "Weight", -1);
-    e.style = intField(f, "Style", -1);
-    if (const int i = f.GetFieldIndex("Text"); i >= 0 && f.IsFieldSetAndNotNull(i)) e.text = f.GetFieldAsString(i);
-    if (const char* style = f.GetStyleString()) e.styleString = style;
-    if (const OGRGeometry* g = f.GetGeometryRef()) collectPaths(*g, e);
-    return e;
-}
-
-// GDAL reports through a global handler; a viewer wants its words, not its noise on the terminal.
-struct QuietGdal {
-    QuietGdal() { CPLPushErrorHandler(CPLQuietErrorHandler); }
-    ~QuietGdal() { CPLPopErrorHandler(); }
-};
-
-struct DatasetCloser {
-    void operator()(GDALDataset* d) const { GDALClose(d); }
-};
 
 } // namespace
 
 bool GdalDrawingReader::read(const std::string& path, std::vector<DgnElement>& elements, std::string& error) {
     elements.clear();
-    const QString name = QString::fromStdString(path);
+    const QString name = q(path);
     const QFileInfo info(name);
     if (!info.exists()) {
         error = path + ": no such file.";
@@ -129,31 +45,25 @@ bool GdalDrawingReader::read(const std::string& path, std::vector<DgnElement>& e
         error = path + " is empty, not a drawing.";
         return false;
     }
-
-    static std::once_flag registered;
-    std::call_once(registered, [] { RegisterOGRDGN(); });
-    QuietGdal quiet;
-    const char* const drivers[] = {"DGN", nullptr};
-    std::unique_ptr<GDALDataset, DatasetCloser> dataset(
-        GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, drivers, nullptr, nullptr));
-    if (!dataset || dataset->GetLayerCount() < 1) {
-        error = path + " is not a MicroStation drawing (a DGN file of version 7 or earlier).";
+    std::string why;
+    auto* entry = readerEntry(programDir_, why);
+    if (!entry) {
+        error = path + " cannot be read: the program's drawing reader (" + drawing::kDrawingReaderLibrary + " in " +
+                programDir_ + ") cannot be loaded: " + why + ".";
         return false;
     }
+    if (!entry(path, elements, error)) return false;
     if (const auto problem = drawing::dgnChainProblem(std::string_view(bytes.constData(), bytes.size()))) {
+        elements.clear();
         error = path + " is damaged: " + *problem + ".";
         return false;
     }
-    OGRLayer* layer = dataset->GetLayer(0);
-    layer->ResetReading();
-    while (const OGRFeatureUniquePtr feature{layer->GetNextFeature()})
-        elements.push_back(recordOf(*feature));
     return true;
 }
 
-bool loadDrawing(const std::string& path, LoadedDrawing& drawing, std::string& error) {
+bool loadDrawing(const std::string& programDir, const std::string& path, LoadedDrawing& drawing, std::string& error) {
     std::vector<DgnElement> elements;
-    if (!GdalDrawingReader().read(path, elements, error)) return false;
+    if (!GdalDrawingReader(programDir).read(path, elements, error)) return false;
     drawing.elements = elements.size();
     drawing.scene = drawing::sceneFromDgn(elements);
     return true;

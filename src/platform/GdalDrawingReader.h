@@ -1,5 +1,6 @@
 // Reads a MicroStation V7 design file with GDAL's DGN driver (and no other
-// driver), one record per element.
+// driver), one record per element. GDAL lives in a library of the program
+// folder, loaded on the first drawing read.
 #pragma once
 
 #include "core/drawing/DgnFile.h"
@@ -8,7 +9,11 @@ namespace tw {
 
 class GdalDrawingReader : public drawing::DrawingFileReader {
   public:
+    explicit GdalDrawingReader(std::string programDir) : programDir_(std::move(programDir)) {}
     bool read(const std::string& path, std::vector<drawing::DgnElement>& elements, std::string& error) override;
+
+  private:
+    std::string programDir_;
 };
 
 // The drawing of a design file ready to paint, with the number of its
@@ -17,6 +22,6 @@ struct LoadedDrawing {
     drawing::Scene scene;
     size_t elements = 0;
 };
-bool loadDrawing(const std::string& path, LoadedDrawing& drawing, std::string& error);
+bool loadDrawing(const std::string& programDir, const std::string& path, LoadedDrawing& drawing, std::string& error);
 
 } // namespace tw

@@ -78,7 +78,7 @@ class DrawingViewerTest : public QObject {
     std::unique_ptr<DrawingViewer> open(const QString& drawing) {
         LoadedDrawing loaded;
         std::string error;
-        if (!loadDrawing(drawing.toStdString(), loaded, error)) {
+        if (!loadDrawing(TW_PROGRAM_DIR, drawing.toStdString(), loaded, error)) {
             qWarning("%s", error.c_str());
             return nullptr;
         }
@@ -96,7 +96,7 @@ class DrawingViewerTest : public QObject {
             QVERIFY2(script.elements > 20 && !script.texts.isEmpty(), qPrintable(name));
             LoadedDrawing loaded;
             std::string error;
-            QVERIFY2(loadDrawing(drawing.toStdString(), loaded, error), error.c_str());
+            QVERIFY2(loadDrawing(TW_PROGRAM_DIR, drawing.toStdString(), loaded, error), error.c_str());
             QCOMPARE(loaded.elements, script.elements);
             QCOMPARE(loaded.scene.shapes.size(), script.elements);
             QVERIFY2(loaded.scene.levels().size() >= 4, qPrintable(name));

@@ -50,7 +50,7 @@ class DrawingFile : public ::testing::Test {
     std::string refused(const fs::path& p) {
         std::vector<DgnElement> elements;
         std::string error;
-        EXPECT_FALSE(GdalDrawingReader().read(p.string(), elements, error));
+        EXPECT_FALSE(GdalDrawingReader(TW_PROGRAM_DIR).read(p.string(), elements, error));
         EXPECT_TRUE(elements.empty());
         EXPECT_EQ(error.find('\n'), std::string::npos) << error;
         EXPECT_NE(error.find(p.string()), std::string::npos) << error;
@@ -61,7 +61,7 @@ class DrawingFile : public ::testing::Test {
 TEST_F(DrawingFile, EveryElementComesBackWithItsSymbology) {
     std::vector<DgnElement> elements;
     std::string error;
-    ASSERT_TRUE(GdalDrawingReader().read(drawing().string(), elements, error)) << error;
+    ASSERT_TRUE(GdalDrawingReader(TW_PROGRAM_DIR).read(drawing().string(), elements, error)) << error;
     ASSERT_EQ(elements.size(), 5u);
     const DgnElement& cap = elements[0];
     EXPECT_EQ(cap.kind, DgnElement::Kind::Shape);
@@ -84,7 +84,7 @@ TEST_F(DrawingFile, EveryElementComesBackWithItsSymbology) {
     EXPECT_NE(label.styleString.find("a:90"), std::string::npos) << label.styleString;
 
     LoadedDrawing loaded;
-    ASSERT_TRUE(loadDrawing(drawing().string(), loaded, error)) << error;
+    ASSERT_TRUE(loadDrawing(TW_PROGRAM_DIR, drawing().string(), loaded, error)) << error;
     EXPECT_EQ(loaded.elements, 5u);
     EXPECT_EQ(loaded.scene.shapes.size(), 5u);
     EXPECT_EQ(loaded.scene.levels(), (std::vector<int>{1, 2, 10}));
@@ -103,6 +103,18 @@ TEST_F(DrawingFile, WhatIsNoDrawingIsRefusedInOneSentence) {
     EXPECT_NE(refused(dir / "v8.dgn").find("not a MicroStation drawing"), std::string::npos);
 }
 
+TEST_F(DrawingFile, WithoutItsReaderLibraryADrawingIsRefusedInOneSentence) {
+    const fs::path good = drawing();
+    std::vector<DgnElement> elements;
+    std::string error;
+    EXPECT_FALSE(GdalDrawingReader(dir.string()).read(good.string(), elements, error));
+    EXPECT_EQ(error.find('\n'), std::string::npos) << error;
+    EXPECT_NE(error.find(good.string()), std::string::npos) << error;
+    EXPECT_NE(error.find("drawing reader"), std::string::npos) << error;
+    // The reader's own folder still reads it afterwards.
+    EXPECT_TRUE(GdalDrawingReader(TW_PROGRAM_DIR).read(good.string(), elements, error)) << error;
+}
+
 TEST_F(DrawingFile, ADrawingCutOffOrSpoiledIsDamaged) {
     const std::string whole = readAll(drawing());
     ASSERT_GT(whole.size(), 2000u);
@@ -118,7 +130,7 @@ TEST_F(DrawingFile, ADrawingCutOffOrSpoiledIsDamaged) {
     writeAll(dir / "spoiled.dgn", spoiled);
     std::vector<DgnElement> elements;
     std::string error;
-    const bool read = GdalDrawingReader().read((dir / "spoiled.dgn").string(), elements, error);
+    const bool read = GdalDrawingReader(TW_PROGRAM_DIR).read((dir / "spoiled.dgn").string(), elements, error);
     EXPECT_TRUE(read || !error.empty());
     drawing::sceneFromDgn(elements).bounds();
 }

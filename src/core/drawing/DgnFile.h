@@ -54,6 +54,12 @@ class DrawingFileReader {
     virtual bool read(const std::string& path, std::vector<DgnElement>& elements, std::string& error) = 0;
 };
 
+// The entry of the loadable drawing reader (libtarnwick-dgn.so in the program
+// folder): the records of a file already known to exist and to hold bytes.
+using ReadDgnEntry = bool(const std::string& path, std::vector<DgnElement>& elements, std::string& error);
+inline constexpr char kReadDgnEntry[] = "tarnwick_read_dgn";
+inline constexpr char kDrawingReaderLibrary[] = "tarnwick-dgn";
+
 // What stands wrong with the element chain of a V7 design file: elements
 // running past the end, or no end-of-design mark. Nothing when it is whole.
 std::optional<std::string> dgnChainProblem(std::string_view bytes);
