@@ -31,7 +31,7 @@ foreach(f bin/tarnwick ${PROGRAM_SUBDIR}/Ebent.ini ${PROGRAM_SUBDIR}/libcalbnt.s
           ${PROGRAM_SUBDIR}/libtarnwick-dgn.so
           ${PROGRAM_SUBDIR}/tarnwick-help.html share/applications/${app}.desktop
           share/mime/packages/${app}.xml share/metainfo/${app}.metainfo.xml
-          share/icons/hicolor/scalable/apps/${app}.svg)
+          share/icons/hicolor/scalable/apps/${app}.svg share/man/man1/tarnwick.1.gz)
   if(NOT EXISTS ${stage}/${f})
     fail("${f} was not installed")
   endif()
