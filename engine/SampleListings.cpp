@@ -1,9 +1,7 @@
 #include "SampleListings.h"
 
-#include "core/App.h"
-#include "core/QuietPorts.h"
-#include "core/benttable/Layout.h"
-#include "core/form/MainForm.h"
+#include "EnginePorts.h"
+#include "core/app/App.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Choices.h"
 #include "core/model/Inputs.h"
@@ -86,8 +84,8 @@ class Listings {
     explicit Listings(const std::array<std::string, 10>& names) : names_(names), app_(ports_, ports_, "") {}
 
     void run() {
-        loadMainForm(app_);
-        read_ = readInputFile(app_, names_[0]);
+        app_.loadMainForm();
+        read_ = app_.readFile(names_[0]);
         if (read_) compute();
         writeConcrete();
         writeRebar();
@@ -105,7 +103,7 @@ class Listings {
     void error(const std::string& what) { errors_.push_back("ERROR LINE: " + what); }
 
     void compute() {
-        beams_ = beamCount(app_);
+        beams_ = app_.project().beams();
         length_ = value(Ctl::txtCapLength);
         width_ = value(Ctl::txtCapWidth);
         depth_ = value(Ctl::txtCapDepth);
@@ -123,15 +121,16 @@ class Listings {
             steps += value(CtlId(Ctl::txtCapStep, i));
         if (length_ > 0 && steps > length_ + 1e-6)
             error("CAP STEPS (" + fixed(steps, 4) + " FT) EXCEED THE CAP LENGTH (" + fixed(length_, 4) + " FT)");
-        if (app_.bentCounter > 99) error("MORE THAN 99 BENTS (" + std::to_string(app_.bentCounter) + ")");
-        if (app_.grid.rows() < 2) error("THE BENT TABLE HOLDS NO BENT");
-        for (int r = 1; r < app_.grid.rows(); ++r)
+        if (app_.project().bentCounter > 99)
+            error("MORE THAN 99 BENTS (" + std::to_string(app_.project().bentCounter) + ")");
+        if (app_.project().table().rows() < 2) error("THE BENT TABLE HOLDS NO BENT");
+        for (int r = 1; r < app_.project().table().rows(); ++r)
             bents_.push_back(bent(r));
     }
 
     Bent bent(int r) {
         Bent b;
-        const Grid& g = app_.grid;
+        const BentTable& g = app_.project().table();
         b.number = trim(g.cell(r, 0));
         for (int k = 0; k < beams_; ++k) {
             const std::string cell = g.cell(r, 3 + k);
@@ -189,7 +188,7 @@ class Listings {
         out << "RECORD 100  GENERAL SWITCHES\r\n";
         out << "  BENT TYPE                          " << type << "\r\n";
         out << "  DRAWING SCALE                      " << app_.text(Ctl::cboDrScale) << "\r\n";
-        out << "  NUMBER OF BENTS                    " << app_.bentCounter << "\r\n";
+        out << "  NUMBER OF BENTS                    " << app_.project().bentCounter << "\r\n";
         out << "  NUMBER OF BEAMS                    " << beams_ << "\r\n";
         out << "  BENT TO BE DRAWN                   " << app_.text(Ctl::cboBentDrawn) << "\r\n";
         out << "  SKEW                               " << app_.text(Ctl::cboBSkew) << "\r\n";
@@ -266,10 +265,10 @@ class Listings {
     void writeElevations() {
         auto out = open(6);
         header(out, "ELEVATION OUTPUT (FT)");
-        for (int r = 1; r < app_.grid.rows(); ++r) {
-            out << "BENT " << pad(trim(app_.grid.cell(r, 0)), 4);
-            for (int c = 1; c < app_.grid.cols(); ++c)
-                out << ' ' << pad(app_.grid.cell(r, c), 8);
+        for (int r = 1; r < app_.project().table().rows(); ++r) {
+            out << "BENT " << pad(trim(app_.project().table().cell(r, 0)), 4);
+            for (int c = 1; c < app_.project().table().cols(); ++c)
+                out << ' ' << pad(app_.project().table().cell(r, c), 8);
             out << "\r\n";
         }
     }
@@ -438,7 +437,7 @@ class Listings {
     }
 
     std::array<std::string, 10> names_;
-    QuietPorts ports_;
+    EnginePorts ports_;
     App app_;
     bool read_ = false;
     int beams_ = 0;

@@ -1,8 +1,7 @@
 // Any script line is either carried out or refused; nothing reaches the disk
 // or starts a program.
+#include "cli/QuietProject.h"
 #include "cli/Replay.h"
-#include "core/QuietPorts.h"
-#include "core/form/MainForm.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -22,10 +21,10 @@ class SealedPorts : public tw::ReplayPorts {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::ostringstream out, err;
     SealedPorts ports(out, "/nonexistent");
-    tw::QuietPorts quiet;
+    tw::QuietFilePorts quiet;
     tw::ReplaySystem system(out, quiet);
     tw::App app(ports, system, "/nonexistent");
-    tw::loadMainForm(app);
+    app.loadMainForm();
     tw::Replay replay(app, ports, out, err);
     std::istringstream script(std::string(reinterpret_cast<const char*>(data), size));
     replay.run(script);

@@ -67,13 +67,13 @@ int cliDraw(const CliOptions& opt, const std::vector<std::string>& args) {
         std::cerr << file << ": " << project.why() << '\n';
         return 1;
     }
-    const int bents = app.grid.rows() - 1;
+    const int bents = app.project().bents();
     if (bent && *bent > bents) {
         std::cerr << "tarnwick: --bent " << *bent << ": " << file << " holds " << bents << " bents\n";
         return 2;
     }
     // Without bents the elevation shows what is missing.
-    const drawing::BentInputs inputs = drawing::readBentInputs(app, bents > 0 ? bent.value_or(1) : 0);
+    const drawing::BentInputs inputs = drawing::readBentInputs(app.project(), bents > 0 ? bent.value_or(1) : 0);
     const Page page = pageFor(out);
     const drawing::Scene scene = drawing::drawBentToFit(inputs, {}, page.width, page.height);
     QString error;

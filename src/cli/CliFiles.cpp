@@ -2,7 +2,6 @@
 #include "cli/Printing.h"
 #include "cli/QuietProject.h"
 #include "core/Quoting.h"
-#include "core/benttable/Layout.h"
 #include "core/model/Inputs.h"
 
 #include <iostream>
@@ -16,7 +15,7 @@ int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
         const App& app = project.app;
         std::vector<std::string> notes;
         if (project.read(file, &notes)) {
-            std::cout << file << ": ok (" << app.grid.rows() - 1 << " bents, " << beamCount(app) << " beams, "
+            std::cout << file << ": ok (" << app.project().bents() << " bents, " << app.project().beams() << " beams, "
                       << app.text(Ctl::cboTybent) << ")\n";
             for (const auto& note : notes)
                 std::cout << file << ": warning: " << oneLine(note) << '\n';
@@ -37,7 +36,7 @@ int cliDump(const CliOptions& opt, const std::string& file) {
     }
     for (const auto& id : projectInputs())
         printShow(std::cout, toString(id), app.text(id));
-    printGrid(std::cout, app.grid);
+    printGrid(std::cout, app.project().table(), app.selection());
     return 0;
 }
 

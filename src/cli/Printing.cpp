@@ -8,8 +8,9 @@ void printShow(std::ostream& out, const std::string& name, const std::string& te
     out << name << " = " << quote(text) << '\n';
 }
 
-void printGrid(std::ostream& out, const Grid& g) {
-    out << "grid rows=" << g.rows() << " cols=" << g.cols() << " row=" << g.row() << " end=" << g.rowSel() << '\n';
+void printGrid(std::ostream& out, const BentTable& g, GridSelection selection) {
+    out << "grid rows=" << g.rows() << " cols=" << g.cols() << " row=" << selection.row << " end=" << selection.end
+        << '\n';
     for (int r = 0; r < g.rows(); ++r) {
         out << "  " << r << ':';
         for (const auto& cell : g.rowCells(r))

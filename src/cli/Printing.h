@@ -2,7 +2,8 @@
 // and `dump`.
 #pragma once
 
-#include "core/model/Grid.h"
+#include "core/form/Changes.h"
+#include "core/model/BentTable.h"
 
 #include <ostream>
 #include <string>
@@ -12,6 +13,6 @@ namespace tw {
 // CTRL = "TEXT"
 void printShow(std::ostream& out, const std::string& name, const std::string& text);
 // grid rows=R cols=C row=CUR end=END, then one line per row.
-void printGrid(std::ostream& out, const Grid& g);
+void printGrid(std::ostream& out, const BentTable& g, GridSelection selection);
 
 } // namespace tw

@@ -1,16 +1,26 @@
+// SPDX-License-Identifier: Apache-2.0
 // A project read from its file with nobody watching, as check, dump and draw
 // read it: the form loaded, the file read, and a failure kept as the one line
 // the error box would have shown.
 #pragma once
 
-#include "core/App.h"
 #include "core/QuietPorts.h"
 #include "core/Quoting.h"
+#include "core/app/App.h"
+#include "platform/FileRead.h"
 
 #include <string>
 #include <vector>
 
 namespace tw {
+
+// Quiet ports that read files as the window reads them.
+class QuietFilePorts : public QuietPorts {
+  public:
+    ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
+        return readRegularFile(path, maxBytes);
+    }
+};
 
 struct QuietProject {
     explicit QuietProject(const std::string& programDir) : app(ports, ports, programDir) {}
@@ -19,7 +29,7 @@ struct QuietProject {
     bool read(const std::string& file, std::vector<std::string>* notes = nullptr);
     std::string why() const { return oneLine(ports.lastMessage); }
 
-    QuietPorts ports;
+    QuietFilePorts ports;
     App app;
 };
 

@@ -28,13 +28,14 @@ bool parseInt(const std::string& s, int& v) {
 
 const std::vector<std::pair<std::string, Replay::Verb>>& Replay::verbs() {
     static const std::vector<std::pair<std::string, Verb>> table = {
-        {"type", &Replay::type},       {"paste", &Replay::paste},     {"leave", &Replay::leave},
-        {"choose", &Replay::choose},   {"click", &Replay::click},     {"dblclick", &Replay::dblclick},
-        {"toolbar", &Replay::toolbar}, {"tab", &Replay::tab},         {"select", &Replay::select},
-        {"answer", &Replay::answer},   {"file", &Replay::file},       {"printer", &Replay::printer},
-        {"show", &Replay::show},       {"state", &Replay::state},     {"focus", &Replay::focus},
-        {"grid", &Replay::grid},       {"counter", &Replay::counter}, {"register", &Replay::registerLine},
-        {"setting", &Replay::setting},
+        {"type", &Replay::type},         {"paste", &Replay::paste},     {"leave", &Replay::leave},
+        {"choose", &Replay::choose},     {"click", &Replay::click},     {"dblclick", &Replay::dblclick},
+        {"toolbar", &Replay::toolbar},   {"tab", &Replay::tab},         {"select", &Replay::select},
+        {"answer", &Replay::answer},     {"file", &Replay::file},       {"printer", &Replay::printer},
+        {"show", &Replay::show},         {"state", &Replay::state},     {"focus", &Replay::focus},
+        {"grid", &Replay::grid},         {"counter", &Replay::counter}, {"register", &Replay::registerLine},
+        {"setting", &Replay::setting},   {"undo", &Replay::undo},       {"redo", &Replay::redo},
+        {"modified", &Replay::modified}, {"status", &Replay::status},
     };
     return table;
 }
@@ -73,25 +74,26 @@ std::string Replay::textFrom(const Line& l, size_t from) {
 bool Replay::resolve(const Line& l, Named& n) {
     if (!need(l, 2)) return false;
     const std::string& word = l.words[1].text;
-    std::string form;
+    std::optional<FormId> form;
     std::string name = word;
     if (auto dot = word.find('.'); dot != std::string::npos) {
-        form = word.substr(0, dot);
+        form = formNamed(word.substr(0, dot));
         name = word.substr(dot + 1);
-        if (!app_.hasForm(form)) return fail(l, "unknown form " + form);
+        if (!form) return fail(l, "unknown form " + word.substr(0, dot));
     }
     auto id = parseCtlId(name);
     if (!id) return fail(l, "unknown control " + word);
-    if (form.empty() && app_.main().has(*id)) form = kFrmMain;
-    if (form.empty()) {
-        for (const auto& [formName, f] : app_.forms()) {
-            if (!f.has(*id)) continue;
-            if (!form.empty()) return fail(l, "control " + word + " is on more than one form; name the form");
-            form = formName;
+    if (!form && app_.main().has(*id)) form = FormId::Main;
+    if (!form) {
+        // In the order of the forms' names, as the old forms were listed.
+        for (FormId f : {FormId::About, FormId::Printer, FormId::Picture, FormId::Splash, FormId::Preview}) {
+            if (!app_.form(f).has(*id)) continue;
+            if (form) return fail(l, "control " + word + " is on more than one form; name the form");
+            form = f;
         }
     }
-    if (form.empty() || !app_.forms().at(form).has(*id)) return fail(l, "unknown control " + word);
-    n.target = Target(form, *id);
+    if (!form || !app_.form(*form).has(*id)) return fail(l, "unknown control " + word);
+    n.target = Target(*form, *id);
     n.written = word;
     return true;
 }
@@ -106,7 +108,7 @@ bool Replay::onControl(const Line& l, const std::function<void(const Target&)>& 
 bool Replay::type(const Line& l) {
     Named n;
     if (!resolve(l, n) || !need(l, 3)) return false;
-    if (n.target.form != kFrmMain || control(n).kind != Kind::TextBox)
+    if (n.target.form != FormId::Main || control(n).kind != Kind::TextBox)
         return fail(l, n.written + " is not a text box on frmMain");
     app_.actions.type(n.target, textFrom(l, 2));
     return true;
@@ -164,7 +166,7 @@ bool Replay::select(const Line& l) {
     if (!need(l, 2) || !parseInt(l.words[1].text, row)) return fail(l, "select needs a row");
     int end = row;
     if (l.words.size() > 2 && !parseInt(l.words[2].text, end)) return fail(l, "select: bad selection end");
-    const int rows = app_.grid.rows();
+    const int rows = app_.project().table().rows();
     if (row < 0 || row >= rows || end < 0 || end >= rows) return fail(l, "row outside the grid");
     app_.actions.selectRows(row, end);
     return true;
@@ -196,13 +198,13 @@ bool Replay::printer(const Line& l) {
 
 bool Replay::show(const Line& l) {
     if (!need(l, 2)) return false;
-    if (app_.hasForm(l.words[1].text)) {
-        printShow(out_, l.words[1].text, app_.form(l.words[1].text).caption);
+    if (const auto form = formNamed(l.words[1].text)) {
+        printShow(out_, l.words[1].text, app_.form(*form).caption);
         return true;
     }
     Named n;
     if (!resolve(l, n)) return false;
-    printShow(out_, n.written, control(n).displayText());
+    printShow(out_, n.written, app_.text(n.target));
     return true;
 }
 
@@ -224,25 +226,45 @@ bool Replay::focus(const Line&) {
 }
 
 bool Replay::grid(const Line&) {
-    printGrid(out_, app_.grid);
+    printGrid(out_, app_.project().table(), app_.selection());
     return true;
 }
 
 bool Replay::counter(const Line&) {
-    out_ << "counter = " << app_.bentCounter << '\n';
+    out_ << "counter = " << app_.project().bentCounter << '\n';
     return true;
 }
 
 bool Replay::registerLine(const Line&) {
     out_ << "register =";
-    for (const auto& r : app_.bentRegister)
+    for (const auto& r : app_.project().bentRegister)
         out_ << ' ' << quote(r);
     out_ << '\n';
     return true;
 }
 
 bool Replay::setting(const Line&) {
-    out_ << "setting LastTime = " << quote(app_.system.readSetting("Usage", "UsageInfo", "LastTime")) << '\n';
+    out_ << "setting LastTime = " << quote(app_.system().readSetting("Usage", "UsageInfo", "LastTime")) << '\n';
+    return true;
+}
+
+bool Replay::undo(const Line&) {
+    app_.actions.undo();
+    return true;
+}
+
+bool Replay::redo(const Line&) {
+    app_.actions.redo();
+    return true;
+}
+
+bool Replay::modified(const Line&) {
+    out_ << "modified = " << (app_.modified() ? 1 : 0) << '\n';
+    return true;
+}
+
+bool Replay::status(const Line&) {
+    out_ << "status = " << quote(statusBarText(app_.session())) << '\n';
     return true;
 }
 
@@ -267,7 +289,7 @@ int Replay::run(std::istream& script) {
     while (std::getline(script, line)) {
         ++n;
         if (!runLine(line, n)) return 2;
-        if (app_.mainUnloaded) break;
+        if (app_.mainUnloaded()) break;
     }
     out_.flush();
     return 0;
@@ -276,7 +298,7 @@ int Replay::run(std::istream& script) {
 ReplaySession::ReplaySession(std::ostream& out, std::ostream& err, const std::string& scriptDir,
                              const std::string& programDir)
     : user(out, scriptDir, &err), system(out, platform), app(user, system, programDir), replay(app, user, out, err) {
-    loadMainForm(app);
+    app.loadMainForm();
 }
 
 } // namespace tw

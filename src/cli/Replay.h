@@ -2,8 +2,8 @@
 #pragma once
 
 #include "cli/ReplayPorts.h"
-#include "core/App.h"
 #include "core/Quoting.h"
+#include "core/app/App.h"
 #include "platform/Platform.h"
 
 #include <functional>
@@ -47,7 +47,7 @@ class Replay {
     bool resolve(const Line& l, Named& n);
     // The words from `from` on, joined by blanks ("\b" in a plain word is Backspace).
     static std::string textFrom(const Line& l, size_t from);
-    Control& control(const Named& n) { return app_.form(n.target.form).at(n.target.id); }
+    const Control& control(const Named& n) const { return app_.ctl(n.target); }
     // Resolves the line's control and acts on it.
     bool onControl(const Line& l, const std::function<void(const Target&)>& action);
 
@@ -70,6 +70,10 @@ class Replay {
     bool counter(const Line& l);
     bool registerLine(const Line& l);
     bool setting(const Line& l);
+    bool undo(const Line& l);
+    bool redo(const Line& l);
+    bool modified(const Line& l);
+    bool status(const Line& l);
 
     App& app_;
     ReplayPorts& ports_;

@@ -75,6 +75,9 @@ class ReplaySystem : public SystemPorts {
     WriteResult writeFile(const std::string& path, const std::string& bytes) override {
         return platform_.writeFile(path, bytes);
     }
+    ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
+        return platform_.readFile(path, maxBytes);
+    }
 
   private:
     std::ostream& out_;

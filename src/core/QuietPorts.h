@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 // Ports for working without anyone watching: a box is remembered, not
 // shown (answered with its first button), dialogs are cancelled, nothing is
 // started or written, and settings live only as long as the object, so a
-// headless check leaves the user's own settings and files alone.
+// headless check leaves the user's own settings and files alone. How files
+// are read is the user's of these ports to say.
 #pragma once
 
 #include "core/Errors.h"

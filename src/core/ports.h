@@ -1,16 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the program's logic asks of the outside world, in two parts: what the
 // user answers, and what the platform does.
 #pragma once
 
-#include "core/model/Form.h"
-
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace tw {
+
+// Positions and sizes are in twips, as the old forms were laid out: 15 to a
+// pixel on a screen of 96 dots per inch.
+inline constexpr int kTwipsPerPixel = 15;
 
 enum class MsgButtons { OK, OKCancel, YesNo };
 enum class MsgIcon { None, Critical };
@@ -51,6 +55,13 @@ struct EngineResult {
 
 // A file written: errorNumber 0, or the run-time error that stopped it.
 struct WriteResult {
+    int errorNumber = 0;
+    std::string error;
+};
+
+// A file read whole: its bytes, or the run-time error that stopped it.
+struct ReadResult {
+    std::string bytes;
     int errorNumber = 0;
     std::string error;
 };
@@ -136,6 +147,10 @@ class SystemPorts {
     // previous file as it was, and the file stays the user's: its mode,
     // owner and group, a symbolic link to it, and a read-only file refused.
     virtual WriteResult writeFile(const std::string& path, const std::string& bytes) = 0;
+    // The bytes of a regular file of at most `maxBytes`; anything else (a
+    // folder, a device, a pipe, a larger file) and every failure to read is
+    // refused with a description that names the cause.
+    virtual ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) = 0;
 };
 
 } // namespace tw

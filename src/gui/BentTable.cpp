@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/BentTable.h"
 
-#include "core/App.h"
+#include "core/app/App.h"
 #include "gui/Binder.h"
 #include "gui/FormGrid.h"
 #include "gui/FormPages.h"
@@ -49,38 +50,39 @@ QString wrappedHeading(const QString& heading) {
     return words.mid(0, best).join(QLatin1Char(' ')) + QLatin1Char('\n') + words.mid(best).join(QLatin1Char(' '));
 }
 
-BentTableModel::BentTableModel(const Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {
-    reload();
-}
+BentTableModel::BentTableModel(const BentTable& table, QObject* parent)
+    : QAbstractTableModel(parent), table_(table), shown_(table) {}
 
 bool BentTableModel::reload() {
-    std::vector<std::vector<std::string>> cells;
-    cells.reserve(static_cast<size_t>(grid_.rows()));
-    for (int r = 0; r < grid_.rows(); ++r)
-        cells.push_back(grid_.rowCells(r));
-    if (cells == cells_ && grid_.cols() == cols_) return false;
+    if (shown_ == table_) return false;
     const bool sameShape =
-        cells.size() == cells_.size() && grid_.cols() == cols_ && !cells.empty() && cells.front() == cells_.front();
-    if (!sameShape) beginResetModel();
-    cells_ = std::move(cells);
-    rows_ = grid_.rows() - 1;
-    cols_ = grid_.cols();
-    if (!sameShape)
+        shown_.rows() == table_.rows() && shown_.cols() == table_.cols() && shown_.rowCells(0) == table_.rowCells(0);
+    if (!sameShape) {
+        beginResetModel();
+        shown_ = table_;
         endResetModel();
-    else if (rows_ > 0 && cols_ > 0)
-        emit dataChanged(index(0, 0), index(rows_ - 1, cols_ - 1), {Qt::DisplayRole});
+        return true;
+    }
+    // Rows the table shares with what is shown are unchanged: only the others are repainted.
+    int first = -1, last = -1;
+    for (int r = 1; r < table_.rows(); ++r)
+        if (!table_.sharesRow(shown_, r)) {
+            if (first < 0) first = r;
+            last = r;
+        }
+    shown_ = table_;
+    if (first > 0) emit dataChanged(index(first - 1, 0), index(last - 1, shown_.cols() - 1), {Qt::DisplayRole});
     return true;
 }
 
-int BentTableModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
-int BentTableModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : cols_; }
+int BentTableModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shown_.rows() - 1; }
+int BentTableModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : shown_.cols(); }
 
 QVariant BentTableModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= rows_ || index.column() >= cols_) return {};
-    if (role == Qt::DisplayRole)
-        return q(cells_[static_cast<size_t>(index.row() + 1)][static_cast<size_t>(index.column())]);
+    if (!index.isValid() || index.row() >= rowCount() || index.column() >= columnCount()) return {};
+    if (role == Qt::DisplayRole) return q(shown_.cell(index.row() + 1, index.column()));
     if (role == Qt::TextAlignmentRole)
-        return grid_.colCentred(index.column()) ? int(Qt::AlignCenter) : int(Qt::AlignLeft | Qt::AlignVCenter);
+        return shown_.colCentred(index.column()) ? int(Qt::AlignCenter) : int(Qt::AlignLeft | Qt::AlignVCenter);
     return {};
 }
 
@@ -90,8 +92,8 @@ QVariant BentTableModel::headerData(int section, Qt::Orientation orientation, in
         if (role == Qt::TextAlignmentRole) return int(Qt::AlignRight | Qt::AlignVCenter);
         return {};
     }
-    if (section < 0 || section >= cols_) return {};
-    const std::string& heading = cells_.front()[static_cast<size_t>(section)];
+    if (section < 0 || section >= columnCount()) return {};
+    const std::string& heading = shown_.cell(0, section);
     if (role == Qt::DisplayRole) return wrappedHeading(q(heading));
     if (role == Qt::ToolTipRole) return q(heading);
     if (role == Qt::TextAlignmentRole) return int(Qt::AlignCenter);
@@ -305,7 +307,7 @@ QWidget* BentTablePage::tablePanel() {
     buttons->setColumnStretch(5, 1);
     v->addLayout(buttons);
 
-    model_ = new BentTableModel(app_.grid, this);
+    model_ = new BentTableModel(app_.project().table(), this);
     table_ = new FrozenColumnTable;
     table_->setObjectName(QStringLiteral("MSFlexGrid1"));
     table_->setModel(model_);
@@ -340,28 +342,34 @@ void BentTablePage::selectionChanged() {
     // The grid's current row is where the selection began; Qt's current row is where it ends.
     const int end = current == top ? top : bottom;
     const int anchor = end == top ? bottom : top;
-    if (anchor + 1 == app_.grid.row() && end + 1 == app_.grid.rowSel()) return;
-    if (anchor + 1 < app_.grid.rows() && end + 1 < app_.grid.rows()) app_.actions.selectRows(anchor + 1, end + 1);
+    const GridSelection now = app_.selection();
+    if (anchor + 1 == now.row && end + 1 == now.end) return;
+    const int count = app_.project().table().rows();
+    if (anchor + 1 < count && end + 1 < count) app_.actions.selectRows(anchor + 1, end + 1);
 }
 
 void BentTablePage::refresh() {
     syncing_ = true;
     // Widths are worked out again only when the table's text changed.
     if (model_->reload()) table_->fitColumns();
-    const Grid& g = app_.grid;
+    const GridSelection g = app_.selection();
     auto* sel = table_->selectionModel();
-    const int top = std::min(g.row(), g.rowSel()) - 1, bottom = std::max(g.row(), g.rowSel()) - 1;
-    if (g.row() <= 0 || model_->rowCount() == 0) {
+    const int top = std::min(g.row, g.end) - 1, bottom = std::max(g.row, g.end) - 1;
+    if (g.row <= 0 || model_->rowCount() == 0) {
         if (sel->hasSelection()) sel->clearSelection();
     } else {
         // Set only when it differs, so a selection the user is dragging is left alone.
         if (selectedRows(sel->selection()) != std::pair{top, bottom})
             sel->select(QItemSelection(model_->index(top, 0), model_->index(bottom, model_->columnCount() - 1)),
                         QItemSelectionModel::ClearAndSelect);
-        const QModelIndex end = model_->index(g.rowSel() - 1, 0);
+        const QModelIndex end = model_->index(g.end - 1, 0);
         if (sel->currentIndex().row() != end.row()) sel->setCurrentIndex(end, QItemSelectionModel::NoUpdate);
     }
     syncing_ = false;
+}
+
+void BentTablePage::showRow(int row) {
+    if (row >= 1 && row <= model_->rowCount()) static_cast<QTableView*>(table_)->scrollTo(model_->index(row - 1, 0));
 }
 
 } // namespace tw

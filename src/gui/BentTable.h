@@ -3,6 +3,8 @@
 // number kept in view while the elevations scroll sideways.
 #pragma once
 
+#include "core/model/BentTable.h"
+
 #include <QAbstractTableModel>
 #include <QTableView>
 #include <QWidget>
@@ -11,7 +13,6 @@ namespace tw {
 
 class App;
 class Binder;
-class Grid;
 
 // A heading split over lines so that a column need not be wider than its values.
 QString wrappedHeading(const QString& heading);
@@ -20,8 +21,8 @@ QString wrappedHeading(const QString& heading);
 class BentTableModel : public QAbstractTableModel {
     Q_OBJECT
   public:
-    BentTableModel(const Grid& grid, QObject* parent = nullptr);
-    // Brings the model up to date with the grid; false when nothing had changed.
+    BentTableModel(const BentTable& table, QObject* parent = nullptr);
+    // Brings the model up to date with the table; false when nothing had changed.
     bool reload();
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -30,12 +31,10 @@ class BentTableModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    const Grid& grid_;
-    int rows_ = 0;
-    int cols_ = 0;
-    // The grid's cells as last shown, header row first: the views read these,
-    // so they never see a grid halfway through a command.
-    std::vector<std::vector<std::string>> cells_;
+    const BentTable& table_;
+    // The table as last shown: the views read this, so they never see a
+    // table halfway through a command. Its rows are the project's own.
+    BentTable shown_;
 };
 
 // A table view whose first column stays put when the others scroll sideways.
@@ -65,6 +64,8 @@ class BentTablePage : public QWidget {
     BentTablePage(App& app, Binder& binder, QWidget* parent = nullptr);
     // Copies the grid and its selection into the view.
     void refresh();
+    // Bent row `row` (1 for the first) in view.
+    void showRow(int row);
     FrozenColumnTable* table() const { return table_; }
     BentTableModel* model() const { return model_; }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/Binder.h"
 #include "platform/QtText.h"
 
@@ -69,13 +70,18 @@ const char* const kClosingFieldTip =
     "What the cap length leaves after the values entered above it; it is worked out, not typed.\n"
     "Yellow: some length is left. Red: nothing or less than nothing is left.";
 
-Binder::Binder(App& app, std::string form, QObject* parent) : QObject(parent), app_(app), form_(std::move(form)) {}
+Binder::Binder(App& app, FormId form, QObject* parent) : QObject(parent), app_(app), form_(form) {}
+
+void Binder::add(const CtlId& id, Type type, QWidget* w) {
+    byControl_.emplace(id, bindings_.size());
+    bindings_.push_back({id, type, w});
+}
 
 QLineEdit* Binder::lineEdit(const CtlId& id, QWidget* parent) {
     auto* e = new QLineEdit(parent);
     e->setObjectName(q(toString(id)));
     e->installEventFilter(this);
-    bindings_.push_back({id, Type::Line, e});
+    add(id, Type::Line, e);
     // Edits Qt makes itself (Delete, paste, cut) reach the data as they are.
     connect(e, &QLineEdit::textChanged, this,
             [this, id, e](const QString& t) { app_.actions.edit(target(id), t.toStdString(), selectionOf(e)); });
@@ -88,7 +94,7 @@ QComboBox* Binder::comboBox(const CtlId& id, QWidget* parent) {
     c->setFocusPolicy(Qt::StrongFocus);
     c->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     c->installEventFilter(this);
-    bindings_.push_back({id, Type::Combo, c});
+    add(id, Type::Combo, c);
     connect(c, &QComboBox::activated, this, [this, id](int index) { app_.actions.choose(target(id), index); });
     return c;
 }
@@ -107,14 +113,14 @@ QLabel* Binder::label(const CtlId& id, QWidget* parent, bool clickable) {
         l->setCursor(Qt::PointingHandCursor);
         l->setStyleSheet(QStringLiteral("QLabel { color: palette(link); text-decoration: underline; }"));
     }
-    bindings_.push_back({id, Type::Label, l});
+    add(id, Type::Label, l);
     return l;
 }
 
 QGroupBox* Binder::groupBox(const CtlId& id, QWidget* parent) {
     auto* g = new QGroupBox(parent);
     g->setObjectName(q(toString(id)));
-    bindings_.push_back({id, Type::Group, g});
+    add(id, Type::Group, g);
     return g;
 }
 
@@ -122,7 +128,7 @@ QPushButton* Binder::button(const CtlId& id, QWidget* parent) {
     auto* b = new QPushButton(parent);
     b->setObjectName(q(toString(id)));
     b->installEventFilter(this);
-    bindings_.push_back({id, Type::Button, b});
+    add(id, Type::Button, b);
     connect(b, &QPushButton::clicked, this, [this, id] { app_.actions.click(target(id)); });
     return b;
 }
@@ -132,11 +138,11 @@ QPlainTextEdit* Binder::textView(const CtlId& id, QWidget* parent) {
     t->setObjectName(q(toString(id)));
     t->setReadOnly(true);
     t->setLineWrapMode(QPlainTextEdit::NoWrap);
-    bindings_.push_back({id, Type::Text, t});
+    add(id, Type::Text, t);
     return t;
 }
 
-void Binder::bindVisibility(const CtlId& id, QWidget* w) { bindings_.push_back({id, Type::Other, w}); }
+void Binder::bindVisibility(const CtlId& id, QWidget* w) { add(id, Type::Other, w); }
 
 void Binder::bindGroup(QGroupBox* g) { bindings_.push_back({CtlId(), Type::ViewGroup, g}); }
 
@@ -166,7 +172,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::FocusIn: {
         auto* fe = static_cast<QFocusEvent*>(event);
-        if (form_ != kFrmMain || !userFocusReason(fe->reason())) return false;
+        if (form_ != FormId::Main || !userFocusReason(fe->reason())) return false;
         const CtlId id = b->id;
         if (app_.focus() != std::optional<CtlId>(id)) app_.actions.focus(target(id));
         // A leave handler that kept the focus (a refused value) takes it back.
@@ -177,8 +183,17 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     }
     case QEvent::KeyPress: {
         auto* edit = qobject_cast<QLineEdit*>(b->widget);
-        if (!edit || form_ != kFrmMain) return false;
+        if (!edit || form_ != FormId::Main) return false;
         auto* ke = static_cast<QKeyEvent*>(event);
+        // The field's own undo is the project's: first its typing, then the steps before.
+        if (ke->matches(QKeySequence::Undo)) {
+            app_.actions.undo();
+            return true;
+        }
+        if (ke->matches(QKeySequence::Redo) || (ke->key() == Qt::Key_Y && (ke->modifiers() & Qt::ControlModifier))) {
+            app_.actions.redo();
+            return true;
+        }
         if (ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return false;
         int key = 0;
         if (ke->key() == Qt::Key_Backspace) key = 8;
@@ -200,9 +215,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
 
 namespace {
 
-void syncLine(QLineEdit* e, const Control& c) {
+void syncLine(QLineEdit* e, const Control& c, const std::string& text) {
     const QSignalBlocker block(e);
-    const QString t = q(c.text);
+    const QString t = q(text);
     if (e->text() != t) e->setText(t);
     if (e->isReadOnly() != c.locked) {
         e->setReadOnly(c.locked);
@@ -218,15 +233,15 @@ void syncLine(QLineEdit* e, const Control& c) {
         e->setPalette(p);
     }
     if (e->hasFocus()) {
-        const int start = utf16Position(c.text, c.selStart);
+        const int start = utf16Position(text, c.selStart);
         if (c.selLength > 0)
-            e->setSelection(start, utf16Position(c.text, c.selStart + c.selLength) - start);
+            e->setSelection(start, utf16Position(text, c.selStart + c.selLength) - start);
         else
             e->setCursorPosition(start);
     }
 }
 
-void syncCombo(QComboBox* cb, const Control& c) {
+void syncCombo(QComboBox* cb, const Control& c, int listIndex) {
     const QSignalBlocker block(cb);
     QStringList items;
     for (const auto& i : c.items)
@@ -238,11 +253,11 @@ void syncCombo(QComboBox* cb, const Control& c) {
         cb->clear();
         cb->addItems(items);
     }
-    if (cb->currentIndex() != c.listIndex) cb->setCurrentIndex(c.listIndex);
+    if (cb->currentIndex() != listIndex) cb->setCurrentIndex(listIndex);
 }
 
-void syncText(QPlainTextEdit* t, const Control& c) {
-    QString text = q(c.text);
+void syncText(QPlainTextEdit* t, const std::string& value) {
+    QString text = q(value);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     if (t->toPlainText() == text) return;
     t->setPlainText(text);
@@ -270,12 +285,12 @@ void Binder::syncOne(const Binding& b) {
     if (w->isHidden() == visible) w->setVisible(visible);
     if (w->isEnabled() != c.enabled) w->setEnabled(c.enabled);
     switch (b.type) {
-    case Type::Line: syncLine(static_cast<QLineEdit*>(w), c); break;
-    case Type::Combo: syncCombo(static_cast<QComboBox*>(w), c); break;
+    case Type::Line: syncLine(static_cast<QLineEdit*>(w), c, app_.text(target(b.id))); break;
+    case Type::Combo: syncCombo(static_cast<QComboBox*>(w), c, app_.session().listIndex(target(b.id))); break;
     case Type::Label: syncCaption<QLabel, &QLabel::setText, &QLabel::text>(w, c); break;
     case Type::Group: syncCaption<QGroupBox, &QGroupBox::setTitle, &QGroupBox::title>(w, c); break;
     case Type::Button: syncCaption<QAbstractButton, &QAbstractButton::setText, &QAbstractButton::text>(w, c); break;
-    case Type::Text: syncText(static_cast<QPlainTextEdit*>(w), c); break;
+    case Type::Text: syncText(static_cast<QPlainTextEdit*>(w), app_.text(target(b.id))); break;
     case Type::Other:
     case Type::ViewGroup: break;
     }
@@ -284,6 +299,30 @@ void Binder::syncOne(const Binding& b) {
 void Binder::sync() {
     for (const auto& b : bindings_)
         syncOne(b);
+}
+
+void Binder::syncGroups() {
+    for (const auto& b : bindings_)
+        if (b.type == Type::Group || b.type == Type::ViewGroup) syncOne(b);
+}
+
+void Binder::sync(const ChangeSet& changes) {
+    auto syncControl = [&](const CtlId& id) {
+        const auto [from, to] = byControl_.equal_range(id);
+        for (auto it = from; it != to; ++it)
+            syncOne(bindings_[it->second]);
+    };
+    if (form_ == FormId::Main)
+        for (const auto& id : changes.inputs)
+            syncControl(id);
+    bool shown = false;
+    for (const auto& t : changes.controls) {
+        if (t.form != form_) continue;
+        syncControl(t.id);
+        shown = true;
+    }
+    // A group shows while a field in it does.
+    if (shown) syncGroups();
 }
 
 } // namespace tw

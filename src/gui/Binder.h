@@ -1,13 +1,15 @@
+// SPDX-License-Identifier: Apache-2.0
 // Ties widgets to the controls of one form's data: copies the data into the
 // widgets, and turns widget events into the core's user actions.
 #pragma once
 
-#include "core/App.h"
+#include "core/app/App.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
 
+#include <map>
 #include <vector>
 
 class QLineEdit;
@@ -25,7 +27,7 @@ extern const char* const kClosingFieldTip;
 class Binder : public QObject {
     Q_OBJECT
   public:
-    Binder(App& app, std::string form, QObject* parent = nullptr);
+    Binder(App& app, FormId form, QObject* parent = nullptr);
 
     QLineEdit* lineEdit(const CtlId& id, QWidget* parent = nullptr);
     // A combo box that takes the mouse wheel only while it has the focus, so
@@ -44,6 +46,8 @@ class Binder : public QObject {
 
     // Copies the form's data into every bound widget.
     void sync();
+    // Copies what the change set names.
+    void sync(const ChangeSet& changes);
     QWidget* widgetFor(const CtlId& id) const;
 
   protected:
@@ -56,16 +60,19 @@ class Binder : public QObject {
         Type type;
         QPointer<QWidget> widget;
     };
-    const Control& data(const CtlId& id) const { return app_.form(form_).at(id); }
+    const Control& data(const CtlId& id) const { return app_.ctl(target(id)); }
     Target target(const CtlId& id) const { return Target(form_, id); }
+    void add(const CtlId& id, Type type, QWidget* w);
+    void syncGroups();
     const Binding* find(const QObject* w) const;
     void syncOne(const Binding& b);
     // A group is worth showing while one of its fields is shown.
     bool holdsVisibleField(const QWidget* group) const;
 
     App& app_;
-    std::string form_;
+    FormId form_;
     std::vector<Binding> bindings_;
+    std::multimap<CtlId, size_t> byControl_; // the bindings of each control
 };
 
 } // namespace tw

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/DrawingPane.h"
 
-#include "core/App.h"
+#include "core/app/App.h"
 #include "gui/LaidOutView.h"
 
 #include <QComboBox>
@@ -70,7 +71,7 @@ void DrawingPane::showProject(const App& app) {
     bool elevationFirst = elevationFirst_;
     if (focus)
         if (auto e = drawing::inElevation(*focus)) elevationFirst = *e;
-    drawing::BentInputs inputs = drawing::readBentInputs(app);
+    drawing::BentInputs inputs = drawing::readBentInputs(app.project(), std::nullopt, {focus, app.selection().row});
     if (inputs == inputs_ && elevationFirst == elevationFirst_ && !view_->scene().shapes.empty()) return;
     inputs_ = std::move(inputs);
     elevationFirst_ = elevationFirst;

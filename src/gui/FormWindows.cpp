@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/FormWindows.h"
 #include "platform/QtText.h"
 
@@ -26,9 +27,9 @@
 
 namespace tw {
 
-FormWindow::FormWindow(App& app, const std::string& form, QWidget* parent)
+FormWindow::FormWindow(App& app, FormId form, QWidget* parent)
     : QDialog(parent), app_(app), form_(form), binder_(app, form, this) {
-    setObjectName(q(form));
+    setObjectName(q(std::string(formName(form))));
     setModal(false);
 }
 
@@ -37,13 +38,18 @@ void FormWindow::refresh() {
     binder_.sync();
 }
 
+void FormWindow::refresh(const ChangeSet& changes) {
+    setWindowTitle(q(app_.form(form_).caption));
+    binder_.sync(changes);
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
     // Closing the window is the window's own way out: the form unloads.
     if (app_.form(form_).loaded) app_.actions.closeWindow(form_);
     event->accept();
 }
 
-FormWindow* makeSplashOrAbout(App& app, const std::string& form, QWidget* parent) {
+FormWindow* makeSplashOrAbout(App& app, FormId form, QWidget* parent) {
     auto* w = new FormWindow(app, form, parent);
     Binder& b = w->binder();
     auto* v = new QVBoxLayout(w);
@@ -75,7 +81,7 @@ FormWindow* makeSplashOrAbout(App& app, const std::string& form, QWidget* parent
 }
 
 FormWindow* makePrinterWindow(App& app, QWidget* parent) {
-    auto* w = new FormWindow(app, kFrmIPrinter, parent);
+    auto* w = new FormWindow(app, FormId::Printer, parent);
     Binder& b = w->binder();
     auto* g = new QGridLayout(w);
     g->addWidget(b.label(Ctl::lblPageNum), 0, 0);
@@ -95,7 +101,7 @@ FormWindow* makePrinterWindow(App& app, QWidget* parent) {
 }
 
 FormWindow* makePreviewWindow(App& app, QWidget* parent) {
-    auto* w = new FormWindow(app, kFrmViewTest, parent);
+    auto* w = new FormWindow(app, FormId::Preview, parent);
     Binder& b = w->binder();
     auto* v = new QVBoxLayout(w);
     auto* text = b.textView(Ctl::rtOpen);
@@ -120,7 +126,7 @@ FormWindow* makePreviewWindow(App& app, QWidget* parent) {
     return w;
 }
 
-PictureWindow::PictureWindow(App& app, QWidget* parent) : FormWindow(app, kFrmPicView, parent) {
+PictureWindow::PictureWindow(App& app, QWidget* parent) : FormWindow(app, FormId::Picture, parent) {
     auto* v = new QVBoxLayout(this);
     stack_ = new QStackedWidget;
     stack_->setObjectName(QStringLiteral("picViewImage"));
@@ -177,7 +183,7 @@ QString drawnFullSizeSketch(const QString& path) {
 
 bool PictureWindow::eventFilter(QObject* watched, QEvent* event) {
     if ((watched == image_ || watched == sketch_) && event->type() == QEvent::MouseButtonDblClick) {
-        app_.actions.doubleClick(Target(kFrmPicView, Ctl::picViewImage));
+        app_.actions.doubleClick(Target(FormId::Picture, Ctl::picViewImage));
         return true;
     }
     return FormWindow::eventFilter(watched, event);

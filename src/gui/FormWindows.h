@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 // The small windows: splash, about, printer, preview and sketch viewer.
 // Each mirrors its form's data through a Binder.
 #pragma once
 
-#include "core/App.h"
+#include "core/app/App.h"
 #include "gui/Binder.h"
 
 #include <QDialog>
@@ -17,19 +18,20 @@ class LaidOutView;
 class FormWindow : public QDialog {
     Q_OBJECT
   public:
-    FormWindow(App& app, const std::string& form, QWidget* parent);
+    FormWindow(App& app, FormId form, QWidget* parent);
     void refresh();
+    void refresh(const ChangeSet& changes);
     Binder& binder() { return binder_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
     App& app_;
-    std::string form_;
+    FormId form_;
     Binder binder_;
 };
 
 // frmSplash and frmAbout: title, version, disclaimer and OK.
-FormWindow* makeSplashOrAbout(App& app, const std::string& form, QWidget* parent);
+FormWindow* makeSplashOrAbout(App& app, FormId form, QWidget* parent);
 FormWindow* makePrinterWindow(App& app, QWidget* parent);
 // The preview opens with room for this many columns and lines of its fixed-pitch font, where the screen allows.
 inline constexpr int kPreviewColumns = 100;

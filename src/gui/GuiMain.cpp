@@ -1,6 +1,6 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/GuiMain.h"
 
-#include "core/form/ShellCommands.h"
 #include "gui/FormWindows.h"
 #include "gui/GuardedApplication.h"
 #include "gui/GuiPorts.h"
@@ -63,11 +63,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     WindowSet windows(app, ports);
     MainWindow& main = windows.main();
     platform.onMissingFile = drawnFullSizeSketch;
-    if (ownApp)
-        ownApp->onFailure = [&](const std::string& what) {
-            app.reportError(internalError(what));
-            main.refresh();
-        };
+    if (ownApp) ownApp->onFailure = [&](const std::string& what) { app.reportFailure(what); };
 
     // Run's waits and words that need no answer stand in the status bar.
     auto* runStatus = new RunStatus(main.statusBar());
@@ -83,7 +79,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         ports.notice("Unsaved changes cannot be kept safe: the folder " + store.folder().toStdString() +
                      " cannot be written");
     RecoveryKeeper keeper(app, store);
-    app.actions.afterEach([&] { keeper.changed(); });
+    app.actions.onChange([&](const ChangeSet& changes) { keeper.changed(changes); });
 
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
     windows.onMainShown = [&] {
@@ -98,12 +94,12 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     windows.onMainClosed = [] { QCoreApplication::exit(0); };
 
     // Quitting from the splash (its close button) ends the program.
-    QObject::connect(windows.window(kFrmSplash), &QDialog::finished, qApp, [&] {
+    QObject::connect(windows.window(FormId::Splash), &QDialog::finished, qApp, [&] {
         if (!main.isVisible()) QCoreApplication::exit(0);
     });
-    app.guarded([&] { showSplash(app); });
+    app.start();
     if (quitWhenShown) // measuring start-up: go straight on to the main form
-        QTimer::singleShot(0, qApp, [&] { app.actions.click(Target(kFrmSplash, Ctl::cmdOK)); });
+        QTimer::singleShot(0, qApp, [&] { app.actions.click(Target(FormId::Splash, Ctl::cmdOK)); });
     const int status = QApplication::exec();
     keeper.finish();
     return status;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/MainWindow.h"
 
 #include "core/form/Forms.h"
@@ -15,6 +16,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QStatusBar>
@@ -31,7 +33,7 @@ namespace {
 // The tab that holds the bent table; the others hold the form's sections.
 constexpr int kBentTableTab = 5;
 
-struct Command {
+struct MenuCommand {
     Ctl menu;
     const char* toolbarKey; // nullptr: not on the toolbar
     const char* themeIcon;
@@ -40,8 +42,8 @@ struct Command {
 
 // The toolbar's buttons carry the keys the old toolbar had; each does what
 // the menu item of that name does.
-const std::vector<Command>& fileCommands() {
-    static const std::vector<Command> commands = {
+const std::vector<MenuCommand>& fileCommands() {
+    static const std::vector<MenuCommand> commands = {
         {Ctl::mnuNew, "New", "document-new", QKeySequence::New},
         {Ctl::mnuOpen, "Open", "document-open", QKeySequence::Open},
         {Ctl::mnuSave, "Save", "document-save", QKeySequence::Save},
@@ -67,7 +69,7 @@ QString plainCaption(const std::string& caption) {
 
 } // namespace
 
-MainWindow::MainWindow(App& app) : app_(app), binder_(app, kFrmMain, this) {
+MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     initToolbarIcons();
     setObjectName(QStringLiteral("frmMain"));
     tabs_ = new QTabWidget;
@@ -119,6 +121,7 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, kFrmMain, this) {
     filePath_->setObjectName(QStringLiteral("currentFilePath"));
     filePath_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusBar()->addPermanentWidget(filePath_);
+    refreshMenus();
     resize(preferredSize());
     // The drawing gets about a quarter of the width; the form keeps the rest.
     resizeDocks({drawing_}, {width() * 27 / 100}, Qt::Horizontal);
@@ -151,11 +154,19 @@ void MainWindow::buildMenus() {
         connect(a, &QAction::triggered, this, [this, ctl] { app_.actions.click(ctl); });
         return a;
     };
+    auto* edit = new QMenu(q(app_.ctl(Ctl::mnuEdit).caption), this);
     auto* file = menuBar()->addMenu(q(app_.ctl(Ctl::mnuFile).caption));
     for (const auto& c : fileCommands()) {
         if (c.menu == Ctl::mnuPrint || c.menu == Ctl::mnuRun || c.menu == Ctl::mnuExit) file->addSeparator();
         item(file, c.menu, c.toolbarKey ? commandIcon(c.themeIcon, c.toolbarKey) : QIcon(), c.shortcut);
     }
+    menuBar()->addMenu(edit);
+    // Undo and Redo name the step they take; both also answer the keys other programs use.
+    auto* undo = item(edit, Ctl::mnuUndo, commandIcon("edit-undo", "Undo"), QKeySequence::Undo);
+    auto* redo = item(edit, Ctl::mnuRedo, commandIcon("edit-redo", "Redo"));
+    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    mirrored_.emplace_back(Ctl::mnuUndo, undo);
+    mirrored_.emplace_back(Ctl::mnuRedo, redo);
     auto* help = menuBar()->addMenu(q(app_.ctl(Ctl::mnuHelp).caption));
     item(help, Ctl::mnuTarnwickHelp, QIcon::fromTheme(QStringLiteral("help-contents")), QKeySequence::HelpContents);
     help->addSeparator();
@@ -168,7 +179,7 @@ void MainWindow::buildToolbar() {
     bar->setMovable(false);
     bar->setIconSize(QSize(24, 24));
     // The old toolbar's order: New, Open, Save, Run, Print, Exit.
-    std::vector<Command> buttons;
+    std::vector<MenuCommand> buttons;
     for (const char* key : {"New", "Open", "Save", "Run", "Print", "Exit"})
         for (const auto& c : fileCommands())
             if (c.toolbarKey && std::string(c.toolbarKey) == key) buttons.push_back(c);
@@ -183,6 +194,16 @@ void MainWindow::buildToolbar() {
                           : QStringLiteral("%1 (%2)").arg(plainCaption(app_.ctl(c.menu).caption), shortcut));
         const std::string k = c.toolbarKey;
         connect(a, &QAction::triggered, this, [this, k] { app_.actions.toolbar(k); });
+    }
+    bar->addSeparator();
+    for (const auto& [ctl, key, icon] :
+         {std::tuple{Ctl::mnuUndo, "Undo", "edit-undo"}, std::tuple{Ctl::mnuRedo, "Redo", "edit-redo"}}) {
+        auto* a = bar->addAction(commandIcon(icon, key), QString::fromLatin1(key));
+        a->setObjectName(QStringLiteral("Toolbar1.") + QString::fromLatin1(key));
+        a->setData(QString::fromLatin1(key));
+        const std::string k = key;
+        connect(a, &QAction::triggered, this, [this, k] { app_.actions.toolbar(k); });
+        mirrored_.emplace_back(ctl, a);
     }
 }
 
@@ -200,10 +221,10 @@ void MainWindow::refreshTabs() {
 }
 
 void MainWindow::refreshStatus() {
-    const QString path = q(app_.currentFile);
+    const QString path = q(app_.project().currentFile);
     filePath_->setText(path.isEmpty() ? QStringLiteral("Not saved yet") : QDir::toNativeSeparators(path));
-    if (app_.runOutputBase != shownRunBase_) {
-        shownRunBase_ = app_.runOutputBase;
+    if (app_.session().runOutputBase() != shownRunBase_) {
+        shownRunBase_ = app_.session().runOutputBase();
         // The outputs go where the input's name is cut at its first dot, which
         // is not the input's folder when a folder name holds a dot.
         if (!shownRunBase_.empty())
@@ -212,25 +233,77 @@ void MainWindow::refreshStatus() {
     }
 }
 
-void MainWindow::refresh() {
-    syncing_ = true;
+void MainWindow::refreshTitle() {
     // The caption stays the form's own; Qt adds the marker of unsaved changes.
     setWindowTitle(q(app_.main().caption) + QStringLiteral("[*]"));
     setWindowModified(app_.modified());
+}
+
+void MainWindow::refreshMenus() {
+    for (const auto& [ctl, action] : mirrored_) {
+        const Control& c = app_.ctl(ctl);
+        const bool toolbar = action->objectName().startsWith(QStringLiteral("Toolbar1."));
+        const QString text = q(c.caption);
+        if (toolbar)
+            action->setToolTip(QStringLiteral("%1 (%2)").arg(
+                text,
+                (c.caption.starts_with("Undo") ? QKeySequence(QKeySequence::Undo) : QKeySequence(Qt::CTRL | Qt::Key_Y))
+                    .toString(QKeySequence::NativeText)));
+        else if (action->text() != text)
+            action->setText(text);
+        action->setEnabled(c.enabled);
+    }
+}
+
+void MainWindow::placeFocus() {
+    if (auto f = app_.focus())
+        if (QWidget* w = binder_.widgetFor(*f); w && !w->hasFocus() && w->isVisible())
+            w->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindow::refresh() {
+    syncing_ = true;
+    refreshTitle();
+    refreshMenus();
     binder_.sync();
     refreshTabs();
     bentTable_->refresh();
     drawing_->showProject(app_);
     refreshStatus();
     syncing_ = false;
-    if (auto f = app_.focus())
-        if (QWidget* w = binder_.widgetFor(*f); w && !w->hasFocus() && w->isVisible())
-            w->setFocus(Qt::OtherFocusReason);
+    placeFocus();
+}
+
+void MainWindow::refresh(const ChangeSet& changes) {
+    syncing_ = true;
+    refreshTitle();
+    refreshMenus();
+    binder_.sync(changes);
+    if (!changes.controls.empty()) refreshTabs();
+    if (changes.table || changes.selection) bentTable_->refresh();
+    if (!changes.inputs.empty() || changes.table || changes.selection || changes.focus) drawing_->showProject(app_);
+    refreshStatus();
+    syncing_ = false;
+    if (changes.focus) placeFocus();
+    lookAt(changes);
+}
+
+void MainWindow::lookAt(const ChangeSet& changes) {
+    // After an undo or redo: the tab of the step's field, and its bent row in view.
+    if (changes.lookAt)
+        if (QWidget* w = binder_.widgetFor(*changes.lookAt))
+            for (int i = 0; i < tabs_->count(); ++i)
+                if (tabs_->widget(i)->isAncestorOf(w) && tabs_->isTabVisible(i)) {
+                    tabs_->setCurrentIndex(i);
+                    break;
+                }
+    if (changes.lookAtRow) bentTable_->showRow(*changes.lookAtRow);
+    if (changes.lookAt) placeFocus();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    if (!app_.mainUnloaded) app_.actions.closeWindow(kFrmMain);
-    if (app_.mainUnloaded)
+    if (!app_.mainUnloaded()) app_.actions.closeWindow(FormId::Main);
+    if (app_.mainUnloaded())
         event->accept();
     else
         event->ignore();

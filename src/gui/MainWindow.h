@@ -1,13 +1,15 @@
+// SPDX-License-Identifier: Apache-2.0
 // The main form: tabs of titled sections, the bent table on a page of its
 // own, menus, toolbar and status bar. It mirrors the form data and hands
 // every user action to the core.
 #pragma once
 
-#include "core/App.h"
+#include "core/app/App.h"
 #include "gui/Binder.h"
 
 #include <QMainWindow>
 
+class QAction;
 class QLabel;
 class QTabWidget;
 class QVBoxLayout;
@@ -23,8 +25,9 @@ class MainWindow : public QMainWindow {
   public:
     explicit MainWindow(App& app);
 
-    // Copies the form data into the widgets.
+    // Copies the form data into the widgets: all of it, or what changed.
     void refresh();
+    void refresh(const ChangeSet& changes);
     Binder& binder() { return binder_; }
     FrozenColumnTable* grid() const;
     QTabWidget* tabs() const { return tabs_; }
@@ -43,6 +46,10 @@ class MainWindow : public QMainWindow {
     void buildToolbar();
     void refreshTabs();
     void refreshStatus();
+    void refreshTitle();
+    void refreshMenus();
+    void lookAt(const ChangeSet& changes);
+    void placeFocus();
 
     App& app_;
     Binder binder_;
@@ -51,6 +58,8 @@ class MainWindow : public QMainWindow {
     DrawingPane* drawing_ = nullptr;
     QVBoxLayout* notices_ = nullptr;
     QLabel* filePath_ = nullptr;
+    // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
+    std::vector<std::pair<Ctl, QAction*>> mirrored_;
     std::string shownRunBase_;
     bool syncing_ = false;
 };

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 // The bar at the top of the main window that offers the unsaved work a
 // session left behind: Restore brings it back on the form, Discard lets it go.
 #pragma once
 
-#include "core/App.h"
+#include "core/app/App.h"
 #include "platform/RecoveryStore.h"
 
 #include <QFrame>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/RecoveryKeeper.h"
 
 #include "core/form/Recovery.h"
@@ -16,7 +17,8 @@ RecoveryKeeper::RecoveryKeeper(App& app, RecoveryStore& store, QObject* parent)
     connect(&timer_, &QTimer::timeout, this, [this] { keep(); });
 }
 
-void RecoveryKeeper::changed() {
+void RecoveryKeeper::changed(const ChangeSet& changes) {
+    if (!changes.touchesProject()) return;
     // Not restarted by every key: steady typing is still kept once a second.
     if (!timer_.isActive()) timer_.start();
 }
@@ -28,15 +30,15 @@ void RecoveryKeeper::keep() {
         kept_.clear();
         return;
     }
-    std::string bytes = composeRecovery(app_);
+    std::string bytes = composeRecovery(app_.session());
     if (bytes == kept_) return;
     const WriteResult w = store_.write(bytes);
     if (w.errorNumber) {
-        if (!failing_) app_.user.notice("Unsaved changes cannot be kept safe: " + w.error);
+        if (!failing_) app_.user().notice("Unsaved changes cannot be kept safe: " + w.error);
         failing_ = true;
         return;
     }
-    if (failing_) app_.user.notice("");
+    if (failing_) app_.user().notice("");
     failing_ = false;
     kept_ = std::move(bytes);
 }

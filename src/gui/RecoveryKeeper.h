@@ -1,10 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 // Keeps the window's unsaved work safe: within a second or two of a change
 // the project goes to this session's recovery file, for as long as it
 // differs from what was last saved, opened or started afresh; once it no
 // longer does (a save, New), the file goes.
 #pragma once
 
-#include "core/App.h"
+#include "core/app/App.h"
 #include "platform/RecoveryStore.h"
 
 #include <QObject>
@@ -19,8 +20,8 @@ class RecoveryKeeper : public QObject {
   public:
     RecoveryKeeper(App& app, RecoveryStore& store, QObject* parent = nullptr);
 
-    // After each user action; cheap, the project is looked at a moment later.
-    void changed();
+    // After each change; cheap, the project is looked at a moment later.
+    void changed(const ChangeSet& changes);
     // Brings the recovery file in line with the project now.
     void keep();
     // The normal end of the program: the recovery file stays only while it

@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every window of the program and what showing, closing and placing a form
 // means for them: the main window and the small windows, each a mirror of
 // its form's data, refreshed after every user action.
 #pragma once
+
+#include "core/form/Changes.h"
 
 #include <functional>
 #include <map>
@@ -25,20 +28,20 @@ class WindowSet {
 
     MainWindow& main() { return *main_; }
     // The window of a small form (frmSplash, frmAbout, frmIPrinter, frmViewTest, frmPicView).
-    FormWindow* window(const std::string& form) const;
+    FormWindow* window(FormId form) const;
     // Runs once when the main window is first shown (opening a file named on the command line).
     std::function<void()> onMainShown;
     // Runs when the main form has unloaded: the program ends.
     std::function<void()> onMainClosed;
 
   private:
-    void show(const std::string& form);
-    void close(const std::string& form);
-    void refreshAll();
+    void show(FormId form);
+    void close(FormId form);
+    void refreshAll(const ChangeSet& changes);
 
     App& app_;
     std::unique_ptr<MainWindow> main_;
-    std::map<std::string, FormWindow*> windows_;
+    std::map<FormId, FormWindow*> windows_;
     PictureWindow* picture_ = nullptr;
 };
 

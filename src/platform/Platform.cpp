@@ -5,6 +5,7 @@
 
 #include "platform/ChildGuard.h"
 #include "platform/DesktopEntry.h"
+#include "platform/FileRead.h"
 #include "platform/SafeFile.h"
 
 #include <QCoreApplication>
@@ -91,6 +92,10 @@ void Platform::cancelWaits() {
 }
 
 WriteResult Platform::writeFile(const std::string& path, const std::string& bytes) { return replaceFile(path, bytes); }
+
+ReadResult Platform::readFile(const std::string& path, std::uintmax_t maxBytes) {
+    return readRegularFile(path, maxBytes);
+}
 
 std::string Platform::readSetting(const std::string& app, const std::string& section, const std::string& key) {
     return userSettings().value(q(app + "/" + section + "/" + key)).toString().toStdString();

@@ -36,6 +36,7 @@ class Platform : public SystemPorts {
     // The desktop's program for the file's type.
     AssociatedProgram associatedProgram(const std::string& file) override;
     WriteResult writeFile(const std::string& path, const std::string& bytes) override;
+    ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override;
 
   private:
     // Starts the program in a process group of its own that ends with us,

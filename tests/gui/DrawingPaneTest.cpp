@@ -59,11 +59,12 @@ class DrawingPaneTest : public QObject, public test::ShownWindow {
     }
 
     void selectingABentDrawsItsElevation() {
-        QVERIFY(readInputFile(**app, TW_SOURCE_DIR "/samples/twelve-beams.ebnt"));
+        app->ports.files = {TW_SOURCE_DIR "/samples/twelve-beams.ebnt"};
+        (*app)->actions.click(Ctl::mnuOpen);
         window->findChild<QComboBox*>(QStringLiteral("drawingViews"))->setCurrentIndex(1); // plan and elevation
         window->refresh();
         window->tabs()->setCurrentIndex(5);
-        const Grid& g = (*app)->grid;
+        const BentTable& g = (*app)->project().table();
         const std::string third = g.cell(3, 3), sixth = g.cell(6, 3);
         QVERIFY(third != sixth);
         window->grid()->selectRow(2);

@@ -61,19 +61,18 @@ class MainWindowTest : public QObject, public test::ShownWindow {
 
     void theGridShowsTheBentsTheCoreHolds() {
         window->tabs()->setCurrentIndex(5);
-        (*app)->setText(Ctl::txtBentNoPI, "4");
+        (*app)->actions.edit(Ctl::txtBentNoPI, "4");
         for (int i = 0; i < 4; ++i)
-            (*app)->setText(CtlId(Ctl::txtEStepPI, i), "101.25");
-        (*app)->setText(Ctl::txtLwingwallElevation, "104.00");
-        (*app)->setText(Ctl::txtRwingwallElevation, "104.50");
-        window->refresh();
+            (*app)->actions.edit(CtlId(Ctl::txtEStepPI, i), "101.25");
+        (*app)->actions.edit(Ctl::txtLwingwallElevation, "104.00");
+        (*app)->actions.edit(Ctl::txtRwingwallElevation, "104.50");
         QTest::mouseClick(find<QPushButton>("cmdQuantity(0)"), Qt::LeftButton);
         const QAbstractItemModel* model = window->grid()->model();
         QCOMPARE(model->rowCount(), 1);
         QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("4"));
         QCOMPARE(model->headerData(3, Qt::Horizontal).toString(), QStringLiteral("1Step"));
         window->grid()->selectRow(0);
-        QCOMPARE((*app)->grid.row(), 1);
+        QCOMPARE((*app)->selection().row, 1);
     }
 
     void saveWritesTheFileAndNamesItInTheTitle() {

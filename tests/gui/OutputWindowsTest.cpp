@@ -3,7 +3,11 @@
 
 #include "gui/FormWindows.h"
 
+#include <fstream>
+
+#include <QDir>
 #include <QPlainTextEdit>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace tw {
@@ -12,9 +16,18 @@ class OutputWindowsTest : public QObject {
     Q_OBJECT
   private slots:
     void aListingWithMarkupShowsTheMarkup() {
-        test::Loaded app;
+        // A listing beside a project, previewed from the printer window.
+        QTemporaryDir dir;
+        const std::string base = QDir(dir.path()).filePath(QStringLiteral("job")).toStdString();
+        std::ofstream(base + ".ebntc", std::ios::binary) << "<b>CAP</b> &amp; <i>BENT</i>\r\nLINE 2\r\n";
+        test::Program app;
+        QVERIFY(test::bring(*app, [&](Session& s) {
+            s.setDialogFileName(base + ".ebnt");
+            setMainCaption(s, true);
+        }));
         auto* preview = makePreviewWindow(*app, nullptr);
-        app->form(kFrmViewTest).at(Ctl::rtOpen).text = "<b>CAP</b> &amp; <i>BENT</i>\r\nLINE 2\r\n";
+        app->actions.click(Ctl::mnuPrint);
+        app->actions.click(Target(FormId::Printer, Ctl::printPreview));
         preview->refresh();
         auto* text = preview->findChild<QPlainTextEdit*>(QStringLiteral("rtOpen"));
         QVERIFY(text);

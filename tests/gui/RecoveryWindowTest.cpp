@@ -4,7 +4,10 @@
 #include "../unit/FakePorts.h"
 #include "../unit/ProjectMaker.h"
 
+#include "core/form/FileCommands.h"
+#include "core/form/MainForm.h"
 #include "core/form/Recovery.h"
+#include "core/model/Inputs.h"
 #include "gui/MainWindow.h"
 #include "gui/RecoveryBar.h"
 #include "gui/RecoveryKeeper.h"
@@ -26,15 +29,18 @@ namespace {
 const QString kSample = QStringLiteral(TW_SOURCE_DIR "/samples/end-with-backwall.ebnt");
 
 // The same edits in the killed window and in the one that tells what to expect.
-void edit(App& app, test::FakePorts& ports) {
-    ports.files = {kSample.toStdString()};
-    app.actions.click(Ctl::mnuOpen);
-    test::ProjectMaker(17).fill(app);
+void edit(App& app) {
+    QVERIFY(test::bring(app, [](Session& s) {
+        QVERIFY(readInputFile(s, kSample.toStdString()));
+        s.setDialogFileName(kSample.toStdString());
+        setMainCaption(s, true);
+        test::ProjectMaker(17).fill(s);
+    }));
     app.actions.type(CtlId(Ctl::txtProjectInfo, 2), " EDITED");
 }
 
 // A window as tarnwick's: the form, and the keeper of its unsaved work.
-struct Session {
+struct Window {
     test::FakePorts ports;
     Platform platform;
     App app{ports, platform, TW_PROGRAM_DIR};
@@ -42,11 +48,11 @@ struct Session {
     RecoveryStore store;
     RecoveryKeeper keeper{app, store};
 
-    explicit Session(const QString& folder) : store(folder) {
-        loadMainForm(app);
-        app.actions.afterEach([this] {
-            window.refresh();
-            keeper.changed();
+    explicit Window(const QString& folder) : store(folder) {
+        app.loadMainForm();
+        app.actions.onChange([this](const ChangeSet& changes) {
+            window.refresh(changes);
+            keeper.changed(changes);
         });
         store.open();
         window.refresh();
@@ -69,9 +75,9 @@ QStringList recoveryFiles(const QString& folder) {
 // The child: edits, says so, and waits to be killed.
 int editAndWait(int argc, char** argv) {
     QApplication qapp(argc, argv);
-    Session s(QString::fromLocal8Bit(argv[2]));
+    Window s(QString::fromLocal8Bit(argv[2]));
     s.window.show();
-    edit(s.app, s.ports);
+    edit(s.app);
     std::printf("edited\n");
     std::fflush(stdout);
     return QApplication::exec();
@@ -110,10 +116,10 @@ class RecoveryWindowTest : public QObject {
 
         test::FakePorts reference;
         App expected(reference, reference, TW_PROGRAM_DIR);
-        loadMainForm(expected);
-        edit(expected, reference);
+        expected.loadMainForm();
+        edit(expected);
 
-        Session next(folder);
+        Window next(folder);
         const auto bars = next.offered();
         QCOMPARE(bars.size(), size_t(1));
         QVERIFY(bars[0]
@@ -121,7 +127,7 @@ class RecoveryWindowTest : public QObject {
                     ->text()
                     .startsWith(QStringLiteral("end-with-backwall.ebnt (\u201C")));
         QTest::mouseClick(bars[0]->restoreButton(), Qt::LeftButton);
-        QCOMPARE(captureProject(next.app), captureProject(expected));
+        QVERIFY(next.app.project() == expected.project());
         QCOMPARE(next.app.main().caption, std::string("Norvale-Tarnwick - [end-with-backwall.ebnt]"));
         QVERIFY(next.app.modified());
         next.keeper.keep();
@@ -132,49 +138,54 @@ class RecoveryWindowTest : public QObject {
 
     void aSaveCutShortThenANormalExitLosesNothing() {
         const QString file = folder + QStringLiteral("/boxes.ebnt");
-        ProjectState before;
+        std::optional<Project> before;
         {
-            Session s(folder);
+            Window s(folder);
             s.app.actions.choose(Ctl::cboWingParallel, 0);
             s.app.actions.choose(Ctl::cboWingwallPileBox, 3);
             s.app.actions.type(CtlId(Ctl::txtProjectInfo, 0), "THREE EQUAL BOXES");
             s.ports.files = {file.toStdString()};
             s.app.actions.click(Ctl::mnuSave);
-            QVERIFY(s.app.saveFailed);
+            QVERIFY(s.app.project().saveFailed);
             QCOMPARE(s.ports.messages.back().title, std::string("Warning"));
-            before = captureProject(s.app);
+            before = s.app.project();
             s.keeper.finish(); // Exit, answered Yes
         }
         QCOMPARE(recoveryFiles(folder).size(), qsizetype(1));
         {
-            Session s(folder);
+            Window s(folder);
             const auto bars = s.offered();
             QCOMPARE(bars.size(), size_t(1));
             QTest::mouseClick(bars[0]->restoreButton(), Qt::LeftButton);
-            QCOMPARE(captureProject(s.app), before);
+            // A restored project is one no file holds: its save-failed flag is its own again.
+            Project restored = s.app.project();
+            QCOMPARE(restored.currentFile, before->currentFile);
+            QVERIFY(restored.table() == before->table());
+            for (int i = 0; i < inputCount(); ++i)
+                QVERIFY(restored.value(i) == before->value(i));
             // Saved properly this time: nothing is left to offer.
             s.app.actions.edit(Ctl::txtPileBoxDistance2, "5.0000");
             s.ports.answers = {MsgAnswer::Yes};
             s.app.actions.click(Ctl::mnuSave);
-            QVERIFY(!s.app.saveFailed);
+            QVERIFY(!s.app.project().saveFailed);
             s.keeper.keep();
             QVERIFY(recoveryFiles(folder).isEmpty());
             s.keeper.finish();
         }
         {
-            Session s(folder);
+            Window s(folder);
             s.app.actions.type(CtlId(Ctl::txtProjectInfo, 1), "NOT WANTED");
             s.keeper.finish();
         }
         {
-            Session s(folder);
+            Window s(folder);
             const auto bars = s.offered();
             QCOMPARE(bars.size(), size_t(1));
             QTest::mouseClick(bars[0]->discardButton(), Qt::LeftButton);
             QVERIFY(recoveryFiles(folder).isEmpty());
             QCOMPARE(s.app.text(CtlId(Ctl::txtProjectInfo, 1)), std::string());
         }
-        QVERIFY(Session(folder).offered().empty());
+        QVERIFY(Window(folder).offered().empty());
     }
 };
 

@@ -13,14 +13,14 @@
 namespace tw::test {
 
 struct ShownWindow {
-    std::unique_ptr<Loaded> app;
+    std::unique_ptr<Program> app;
     std::unique_ptr<MainWindow> window;
 
     void openWindow() {
-        app = std::make_unique<Loaded>(TW_PROGRAM_DIR);
+        app = std::make_unique<Program>(TW_PROGRAM_DIR);
         window = std::make_unique<MainWindow>(**app);
-        (*app)->actions.afterEach([this] {
-            if (window) window->refresh();
+        (*app)->actions.onChange([this](const ChangeSet& changes) {
+            if (window) window->refresh(changes);
         });
         window->resize(1366, 768);
         window->refresh();

@@ -1,9 +1,6 @@
 // `tarnwick FILE`: the window starts as always and, once the splash is gone,
 // opens FILE as File > Open does.
-#include "core/App.h"
-#include "core/QuietPorts.h"
-#include "core/form/MainForm.h"
-#include "core/inputfile/InputFile.h"
+#include "../unit/FakePorts.h"
 #include "gui/GuiMain.h"
 
 #include <QApplication>
@@ -27,7 +24,7 @@ class StartupTest : public QObject {
         QObject::connect(&poll, &QTimer::timeout, [&] {
             for (QWidget* w : QApplication::topLevelWidgets()) {
                 if (!w->isVisible()) continue;
-                if (w->objectName() == QLatin1String(kFrmSplash)) {
+                if (w->objectName() == QLatin1String("frmSplash")) {
                     if (auto* ok = w->findChild<QPushButton*>(QStringLiteral("cmdOK"))) ok->click();
                 } else if (auto* main = qobject_cast<QMainWindow*>(w);
                            main && main->windowTitle().contains(QLatin1String(" - ["))) {
@@ -52,16 +49,15 @@ class StartupTest : public QObject {
   private slots:
     void aFileOnTheCommandLineOpensAfterTheSplash() {
         const std::string file = TW_SOURCE_DIR "/samples/end-with-backwall.ebnt";
-        QuietPorts ports;
-        App opened(ports, ports, TW_PROGRAM_DIR);
-        loadMainForm(opened);
-        QVERIFY(readInputFile(opened, file));
+        test::Program opened(TW_PROGRAM_DIR);
+        opened.ports.files = {file};
+        opened->actions.click(Ctl::mnuOpen);
 
         const QStringList fields = {QStringLiteral("txtProjectInfo(0)"), QStringLiteral("txtCapStep(0)")};
         const QStringList seen = startOn(file, fields);
         QCOMPARE(seen.value(0), QStringLiteral("Norvale-Tarnwick - [end-with-backwall.ebnt][*]"));
-        QCOMPARE(seen.value(1).toStdString(), opened.text(CtlId(Ctl::txtProjectInfo, 0)));
-        QCOMPARE(seen.value(2).toStdString(), opened.text(CtlId(Ctl::txtCapStep, 0)));
+        QCOMPARE(seen.value(1).toStdString(), opened->text(CtlId(Ctl::txtProjectInfo, 0)));
+        QCOMPARE(seen.value(2).toStdString(), opened->text(CtlId(Ctl::txtCapStep, 0)));
     }
 };
 

@@ -5,7 +5,7 @@
 #include "../unit/FakePorts.h"
 #include "Pdf.h"
 
-#include "core/form/ShellCommands.h"
+#include "core/form/MainForm.h"
 #include "gui/BentTable.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormWindows.h"
@@ -84,13 +84,25 @@ void writeFile(const QString& path, const std::string& text) {
 // The project with the widest bent table: backwall, twenty beams, and
 // values as wide as an elevation gets.
 void widestTable(App& app, int rows) {
-    app.actions.choose(Ctl::cboTybent, 1);
-    app.actions.choose(Ctl::cboNoBeam, 19);
-    std::string row;
-    for (int c = 0; c < app.grid.cols(); ++c)
-        row += std::string(c == 0 ? "99" : c % 2 ? "-999.99" : "1234.50") + '\t';
-    for (int r = 0; r < rows; ++r)
-        app.grid.addItem(row);
+    QVERIFY(test::bring(app, [rows](Session& s) {
+        s.setListIndex(Ctl::cboTybent, 1);
+        s.setListIndex(Ctl::cboNoBeam, 19);
+        std::string row;
+        for (int c = 0; c < s.table().cols(); ++c)
+            row += std::string(c == 0 ? "99" : c % 2 ? "-999.99" : "1234.50") + '\t';
+        s.changeTable([&](BentTable& t) {
+            for (int r = 0; r < rows; ++r)
+                t.addItem(row);
+        });
+    }));
+}
+
+// The program holding a project whose file is `path` (its outputs beside it).
+void currentFile(App& app, const QString& path) {
+    QVERIFY(test::bring(app, [&](Session& s) {
+        s.setDialogFileName(path.toStdString());
+        setMainCaption(s, true);
+    }));
 }
 
 } // namespace
@@ -111,8 +123,8 @@ class WindowFitTest : public QObject {
         return w;
     }
     void startMainWindow() {
-        showSplash(*app);
-        app->actions.click(Target(kFrmSplash, Ctl::cmdOK));
+        app->start();
+        app->actions.click(Target(FormId::Splash, Ctl::cmdOK));
         QVERIFY(QTest::qWaitForWindowExposed(&main()));
         QApplication::processEvents();
     }
@@ -133,12 +145,12 @@ class WindowFitTest : public QObject {
     }
 
     void everyWindowOpensWholeOnTheScreen() {
-        showSplash(*app);
-        QWidget* splash = windows->window(kFrmSplash);
+        app->start();
+        QWidget* splash = windows->window(FormId::Splash);
         QVERIFY(QTest::qWaitForWindowExposed(splash));
         // A window manager frames a window a moment after it shows: wait for it to settle there.
         QTRY_VERIFY2(onScreen(splash), qPrintable(where(splash)));
-        app->actions.click(Target(kFrmSplash, Ctl::cmdOK));
+        app->actions.click(Target(FormId::Splash, Ctl::cmdOK));
         QVERIFY(QTest::qWaitForWindowExposed(&main()));
         QTRY_VERIFY2(onScreen(&main()), qPrintable(where(&main())));
         // Centred, frame included (within the few pixels a frame not yet known can be off by).
@@ -151,11 +163,11 @@ class WindowFitTest : public QObject {
         for (int i = 0; i < 60; ++i)
             listing += "LINE " + std::to_string(i) + std::string(120, '-') + "\r\n";
         writeFile(dir.filePath(QStringLiteral("bent.ebntc")), listing);
-        app->currentFile = project.toStdString();
+        currentFile(*app, project);
 
         app->actions.click(Ctl::mnuAbout);
         app->actions.click(Ctl::mnuPrint);
-        app->actions.click(Target(kFrmIPrinter, Ctl::printPreview));
+        app->actions.click(Target(FormId::Printer, Ctl::printPreview));
         app->actions.click(Ctl::lblViewDimension);
         app->actions.click(Ctl::mnuTarnwickHelp);
         QApplication::processEvents();
@@ -176,10 +188,10 @@ class WindowFitTest : public QObject {
         for (int i = 1; i <= 120; ++i)
             listing += "LINE " + std::to_string(i) + "\r\n";
         writeFile(dir.filePath(QStringLiteral("long.ebntc")), listing);
-        app->currentFile = project.toStdString();
+        currentFile(*app, project);
         app->actions.click(Ctl::mnuPrint);
-        app->actions.click(Target(kFrmIPrinter, Ctl::printPreview));
-        QWidget* preview = windows->window(kFrmViewTest);
+        app->actions.click(Target(FormId::Printer, Ctl::printPreview));
+        QWidget* preview = windows->window(FormId::Preview);
         QVERIFY(QTest::qWaitForWindowExposed(preview));
         auto* text = preview->findChild<QPlainTextEdit*>(QStringLiteral("rtOpen"));
         const QFontMetrics fm(text->font());
@@ -306,10 +318,13 @@ class WindowFitTest : public QObject {
         QVERIFY(main().isWindowModified());
         QCOMPARE(app->main().caption, std::string("Norvale-Tarnwick"));
 
+        // Run on a project in a folder with a dot: the outputs go where its name is cut.
         const QString project = QDir(dir.path()).filePath(QStringLiteral("v1.2/bent.ebnt"));
-        app->currentFile = project.toStdString();
-        app->runOutputBase = QDir(dir.path()).filePath(QStringLiteral("v1")).toStdString();
-        app->actions.selectTab(0);
+        QVERIFY(QDir().mkpath(QFileInfo(project).path()));
+        currentFile(*app, project);
+        system->ini["microstation/dgnbatch"] = "/bin/true";
+        app->actions.click(Ctl::mnuRun);
+        QVERIFY(QFile::exists(project));
         auto* path = main().findChild<QLabel*>(QStringLiteral("currentFilePath"));
         QCOMPARE(path->text(), project);
         QVERIFY2(main().statusBar()->currentMessage().contains(dir.path()),
@@ -320,11 +335,13 @@ class WindowFitTest : public QObject {
         auto* bar = main().findChild<QToolBar*>(QStringLiteral("Toolbar1"));
         QStringList keys, tips;
         for (QAction* a : bar->actions()) {
+            if (a->isSeparator()) continue;
             keys << a->data().toString();
             tips << a->toolTip();
             QVERIFY(!a->icon().isNull());
         }
-        QCOMPARE(keys, (QStringList{"New", "Open", "Save", "Run", "Print", "Exit"}));
+        QCOMPARE(keys, (QStringList{"New", "Open", "Save", "Run", "Print", "Exit", "Undo", "Redo"}));
+        QVERIFY2(tips.contains(QStringLiteral("Undo (Ctrl+Z)")), qPrintable(tips.join('|')));
         QVERIFY2(tips.contains(QStringLiteral("Print (Ctrl+P)")), qPrintable(tips.join('|')));
         QVERIFY2(tips.contains(QStringLiteral("Run (F5)")), qPrintable(tips.join('|')));
     }

@@ -109,11 +109,11 @@ class WindowSafetyTest : public QObject {
         QFile::copy(QStringLiteral(TW_SOURCE_DIR "/samples/intermediate.ebnt"), project);
         ports = WindowPorts();
         app = std::make_unique<App>(ports, platform, dir.toStdString());
-        loadMainForm(*app);
+        app->loadMainForm();
         window = std::make_unique<MainWindow>(*app);
         ports.status = new RunStatus(window->statusBar());
-        app->actions.afterEach([this] {
-            if (window) window->refresh();
+        app->actions.onChange([this](const ChangeSet& changes) {
+            if (window) window->refresh(changes);
         });
         window->resize(1366, 768);
         window->refresh();
@@ -204,7 +204,7 @@ class WindowSafetyTest : public QObject {
     void aFailureThatEscapesAnEventEndsInTheErrorBox() {
         auto* guarded = qobject_cast<GuardedApplication*>(qApp);
         QVERIFY(guarded);
-        guarded->onFailure = [&](const std::string& what) { app->reportError(internalError(what)); };
+        guarded->onFailure = [&](const std::string& what) { app->reportFailure(what); };
         Faulty faulty;
         QEvent event(QEvent::User);
         QCoreApplication::sendEvent(&faulty, &event);

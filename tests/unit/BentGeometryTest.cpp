@@ -189,10 +189,11 @@ TEST(BentInputs, TheBentShownIsTheOneBeingEnteredOrTheSelectedRow) {
     test::Loaded app;
     app->setComboText(Ctl::cboTybent, "Pile End Bent without Backwall");
     app->setComboText(Ctl::cboNoBeam, "2");
-    app->grid.addItem("3\t\t\t100.00\t100.50\t104.00\t103.00\t104.00\t101.00\t");
-    app->grid.addItem("4\t96.00\t96.50\t101.00\t101.50\t105.00\t105.00\t105.00\t105.00\t");
+    app->changeTable([&](BentTable& t) { t.addItem("3\t\t\t100.00\t100.50\t104.00\t103.00\t104.00\t101.00\t"); });
+    app->changeTable(
+        [&](BentTable& t) { t.addItem("4\t96.00\t96.50\t101.00\t101.50\t105.00\t105.00\t105.00\t105.00\t"); });
     // Nothing selected, nothing entered: the last bent.
-    BentInputs in = readBentInputs(*app);
+    BentInputs in = readBentInputs(app->project(), std::nullopt, {app->focus(), app->selection().row});
     EXPECT_EQ(in.bentLabel, "Bent 4");
     EXPECT_FALSE(in.bottomComputed);
     EXPECT_EQ(in.bottomLeft.text, "96.00");
@@ -200,8 +201,8 @@ TEST(BentInputs, TheBentShownIsTheOneBeingEnteredOrTheSelectedRow) {
     EXPECT_TRUE(in.leftLevel);
     EXPECT_EQ(in.leftTop.text, "105.00");
     // A selected row; its two different wingwall tops make a sloped wingwall.
-    app->grid.select(1, 1);
-    in = readBentInputs(*app);
+    app->select(1, 1);
+    in = readBentInputs(app->project(), std::nullopt, {app->focus(), app->selection().row});
     EXPECT_EQ(in.bentLabel, "Bent 3");
     EXPECT_TRUE(in.bottomComputed);
     EXPECT_FALSE(in.rightLevel);
@@ -210,11 +211,11 @@ TEST(BentInputs, TheBentShownIsTheOneBeingEnteredOrTheSelectedRow) {
     EXPECT_EQ(in.rightFrontTop.id, CtlId(Ctl::txtElevationTopRighFront));
     // Typing a bent: the entry fields.
     app->setText(CtlId(Ctl::txtEStepPI, 0), "99.00");
-    in = readBentInputs(*app);
+    in = readBentInputs(app->project(), std::nullopt, {app->focus(), app->selection().row});
     EXPECT_EQ(in.bentLabel, "Bent being entered");
     EXPECT_EQ(in.stepElevations[0].text, "99.00");
     // A row asked for by number.
-    in = readBentInputs(*app, 2);
+    in = readBentInputs(app->project(), 2);
     EXPECT_EQ(in.bentLabel, "Bent 4");
 }
 

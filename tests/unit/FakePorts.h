@@ -1,15 +1,20 @@
 // Ports for unit tests: answers from queues, everything recorded.
 #pragma once
 
-#include "core/App.h"
+#include "core/app/App.h"
+#include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
+#include "core/form/Recovery.h"
 #include "core/ports.h"
+#include "platform/FileRead.h"
 
 #include <deque>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -78,6 +83,12 @@ class FakePorts : public UserPorts, public SystemPorts {
         return processResult;
     }
     void cancelWaits() override { ++cancels; }
+    // A read fails with this, when set: faults a disk can have.
+    std::optional<ReadResult> readFault;
+    ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
+        if (readFault) return *readFault;
+        return readRegularFile(path, maxBytes);
+    }
     // The bytes as they are, no more: the careful writing is the platform's, tested there.
     WriteResult writeFile(const std::string& path, const std::string& bytes) override {
         std::ofstream out(path, std::ios::binary | std::ios::trunc);
@@ -115,16 +126,41 @@ class FakePorts : public UserPorts, public SystemPorts {
     void pictureLoaded(const std::string& c, const std::string& f) override { log.push_back("picture " + c + " " + f); }
 };
 
-// A program with its main form loaded, as after the splash.
+// The form's logic with its main form loaded, as after the splash: what
+// the handlers see.
 struct Loaded {
     FakePorts ports;
-    std::unique_ptr<App> app;
+    std::unique_ptr<Session> session;
     explicit Loaded(const std::string& programDir = "/nonexistent") {
+        session = std::make_unique<Session>(ports, ports, programDir);
+        loadMainForm(*session);
+        session->takeLog();
+    }
+    Session& operator*() { return *session; }
+    Session* operator->() { return session.get(); }
+};
+
+// The whole program as a front end sees it: its state read, its commands given.
+struct Program {
+    FakePorts ports;
+    std::unique_ptr<App> app;
+    explicit Program(const std::string& programDir = "/nonexistent") {
         app = std::make_unique<App>(ports, ports, programDir);
-        loadMainForm(*app);
+        app->loadMainForm();
     }
     App& operator*() { return *app; }
     App* operator->() { return app.get(); }
 };
+
+// Puts a project made on a form of its own onto the program, the way a
+// restored recovery file brings one back: a front end's road for a whole
+// project. False when the program refused it.
+inline bool bring(App& app, const std::function<void(Session&)>& make) {
+    FakePorts ports;
+    Session s(ports, ports, app.programDir());
+    loadMainForm(s);
+    make(s);
+    return app.actions.restore(composeRecovery(s));
+}
 
 } // namespace tw::test

@@ -1,8 +1,11 @@
 // Key filters, and the handlers that ignore texts they do not know.
 #include "FakePorts.h"
 
-#include "core/form/NumericEntry.h"
+#include "core/drawing/SketchTable.h"
+#include "core/form/BentCommands.h"
 #include "core/form/MainForm.h"
+#include "core/form/NumericEntry.h"
+#include "core/output/Outputs.h"
 
 #include <gtest/gtest.h>
 
@@ -56,17 +59,16 @@ TEST(Sections, AnUnknownBentTypeChangesNothing) {
     test::Loaded app;
     app->setText(Ctl::txtCenterlineDistance, "2.0000");
     const auto before = app->main().controls().at(Ctl::Frame5).visible;
-    app->ctl(Ctl::cboTybent).listIndex = -1;
-    app->ctl(Ctl::cboTybent).text = "Pile Bent";
+    app->showComboText(Ctl::cboTybent, "Pile Bent");
     applyBentType(*app);
     EXPECT_EQ(app->text(Ctl::txtCenterlineDistance), "2.0000");
     EXPECT_EQ(app->ctl(Ctl::Frame5).visible, before);
-    EXPECT_EQ(app->grid.cols(), 11);
+    EXPECT_EQ(app->table().cols(), 11);
 }
 
 TEST(ClosingValues, SinglePrecisionAndOnlyWithACapLength) {
     test::Loaded app;
-    App& a = *app;
+    Session& a = *app;
     a.setText(CtlId(Ctl::txtCenterline, 0), "10.1000");
     updateCenterlineClosing(a);
     EXPECT_EQ(a.text(CtlId(Ctl::txtCenterline, 20)), "");
@@ -93,18 +95,18 @@ namespace {
 
 TEST(BentCounter, OverflowIsARunTimeErrorAfterTheRowIsIn) {
     test::Loaded app;
-    App& a = *app;
-    a.bentCounter = INT16_MAX;
+    Session& a = *app;
+    a.setBentCounter(INT16_MAX);
     a.setText(Ctl::txtBentNoPI, "1");
     for (int i = 0; i < 4; ++i)
         a.setText(CtlId(Ctl::txtEStepPI, i), "1");
     a.setText(Ctl::txtLwingwallElevation, "2");
     a.setText(Ctl::txtRwingwallElevation, "2");
-    a.fire(CtlId(Ctl::cmdQuantity, 0), Event::Click);
+    a.guarded([&] { bentCommand(a, 0); });
     ASSERT_EQ(app.ports.messages.size(), 1u);
     EXPECT_EQ(app.ports.messages[0].title, "Error");
     EXPECT_NE(app.ports.messages[0].text.find("Overflow"), std::string::npos);
-    EXPECT_EQ(a.bentCounter, INT16_MAX);
+    EXPECT_EQ(a.project().bentCounter, INT16_MAX);
 }
 
 } // namespace

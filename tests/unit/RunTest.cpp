@@ -31,7 +31,8 @@ class RunAfterSave : public ::testing::Test {
         const auto p = dir / name;
         fs::create_directories(p.parent_path());
         std::ofstream(p) << "input";
-        app->dialogFileName = app->currentFile = p.string();
+        app->setDialogFileName(p.string());
+        app->setCurrentFile(p.string());
         return p.string();
     }
     static std::string unpadded(std::string s) {
@@ -175,11 +176,11 @@ TEST_F(RunAfterSave, ExitDuringTheWaitEndsTheProgramAndRunQuietly) {
     app.ports.ini["microstation/dgnbatch"] = "/opt/cad/batch";
     app.ports.duringWait = [&] {
         app.ports.answers = {MsgAnswer::Yes};
-        app->actions.closeWindow(kFrmMain);
+        unloadMainForm(*app);
         app.ports.processResult.end.cancelled = app.ports.cancels > 0;
     };
     runAfterSave(*app);
-    EXPECT_TRUE(app->mainUnloaded);
+    EXPECT_TRUE(app->mainUnloaded());
     EXPECT_EQ(app.ports.cancels, 1);
     ASSERT_EQ(app.ports.messages.size(), 1u);
     EXPECT_EQ(app.ports.messages[0].title, "Confirm Exit");
@@ -233,7 +234,8 @@ TEST_F(RunAfterSave, ABatchProgramThatDrewNothingIsToldWithoutABox) {
 }
 
 TEST_F(RunAfterSave, ANameWithoutADotCannotBeRun) {
-    app->dialogFileName = app->currentFile = (dir / "nodot").string();
+    app->setDialogFileName((dir / "nodot").string());
+    app->setCurrentFile((dir / "nodot").string());
     runAfterSave(*app);
     EXPECT_TRUE(app.ports.engineCalls.empty());
     ASSERT_EQ(app.ports.messages.size(), 1u);

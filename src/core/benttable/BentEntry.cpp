@@ -1,10 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/benttable/BentEntry.h"
 
-#include "core/App.h"
-#include "core/benttable/Layout.h"
-#include "core/model/Choices.h"
-#include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
+#include "core/model/Project.h"
 
 #include <algorithm>
 #include <cctype>
@@ -14,23 +12,25 @@ namespace tw {
 
 namespace {
 
-struct Refusal {};
+// Stops the checks at the first that fails.
+struct Refused {
+    EntryRefusal refusal;
+};
 
 class RowBuilder {
   public:
-    RowBuilder(App& app, bool repeatCheck) : app_(app), repeatCheck_(repeatCheck) {}
+    RowBuilder(const Project& project, bool repeatCheck) : project_(project), repeatCheck_(repeatCheck) {}
 
-    std::optional<std::string> build() {
+    std::variant<std::string, EntryRefusal> build() {
         try {
-            const auto type = bentTypeOf(app_.text(Ctl::cboTybent));
+            const auto type = bentTypeOf(project_.text(Ctl::cboTybent));
             checkBentNumber();
             checkBottomOfCap();
             checkSteps();
             if (type && isEndBent(*type)) checkWingwalls();
             if (type == BentType::EndWithBackwall) checkBackwall();
-        } catch (const Refusal&) {
-            if (appended_) app_.bentRegister.pop_back();
-            return std::nullopt;
+        } catch (const Refused& r) {
+            return r.refusal;
         }
         std::string row;
         for (const auto& c : cells_)
@@ -39,13 +39,11 @@ class RowBuilder {
     }
 
   private:
-    [[noreturn]] void refuse(const std::string& text, std::optional<CtlId> focus) {
-        app_.message(text, kAppTitle, MsgButtons::OK, MsgIcon::Critical);
-        if (focus) app_.setFocus(*focus);
-        throw Refusal{};
+    [[noreturn]] static void refuse(const std::string& text, std::optional<CtlId> focus) {
+        throw Refused{{text, focus}};
     }
-    const std::string& required(const CtlId& id, const std::string& text) {
-        const std::string& t = app_.ctl(id).text;
+    const std::string& required(const CtlId& id, const std::string& text) const {
+        const std::string& t = project_.text(id);
         if (t.empty()) refuse(text, id);
         return t;
     }
@@ -53,30 +51,27 @@ class RowBuilder {
     void checkBentNumber() {
         const std::string& number = required(Ctl::txtBentNoPI, "Please enter the bent number");
         cells_.push_back(number);
-        if (!repeatCheck_) return;
-        auto& reg = app_.bentRegister;
-        reg.push_back(trim(number));
-        appended_ = true;
-        if (app_.bentCounter < 1) return;
-        const bool repeated = std::any_of(reg.begin(), reg.end() - 1,
-                                          [&](const std::string& r) { return sameBentNumber(r, reg.back()); });
-        if (repeated) refuse("You have entered the repeated Bent Number. Please check!", CtlId(Ctl::txtBentNoPI));
+        if (!repeatCheck_ || project_.bentCounter < 1) return;
+        const std::string trimmed = trim(number);
+        const auto& reg = project_.bentRegister;
+        if (std::any_of(reg.begin(), reg.end(), [&](const std::string& r) { return sameBentNumber(r, trimmed); }))
+            refuse("You have entered the repeated Bent Number. Please check!", CtlId(Ctl::txtBentNoPI));
     }
 
     void checkBottomOfCap() {
-        if (app_.listIndex(Ctl::cboBtomCalPI) == 0) {
+        if (project_.value(Ctl::cboBtomCalPI).listIndex == 0) {
             cells_.insert(cells_.end(), {"", ""});
             return;
         }
-        const std::string& left = app_.ctl(Ctl::txtBtLCapPI).text;
-        const std::string& right = app_.ctl(Ctl::txtBtRCapPI).text;
+        const std::string& left = project_.text(Ctl::txtBtLCapPI);
+        const std::string& right = project_.text(Ctl::txtBtRCapPI);
         if (left.empty() || right.empty())
             refuse("You need to complete the Bottom Left Cap Elevation or Bottom Right Cap elevation!", std::nullopt);
         cells_.insert(cells_.end(), {left, right});
     }
 
     void checkSteps() {
-        const int n = std::min(beamCount(app_), 20);
+        const int n = std::min(project_.beams(), 20);
         for (int i = 0; i < n; ++i)
             cells_.push_back(required(CtlId(Ctl::txtEStepPI, i), "Please complete all the step elevation!"));
     }
@@ -84,7 +79,7 @@ class RowBuilder {
     // One wingwall side: its front-face and end values, or none when its
     // level choice is neither Yes nor No.
     std::vector<std::string> wingwall(Ctl choice, Ctl level, Ctl front, Ctl end, const char* side) {
-        const std::string t = app_.text(choice);
+        const std::string& t = project_.text(choice);
         const std::string prefix = std::string("You need to complete the top of the ") + side + " wingwall";
         if (t == "Yes") {
             const std::string& v = required(level, prefix + "!");
@@ -123,9 +118,8 @@ class RowBuilder {
             cells_.push_back(required(ctl, text));
     }
 
-    App& app_;
+    const Project& project_;
     bool repeatCheck_;
-    bool appended_ = false;
     std::vector<std::string> cells_;
 };
 
@@ -137,24 +131,24 @@ bool sameBentNumber(const std::string& a, const std::string& b) {
            });
 }
 
-std::optional<std::string> checkAndBuildRow(App& app, bool repeatCheck) { return RowBuilder(app, repeatCheck).build(); }
+std::variant<std::string, EntryRefusal> checkEntry(const Project& project, bool repeatCheck) {
+    return RowBuilder(project, repeatCheck).build();
+}
 
-void clearEntryFields(App& app, bool resetBottomOfCap) {
-    const auto type = bentTypeOf(app.text(Ctl::cboTybent));
-    app.setText(Ctl::txtBentNoPI, "");
+std::vector<CtlId> enteredFields(std::optional<BentType> type) {
+    std::vector<CtlId> fields = {Ctl::txtBentNoPI};
     for (int i = 0; i < 20; ++i)
-        app.setText(CtlId(Ctl::txtEStepPI, i), "");
-    app.setText(Ctl::txtBtLCapPI, "");
-    app.setText(Ctl::txtBtRCapPI, "");
-    if (resetBottomOfCap) app.setListIndex(Ctl::cboBtomCalPI, 0);
+        fields.emplace_back(Ctl::txtEStepPI, i);
+    fields.insert(fields.end(), {Ctl::txtBtLCapPI, Ctl::txtBtRCapPI});
     if (type && isEndBent(*type))
         for (Ctl c : {Ctl::txtLwingwallElevation, Ctl::txtElevationTopLeftfront, Ctl::txtElevationTopLeftEnd,
                       Ctl::txtRwingwallElevation, Ctl::txtElevationTopRighFront, Ctl::txtElevationTopRighEnd})
-            app.setText(c, "");
+            fields.emplace_back(c);
     if (type == BentType::EndWithBackwall)
         for (Ctl c : {Ctl::txtTopLeftEndPost, Ctl::txtTopRightEndPost, Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall,
                       Ctl::txtTopRightBackwall})
-            app.setText(c, "");
+            fields.emplace_back(c);
+    return fields;
 }
 
 } // namespace tw

@@ -1,25 +1,35 @@
-// The bent table's commands: the entry checks that guard Add, Insert and
-// Replace, and the row operations.
+// SPDX-License-Identifier: Apache-2.0
+// The checks that guard Add, Insert and Replace: the entry fields of one bent
+// looked at in their fixed order, and the row they make.
 #pragma once
+
+#include "core/model/Choices.h"
+#include "core/model/Controls.h"
 
 #include <optional>
 #include <string>
+#include <variant>
+#include <vector>
 
 namespace tw {
 
-class App;
+class Project;
 
-// Checks the entry fields in their fixed order and builds the row (cells
-// each followed by a tab). On the first failure the user is told, the
-// focus moves where the check says, and nothing is returned. With
-// `repeatCheck` the trimmed bent number joins the register, and leaves it
-// again on any failure.
-std::optional<std::string> checkAndBuildRow(App& app, bool repeatCheck);
+// The first check that failed: what the user is told, and where the focus goes.
+struct EntryRefusal {
+    std::string message;
+    std::optional<CtlId> focus;
+};
+
+// The row of the entry fields (cells each followed by a tab), or the first
+// check that failed. With `repeatCheck` a bent number already in the register
+// is refused (once the counter counts a bent).
+std::variant<std::string, EntryRefusal> checkEntry(const Project& project, bool repeatCheck);
 
 // Bent numbers are compared without regard to case.
 bool sameBentNumber(const std::string& a, const std::string& b);
 
-// Empties the entry fields after a bent entered the table.
-void clearEntryFields(App& app, bool resetBottomOfCap);
+// The entry fields a bent leaves empty once it entered the table, for this bent type.
+std::vector<CtlId> enteredFields(std::optional<BentType> type);
 
 } // namespace tw

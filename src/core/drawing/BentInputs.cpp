@@ -1,8 +1,8 @@
 #include "core/drawing/BentInputs.h"
 
-#include "core/App.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
+#include "core/model/Project.h"
 
 #include <algorithm>
 #include <utility>
@@ -47,19 +47,19 @@ void name(AngleInput& a, Ctl h, Ctl m, Ctl s, int i) {
 }
 
 // The elevations of the bent being entered, as the entry fields hold them.
-void readEntry(const App& app, BentInputs& in) {
-    auto get = [&](Input& i) { i.text = app.text(i.id); };
-    const std::string number = trim(app.text(Ctl::txtBentNoPI));
+void readEntry(const Project& p, BentInputs& in) {
+    auto get = [&](Input& i) { i.text = p.text(i.id); };
+    const std::string number = trim(p.text(Ctl::txtBentNoPI));
     in.bentLabel = number.empty() ? "Bent being entered" : "Bent " + number + " (being entered)";
-    in.bottomComputed = app.text(Ctl::cboBtomCalPI) != "No";
+    in.bottomComputed = p.text(Ctl::cboBtomCalPI) != "No";
     if (!in.bottomComputed) {
         get(in.bottomLeft);
         get(in.bottomRight);
     }
     for (int i = 0; i < in.beams; ++i)
         get(in.stepElevations[static_cast<std::size_t>(i)]);
-    in.leftLevel = app.text(Ctl::cboTPLwinwall) == "Yes";
-    in.rightLevel = app.text(Ctl::cboTPRwingwall) == "Yes";
+    in.leftLevel = p.text(Ctl::cboTPLwinwall) == "Yes";
+    in.rightLevel = p.text(Ctl::cboTPRwingwall) == "Yes";
     for (Input* i :
          {&in.leftTop, &in.leftFrontTop, &in.leftEndTop, &in.rightTop, &in.rightFrontTop, &in.rightEndTop,
           &in.leftEndPostTop, &in.rightEndPostTop, &in.backwallLeftTop, &in.backwallCenterTop, &in.backwallRightTop})
@@ -67,8 +67,8 @@ void readEntry(const App& app, BentInputs& in) {
 }
 
 // The elevations of one row of the bent table, in its column order.
-void readRow(const App& app, int row, BentInputs& in) {
-    const Grid& g = app.grid;
+void readRow(const Project& p, int row, BentInputs& in) {
+    const BentTable& g = p.table();
     auto cell = [&](int c) { return c < g.cols() ? trim(g.cell(row, c)) : std::string(); };
     in.bentLabel = "Bent " + cell(0);
     in.bottomComputed = !isNumeric(cell(1)) && !isNumeric(cell(2));
@@ -136,14 +136,14 @@ BentInputs::BentInputs() {
     backwallRightTop.id = Ctl::txtTopRightBackwall;
 }
 
-BentInputs readBentInputs(const App& app, std::optional<int> row) {
+BentInputs readBentInputs(const Project& p, std::optional<int> row, const Looking& at) {
     BentInputs in;
-    in.typeText = app.text(Ctl::cboTybent);
+    in.typeText = p.text(Ctl::cboTybent);
     in.type = bentTypeOf(in.typeText);
     for (int i = 0; i < 3; ++i)
-        in.projectInfo[static_cast<std::size_t>(i)] = app.text(CtlId(Ctl::txtProjectInfo, i));
-    in.beams = std::clamp(static_cast<int>(leadingNumber(app.text(Ctl::cboNoBeam))), 0, 20);
-    auto get = [&](Input& i) { i.text = app.text(i.id); };
+        in.projectInfo[static_cast<std::size_t>(i)] = p.text(CtlId(Ctl::txtProjectInfo, i));
+    in.beams = std::clamp(static_cast<int>(p.leading(Ctl::cboNoBeam)), 0, 20);
+    auto get = [&](Input& i) { i.text = p.text(i.id); };
     for (Input* i :
          {&in.capLength, &in.capWidth, &in.capDepth, &in.transWidth, &in.longWidth, &in.bearingDistance,
           &in.endPostWidth, &in.endPostLength, &in.wingwallLength, &in.pileBoxDistance1, &in.pileBoxDistance2})
@@ -157,31 +157,31 @@ BentInputs readBentInputs(const App& app, std::optional<int> row) {
         get(in.beamAngles[k].seconds);
     }
     get(in.centerlines[20]);
-    const std::string skew = app.text(Ctl::cboBSkew);
+    const std::string skew = p.text(Ctl::cboBSkew);
     in.skew = skew == "Right" ? Skew::Right : skew == "Left" ? Skew::Left : Skew::None;
-    in.anglesAlike = app.text(Ctl::cboAngleType) != "No";
-    in.wingsParallel = app.text(Ctl::cboWingParallel) != "No";
+    in.anglesAlike = p.text(Ctl::cboAngleType) != "No";
+    in.wingsParallel = p.text(Ctl::cboWingParallel) != "No";
     for (AngleInput* a : {&in.leftWing, &in.rightWing}) {
         get(a->degrees);
         get(a->minutes);
         get(a->seconds);
     }
-    in.pileBoxes = std::clamp(static_cast<int>(leadingNumber(app.text(Ctl::cboWingwallPileBox))), 0, 3);
-    in.batteredDrawn = app.text(Ctl::cboBatterPile) == "Yes";
-    in.battered = std::clamp(static_cast<int>(leadingNumber(app.text(Ctl::cboBatteredPile))), 0, 6);
+    in.pileBoxes = std::clamp(static_cast<int>(leadingNumber(p.text(Ctl::cboWingwallPileBox))), 0, 3);
+    in.batteredDrawn = p.text(Ctl::cboBatterPile) == "Yes";
+    in.battered = std::clamp(static_cast<int>(leadingNumber(p.text(Ctl::cboBatteredPile))), 0, 6);
     for (auto& s : in.batterSpacing)
         get(s);
-    in.pileType = app.text(Ctl::cboTypeOfPile);
+    in.pileType = p.text(Ctl::cboTypeOfPile);
 
-    const Grid& g = app.grid;
+    const BentTable& g = p.table();
     if (row) {
         if (*row >= 1 && *row < g.rows())
-            readRow(app, *row, in);
+            readRow(p, *row, in);
         else
-            readEntry(app, in);
+            readEntry(p, in);
         return in;
     }
-    const auto focus = app.focus();
+    const auto focus = at.focus;
     bool entering = focus && isBentEntry(*focus);
     std::vector<CtlId> entry = {Ctl::txtBentNoPI,
                                 Ctl::txtBtLCapPI,
@@ -200,12 +200,12 @@ BentInputs readBentInputs(const App& app, std::optional<int> row) {
     for (int i = 0; i < in.beams; ++i)
         entry.emplace_back(Ctl::txtEStepPI, i);
     for (const auto& id : entry)
-        if (!trim(app.text(id)).empty()) entering = true;
+        if (!trim(p.text(id)).empty()) entering = true;
     if (!entering && g.rows() > 1) {
-        readRow(app, g.row() >= 1 && g.row() < g.rows() ? g.row() : g.rows() - 1, in);
+        readRow(p, at.currentRow >= 1 && at.currentRow < g.rows() ? at.currentRow : g.rows() - 1, in);
         return in;
     }
-    readEntry(app, in);
+    readEntry(p, in);
     return in;
 }
 

@@ -12,7 +12,7 @@
 #include <string>
 
 namespace tw {
-class App;
+class Project;
 }
 
 namespace tw::drawing {
@@ -84,11 +84,18 @@ struct BentInputs {
     friend bool operator==(const BentInputs&, const BentInputs&) = default;
 };
 
+// Where the engineer is looking: the control with the focus and the bent
+// table's current row.
+struct Looking {
+    std::optional<CtlId> focus;
+    int currentRow = 0;
+};
+
 // The inputs of the project and the elevations of one bent: row `row` of the
 // bent table, or with no row given, the bent the engineer is looking at: the
 // entry fields while one of them has the focus or holds a value, else the
 // selected row, else the first row, else the (empty) entry fields.
-BentInputs readBentInputs(const App& app, std::optional<int> row = std::nullopt);
+BentInputs readBentInputs(const Project& project, std::optional<int> row = std::nullopt, const Looking& at = {});
 
 // The control whose shapes stand for `focused`: the three parts of an angle
 // are one angle on the drawing, shown by its degrees.

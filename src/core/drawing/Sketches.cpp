@@ -1,6 +1,6 @@
 #include "core/drawing/Sketches.h"
 
-#include "core/output/Outputs.h"
+#include "core/drawing/SketchTable.h"
 
 namespace tw::drawing {
 
@@ -29,8 +29,9 @@ BentInputs typicalProject(BentType type) {
     in.centerlines[20].text = "6.0000";
     in.skew = Skew::Right;
     in.anglesAlike = true;
-    in.beamAngles[0] = {
-        {in.beamAngles[0].degrees.id, "80"}, {in.beamAngles[0].minutes.id, "0"}, {in.beamAngles[0].seconds.id, "0.0"}};
+    in.beamAngles[0].degrees.text = "80";
+    in.beamAngles[0].minutes.text = "0";
+    in.beamAngles[0].seconds.text = "0.0";
     in.wingsParallel = false;
     in.leftWing.degrees.text = "80";
     in.rightWing.degrees.text = "100";

@@ -1,20 +1,99 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/form/FileCommands.h"
 
-#include "core/App.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
+#include "core/model/Numeric.h"
+
+#include <optional>
 
 namespace tw {
 
 namespace {
 
+// What a save asks at its place in the file: the message about too many
+// bents, and the check of the pile-box distances of parallel wingwalls.
+class SaveChecks : public SaveHooks {
+  public:
+    explicit SaveChecks(Session& s) : s_(s) {}
+
+    void tooManyBents() override {
+        s_.message("You can use a maximum of only 99 bents.", kAppTitle, MsgButtons::OK, MsgIcon::None);
+    }
+
+    bool pileBoxCheck() override {
+        const double first = s_.project().leading(Ctl::txtPileBoxDistance1);
+        const double second = s_.project().leading(Ctl::txtPileBoxDistance2);
+        if (second > first) {
+            s_.message("The first pile box value should be greater than the second pile box value",
+                       "Incorrect Pile Box Value", MsgButtons::OKCancel, MsgIcon::None);
+            const std::string t = s_.text(Ctl::txtPileBoxDistance1);
+            s_.setText(Ctl::txtPileBoxDistance1, s_.text(Ctl::txtPileBoxDistance2));
+            s_.setText(Ctl::txtPileBoxDistance2, t);
+            return true;
+        }
+        if (second < first) return true;
+        s_.message("The first pile box should be greater then the second pile box!", "Warning", MsgButtons::OK,
+                   MsgIcon::Critical);
+        selectTab(s_, kPileBoxTab);
+        s_.setFocus(Ctl::txtPileBoxDistance1);
+        s_.selectAll(Ctl::txtPileBoxDistance1);
+        return false;
+    }
+
+  private:
+    Session& s_;
+};
+
+// Fills the form as the file is read: choices run their change handlers,
+// as when the user picks them; the bent rows go into the table at once.
+class FormFill : public ReadSink {
+  public:
+    explicit FormFill(Session& s) : s_(s) {}
+
+    const Project& project() const override { return s_.project(); }
+    void setText(const CtlId& id, const std::string& text) override { s_.setText(id, text); }
+    bool setChoice(Ctl ctl, const std::string& text) override {
+        const auto& items = s_.ctl(ctl).items;
+        if (std::find(items.begin(), items.end(), text) == items.end()) return false;
+        finish();
+        s_.setComboText(ctl, text);
+        return true;
+    }
+    void addBent(const std::string& tabbedCells, const std::string& number) override {
+        pending().addItem(tabbedCells);
+        if (!register_) register_ = s_.project().bentRegister;
+        register_->push_back(number);
+    }
+    void setCell(int row, int column, const std::string& text) override { pending().setCell(row, column, text); }
+    void setBentCounter(std::int16_t count) override {
+        finish();
+        s_.setBentCounter(count);
+    }
+    // What was read goes onto the form, also when the file then failed.
+    void finish() {
+        if (table_) s_.changeTable([&](BentTable& t) { t = *std::exchange(table_, std::nullopt); });
+        if (register_) s_.setBentRegister(*std::exchange(register_, std::nullopt));
+    }
+
+  private:
+    BentTable& pending() {
+        if (!table_) table_ = s_.table();
+        return *table_;
+    }
+    Session& s_;
+    std::optional<BentTable> table_;
+    std::optional<std::vector<std::string>> register_;
+};
+
 // A cancelled file dialog ends its command quietly, as the old dialog's
 // cancel error did.
-std::string chooseFile(App& app, const FileDialogRequest& request) {
-    auto path = app.user.fileDialog(request);
+std::string chooseFile(Session& s, const FileDialogRequest& request) {
+    auto path = s.user.fileDialog(request);
     if (!path) throw RuntimeError(err::kCancel, "Cancel was selected.");
-    app.dialogFileName = *path;
+    s.setDialogFileName(*path);
     return *path;
 }
 
@@ -29,84 +108,110 @@ FileDialogRequest saveDialog(const char* filter, const char* defaultExt, const s
     return r;
 }
 
-bool writeAndCaption(App& app, const std::string& path) {
-    if (!writeInputFile(app, path)) return false;
-    setMainCaption(app, true);
+bool writeAndCaption(Session& s, const std::string& path) {
+    if (!writeInputFile(s, path)) return false;
+    setMainCaption(s, true);
     // A file the pile-box check cut short holds less than the form: the
     // project is still unsaved, and kept safe as such.
-    if (app.saveFailed)
-        app.markUnsaved();
+    if (s.project().saveFailed)
+        s.markUnsaved();
     else
-        app.markSaved();
+        s.markSaved();
     return true;
 }
 
-void newProject(App& app) {
-    if (app.message("Do you want to clear the form and start over?", "Clear Form Confirmation", MsgButtons::YesNo,
-                    MsgIcon::None) == MsgAnswer::Yes)
-        resetForm(app);
+void readProject(Session& s, const std::string& path) {
+    resetForm(s);
+    if (readInputFile(s, path)) {
+        setMainCaption(s, true);
+        s.markSaved();
+    } else {
+        resetForm(s); // never leave a half-read project on the form
+    }
 }
 
-void readProject(App& app, const std::string& path) {
-    resetForm(app);
-    if (readInputFile(app, path)) {
-        setMainCaption(app, true);
-        app.markSaved();
-    } else
-        resetForm(app); // never leave a half-read project on the form
+// False when the file could not be written at all.
+bool saveSteps(Session& s) {
+    if (!hasCurrentFile(s)) {
+        const std::string path =
+            chooseFile(s, saveDialog("Tarnwick Input Files (*.ebnt)|*.ebnt", "ibnt", s.dialogFileName()));
+        return writeAndCaption(s, path);
+    }
+    if (s.message("Save file as " + s.dialogFileName(), "Confirm Save", MsgButtons::YesNo, MsgIcon::None) ==
+        MsgAnswer::Yes)
+        return writeAndCaption(s, s.dialogFileName());
+    const std::string path =
+        chooseFile(s, saveDialog("Concrete Bent Input Files (*.ebnt)|*.ebnt", "ebnt", s.dialogFileName()));
+    return writeAndCaption(s, path);
 }
 
-void openProject(App& app) {
+} // namespace
+
+void newProject(Session& s) {
+    if (s.message("Do you want to clear the form and start over?", "Clear Form Confirmation", MsgButtons::YesNo,
+                  MsgIcon::None) == MsgAnswer::Yes)
+        resetForm(s);
+}
+
+void openProject(Session& s) {
     FileDialogRequest r;
     r.kind = FileDialogKind::Open;
     r.title = "open";
     r.filter = "IBnt Files(*.ebnt)|*.ebnt";
     r.defaultExt = "ebnt";
-    const std::string previous = app.dialogFileName;
+    const std::string previous = s.dialogFileName();
     r.fileName = previous;
-    const std::string path = chooseFile(app, r);
-    if (!hasCurrentFile(app) || path != previous) {
-        readProject(app, path);
+    const std::string path = chooseFile(s, r);
+    if (!hasCurrentFile(s) || path != previous) {
+        readProject(s, path);
         return;
     }
-    if (app.message("File is already open.  Revert to last saved copy?", "Open Confirmation", MsgButtons::YesNo,
-                    MsgIcon::None) == MsgAnswer::Yes)
-        readProject(app, path);
+    if (s.message("File is already open.  Revert to last saved copy?", "Open Confirmation", MsgButtons::YesNo,
+                  MsgIcon::None) == MsgAnswer::Yes)
+        readProject(s, path);
 }
 
-// False when the file could not be written at all.
-bool saveSteps(App& app) {
-    if (!hasCurrentFile(app)) {
-        const std::string path =
-            chooseFile(app, saveDialog("Tarnwick Input Files (*.ebnt)|*.ebnt", "ibnt", app.dialogFileName));
-        return writeAndCaption(app, path);
-    }
-    if (app.message("Save file as " + app.dialogFileName, "Confirm Save", MsgButtons::YesNo, MsgIcon::None) ==
-        MsgAnswer::Yes)
-        return writeAndCaption(app, app.dialogFileName);
-    const std::string path =
-        chooseFile(app, saveDialog("Concrete Bent Input Files (*.ebnt)|*.ebnt", "ebnt", app.dialogFileName));
-    return writeAndCaption(app, path);
-}
-
-} // namespace
-
-bool saveProject(App& app) {
+bool saveProject(Session& s) {
     try {
-        if (!saveSteps(app)) return false;
+        if (!saveSteps(s)) return false;
     } catch (const RuntimeError& e) {
-        if (e.number() == err::kCancel) return false;
-        app.reportError(e, "Error Importing Input File(save)");
+        s.reportError(e, "Error Importing Input File(save)");
         return false;
     }
-    return !app.saveFailed;
+    return !s.project().saveFailed;
 }
 
-void installFileCommands(App& app) {
-    app.on(kFrmMain, Ctl::mnuNew, Event::Click, [](App& a, EventArgs&) { a.guarded([&] { newProject(a); }); });
-    app.on(kFrmMain, Ctl::mnuOpen, Event::Click, [](App& a, EventArgs&) { a.guarded([&] { openProject(a); }); });
-    for (Ctl save : {Ctl::mnuSave, Ctl::mnuSaveAs})
-        app.on(kFrmMain, save, Event::Click, [](App& a, EventArgs&) { saveProject(a); });
+InputFileText composeSave(Session& s) {
+    SaveChecks checks(s);
+    return composeInputFile(s.project(), checks);
+}
+
+bool writeInputFile(Session& s, const std::string& path) {
+    return s.guarded([&] {
+        const InputFileText text = composeSave(s);
+        const WriteResult w = s.system.writeFile(path, text.bytes);
+        if (w.errorNumber) throw RuntimeError(w.errorNumber, w.error);
+        s.setSaveFailed(text.aborted);
+    });
+}
+
+void parseProject(Session& s, const std::string& bytes, std::vector<std::string>* notes) {
+    FormFill fill(s);
+    try {
+        parseInputFile(bytes, fill, notes);
+    } catch (...) {
+        fill.finish();
+        throw;
+    }
+    fill.finish();
+}
+
+bool readInputFile(Session& s, const std::string& path, std::vector<std::string>* notes) {
+    return s.guarded([&] {
+        const ReadResult r = s.system.readFile(path, kMaxInputFileBytes);
+        if (r.errorNumber) throw RuntimeError(r.errorNumber, r.error);
+        parseProject(s, r.bytes, notes);
+    });
 }
 
 } // namespace tw

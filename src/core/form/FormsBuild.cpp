@@ -1,7 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 // Design-time state of every form: kinds, captions, item lists, positions.
 #include "core/form/Forms.h"
 
-#include "core/App.h"
+#include "core/form/Session.h"
 #include "core/model/Choices.h"
 #include "core/model/Inputs.h"
 
@@ -50,16 +51,19 @@ class Builder {
         ctl.caption = caption;
         return ctl;
     }
-    void menu(Ctl c, const std::string& caption) { add(c, Kind::Menu).caption = caption; }
+    Control& menu(Ctl c, const std::string& caption) {
+        auto& m = add(c, Kind::Menu);
+        m.caption = caption;
+        return m;
+    }
 
   private:
     Form& f_;
 };
 
 // Builds a form of this caption and size (twips); `controls` adds its controls.
-template <class Controls>
-Form buildForm(const char* name, std::string caption, int width, int height, Controls controls) {
-    Form f(name);
+template <class Controls> Form buildForm(FormId id, std::string caption, int width, int height, Controls controls) {
+    Form f(id);
     f.caption = std::move(caption);
     f.width = width;
     f.height = height;
@@ -207,13 +211,17 @@ void addMenus(Builder& b) {
         {Ctl::mnuTarnwickHelp, "&Tarnwick Help"},
         {Ctl::mnuBreak5, "-"},
         {Ctl::mnuAbout, "&About"},
+        {Ctl::mnuEdit, "&Edit"},
+        {Ctl::mnuUndo, "Undo"},
+        {Ctl::mnuRedo, "Redo"},
     };
     for (const auto& [c, caption] : menus)
-        b.menu(c, caption);
+        // Nothing to undo or redo yet.
+        b.menu(c, caption).enabled = c != Ctl::mnuUndo && c != Ctl::mnuRedo;
 }
 
 Form buildMain() {
-    Form f = buildForm(kFrmMain, kAppTitle, 15360, 10800, [](Builder& b) {
+    Form f = buildForm(FormId::Main, kAppTitle, 15360, 10800, [](Builder& b) {
         addInputs(b);
         addFrames(b);
         addMenus(b);
@@ -260,16 +268,16 @@ void printerControls(Builder& b) {
 std::vector<Form> buildForms() {
     std::vector<Form> forms;
     forms.push_back(buildMain());
-    forms.push_back(buildForm(kFrmSplash, "", 7200, 4800, [](Builder& b) { titleControls(b, true); }));
-    forms.push_back(buildForm(kFrmAbout, std::string("About ") + kAppTitle, 6000, 3600,
+    forms.push_back(buildForm(FormId::Splash, "", 7200, 4800, [](Builder& b) { titleControls(b, true); }));
+    forms.push_back(buildForm(FormId::About, std::string("About ") + kAppTitle, 6000, 3600,
                               [](Builder& b) { titleControls(b, false); }));
-    forms.push_back(buildForm(kFrmIPrinter, "Printer", 6000, 2400, printerControls));
-    forms.push_back(buildForm(kFrmViewTest, "Print Preview", 12000, 9000, [](Builder& b) {
+    forms.push_back(buildForm(FormId::Printer, "Printer", 6000, 2400, printerControls));
+    forms.push_back(buildForm(FormId::Preview, "Print Preview", 12000, 9000, [](Builder& b) {
         b.add(Ctl::rtOpen, Kind::RichText);
         b.button(Ctl::cmdQuit, "&Exit");
         b.add(Ctl::comView, Kind::Dialog);
     }));
-    forms.push_back(buildForm(kFrmPicView, "", 9000, 7200, [](Builder& b) {
+    forms.push_back(buildForm(FormId::Picture, "", 9000, 7200, [](Builder& b) {
         b.add(Ctl::picViewImage, Kind::Picture);
         b.label(Ctl::Label1, "Double click on image to view the full size picture ");
     }));

@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/form/MainForm.h"
 
-#include "core/App.h"
+#include "core/form/Events.h"
 #include "core/form/Forms.h"
+#include "core/form/Session.h"
+#include "core/model/Columns.h"
 #include "core/model/Inputs.h"
 
 #include <cmath>
@@ -10,86 +13,42 @@ namespace tw {
 
 namespace {
 
-void defaults(App& app, std::initializer_list<CtlId> ids) {
+void defaults(Session& s, std::initializer_list<CtlId> ids) {
     for (const auto& id : ids)
-        applyDefault(app, id);
+        applyDefault(s, id);
 }
 
-void defaultItems(App& app, Ctl c, int from, int to) {
+void defaultItems(Session& s, Ctl c, int from, int to) {
     for (int i = from; i <= to; ++i)
-        applyDefault(app, CtlId(c, i));
+        applyDefault(s, CtlId(c, i));
 }
 
-void setWingLabels(App& app, Ctl labels) {
-    app.setCaption(CtlId(labels, 0), kDegreeMark);
-    app.setCaption(CtlId(labels, 1), kMinuteMark);
-    app.setCaption(CtlId(labels, 2), kSecondMark);
+void setWingLabels(Session& s, Ctl labels) {
+    s.setCaption(CtlId(labels, 0), kDegreeMark);
+    s.setCaption(CtlId(labels, 1), kMinuteMark);
+    s.setCaption(CtlId(labels, 2), kSecondMark);
 }
 
-} // namespace
-
-void clearBentTable(App& app) {
-    Grid& g = app.grid;
-    for (int r = 1; r < g.rows(); ++r)
-        for (int c = 0; c < g.cols(); ++c)
-            g.setCell(r, c, "");
-    g.setRows(1);
-    g.setCols(7);
+void clearBentTable(Session& s) {
+    s.changeTable([](BentTable& t) {
+        for (int r = 1; r < t.rows(); ++r)
+            for (int c = 0; c < t.cols(); ++c)
+                t.setCell(r, c, "");
+        t.setRows(1);
+        t.setCols(7);
+    });
 }
 
-void clearBeamRows(App& app) {
+// Empties the cap steps, step elevations and centerline distances of all 20 beams.
+void clearBeamRows(Session& s) {
     for (int i = 0; i < 20; ++i) {
-        defaults(app, {CtlId(Ctl::txtCapStep, i), CtlId(Ctl::txtEStepPI, i), CtlId(Ctl::txtCenterline, i)});
-        app.ctl(CtlId(Ctl::txtCapStep, i)).color = BackColor::Normal;
+        defaults(s, {CtlId(Ctl::txtCapStep, i), CtlId(Ctl::txtEStepPI, i), CtlId(Ctl::txtCenterline, i)});
+        s.setColor(CtlId(Ctl::txtCapStep, i), BackColor::Normal);
     }
 }
 
-// The order of the steps is the old form's: the bent type and the number of
-// beams run their handlers early, and several inputs are set twice.
-void resetForm(App& app) {
-    clearBentTable(app);
-    app.saveFailed = false;
-    app.bentRegister.clear();
-    app.bentCounter = 0;
-    defaultItems(app, Ctl::txtProjectInfo, 0, 2);
-
-    defaults(app, {Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboTybent});
-    setWingLabels(app, Ctl::lblWingLAngle);
-    setWingLabels(app, Ctl::lblWingRAngle);
-
-    defaults(app, {Ctl::txtCapLength, Ctl::cboBtomCalPI, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn,
-                   Ctl::cboTPLwinwall, Ctl::cboTPRwingwall, Ctl::cboWingParallel, Ctl::cboWingwallPileBox,
-                   Ctl::cboBatterPile});
-    defaults(app, {Ctl::txtCapDepth, Ctl::txtCapWidth, Ctl::txtLongWidth, Ctl::txtTransWidth, Ctl::txtWingwallLength,
-                   Ctl::txtPileBoxDistance1, Ctl::txtPileBoxDistance2, Ctl::txtLengthEndPost, Ctl::txtWidthEndPost});
-    defaultItems(app, Ctl::txtWinLAngle, 0, 2);
-    defaultItems(app, Ctl::txtWinRAngle, 0, 2);
-
-    defaults(app,
-             {Ctl::txtBentNoPI, Ctl::cboBtomCalPI, Ctl::txtBtLCapPI, Ctl::txtBtRCapPI, Ctl::txtLwingwallElevation,
-              Ctl::txtElevationTopLeftfront, Ctl::txtElevationTopLeftEnd, Ctl::txtRwingwallElevation,
-              Ctl::txtElevationTopRighFront, Ctl::txtElevationTopRighEnd, Ctl::txtTopLeftEndPost,
-              Ctl::txtTopRightEndPost, Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall, Ctl::txtTopRightBackwall});
-    app.setTop(Ctl::picInnerStep, 0);
-
-    applyDefault(app, Ctl::cboBearingHole);
-    app.ctl(CtlId(Ctl::txtCenterline, 20)).color = BackColor::Normal;
-    applyDefault(app, CtlId(Ctl::txtCenterline, 20));
-    for (Ctl c : {Ctl::txtBeamangleH, Ctl::txtBeamangleM, Ctl::txtBeamangleS})
-        defaultItems(app, c, 0, 19);
-
-    app.setVisible(Ctl::Frame18, false);
-    defaults(app, {Ctl::cboBatteredPile, Ctl::cboTypeOfPile, Ctl::cboStrirrups});
-    defaultItems(app, Ctl::txtBatterPile, 0, 5);
-    app.ctl(CtlId(Ctl::txtBatterPile, 6)).color = BackColor::Normal;
-
-    clearBeamRows(app);
-    setMainCaption(app, false);
-    app.actions.selectTab(0);
-    app.markSaved();
-}
-
-void setupPanes(App& app) {
+// Scroll ranges of the four row panes, from their heights.
+void setupPanes(Session& s) {
     const std::pair<Ctl, std::pair<Ctl, Ctl>> panes[] = {
         {Ctl::vbarscrollerCapStep, {Ctl::picOutterCap, Ctl::picInnerCap}},
         {Ctl::vbarscrollerStepElevation, {Ctl::picOutterStep, Ctl::picInnerStep}},
@@ -97,48 +56,118 @@ void setupPanes(App& app) {
         {Ctl::vbarscrollerBeamAngle, {Ctl::picOutterBeamAngle, Ctl::picInnerBeamAngle}},
     };
     for (const auto& [bar, boxes] : panes) {
-        const int outer = app.ctl(boxes.first).height;
-        const int inner = app.ctl(boxes.second).height;
-        Control& b = app.ctl(bar);
-        b.min = 0;
-        b.max = static_cast<std::int16_t>(std::lround(static_cast<double>(outer - inner)));
-        b.largeChange = outer;
-        b.smallChange = outer / 5;
+        const int outer = s.ctl(boxes.first).height;
+        const int inner = s.ctl(boxes.second).height;
+        s.setScrollRange(bar, 0, static_cast<std::int16_t>(std::lround(static_cast<double>(outer - inner))), outer,
+                         outer / 5);
     }
 }
 
-void loadMainForm(App& app) {
-    Form& f = app.main();
-    f.top = (app.user.screenHeightTwips() - f.height) / 2;
-    f.left = (app.user.screenWidthTwips() - f.width) / 2;
-    f.loaded = true;
-    resetForm(app);
-    setupPanes(app);
+} // namespace
+
+void applyDefault(Session& s, const CtlId& id) {
+    const InputRule& r = inputRule(id);
+    if (r.kind == InputKind::Choice)
+        s.setListIndex(id, r.defaultIndex);
+    else
+        s.setText(id, r.defaultText);
 }
 
-void setMainCaption(App& app, bool fileCurrent) {
-    if (fileCurrent && !app.dialogFileName.empty()) {
-        app.currentFile = app.dialogFileName;
-        const auto slash = app.currentFile.find_last_of("/\\");
-        const std::string name = slash == std::string::npos ? app.currentFile : app.currentFile.substr(slash + 1);
-        app.main().caption = std::string(kAppTitle) + " - [" + name + "]";
+// The order of the steps is the old form's: the bent type and the number of
+// beams run their handlers early, and several inputs are set twice.
+void resetForm(Session& s) {
+    clearBentTable(s);
+    s.setSaveFailed(false);
+    s.setBentRegister({});
+    s.setBentCounter(0);
+    defaultItems(s, Ctl::txtProjectInfo, 0, 2);
+
+    defaults(s, {Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboTybent});
+    setWingLabels(s, Ctl::lblWingLAngle);
+    setWingLabels(s, Ctl::lblWingRAngle);
+
+    defaults(s, {Ctl::txtCapLength, Ctl::cboBtomCalPI, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn,
+                 Ctl::cboTPLwinwall, Ctl::cboTPRwingwall, Ctl::cboWingParallel, Ctl::cboWingwallPileBox,
+                 Ctl::cboBatterPile});
+    defaults(s, {Ctl::txtCapDepth, Ctl::txtCapWidth, Ctl::txtLongWidth, Ctl::txtTransWidth, Ctl::txtWingwallLength,
+                 Ctl::txtPileBoxDistance1, Ctl::txtPileBoxDistance2, Ctl::txtLengthEndPost, Ctl::txtWidthEndPost});
+    defaultItems(s, Ctl::txtWinLAngle, 0, 2);
+    defaultItems(s, Ctl::txtWinRAngle, 0, 2);
+
+    defaults(s, {Ctl::txtBentNoPI, Ctl::cboBtomCalPI, Ctl::txtBtLCapPI, Ctl::txtBtRCapPI, Ctl::txtLwingwallElevation,
+                 Ctl::txtElevationTopLeftfront, Ctl::txtElevationTopLeftEnd, Ctl::txtRwingwallElevation,
+                 Ctl::txtElevationTopRighFront, Ctl::txtElevationTopRighEnd, Ctl::txtTopLeftEndPost,
+                 Ctl::txtTopRightEndPost, Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall, Ctl::txtTopRightBackwall});
+    s.setTop(Ctl::picInnerStep, 0);
+
+    applyDefault(s, Ctl::cboBearingHole);
+    s.setColor(CtlId(Ctl::txtCenterline, 20), BackColor::Normal);
+    applyDefault(s, CtlId(Ctl::txtCenterline, 20));
+    for (Ctl c : {Ctl::txtBeamangleH, Ctl::txtBeamangleM, Ctl::txtBeamangleS})
+        defaultItems(s, c, 0, 19);
+
+    s.setVisible(Ctl::Frame18, false);
+    defaults(s, {Ctl::cboBatteredPile, Ctl::cboTypeOfPile, Ctl::cboStrirrups});
+    defaultItems(s, Ctl::txtBatterPile, 0, 5);
+    s.setColor(CtlId(Ctl::txtBatterPile, 6), BackColor::Normal);
+
+    clearBeamRows(s);
+    setMainCaption(s, false);
+    selectTab(s, 0);
+    s.markSaved();
+    s.startAfresh();
+}
+
+void loadMainForm(Session& s) {
+    const Form& f = s.main();
+    s.placeForm(FormId::Main, (s.user.screenWidthTwips() - f.width) / 2, (s.user.screenHeightTwips() - f.height) / 2);
+    s.load(FormId::Main);
+    resetForm(s);
+    setupPanes(s);
+}
+
+void setMainCaption(Session& s, bool fileCurrent) {
+    if (fileCurrent && !s.dialogFileName().empty()) {
+        s.setCurrentFile(s.dialogFileName());
+        const std::string& path = s.project().currentFile;
+        const auto slash = path.find_last_of("/\\");
+        const std::string name = slash == std::string::npos ? path : path.substr(slash + 1);
+        s.setFormCaption(FormId::Main, std::string(kAppTitle) + " - [" + name + "]");
     } else {
-        app.main().caption = kAppTitle;
+        s.setFormCaption(FormId::Main, kAppTitle);
     }
 }
 
-bool hasCurrentFile(const App& app) { return app.main().caption != kAppTitle; }
+bool hasCurrentFile(const Session& s) { return s.main().caption != kAppTitle; }
 
-bool unloadMainForm(App& app) {
-    if (app.message("Are you sure you want to exit?", "Confirm Exit", MsgButtons::YesNo, MsgIcon::None) !=
-        MsgAnswer::Yes)
+std::string statusBarText(const Session& s) {
+    if (!s.statusText().empty()) return s.statusText();
+    return s.project().currentFile.empty() ? "Not saved yet" : s.project().currentFile;
+}
+
+void selectTab(Session& s, int tab) {
+    s.setValue(Ctl::SSTab1, tab);
+    onTabChanged(s, tab);
+}
+
+void relayoutColumns(Session& s) {
+    const auto type = bentTypeOf(s.text(Ctl::cboTybent));
+    if (!type) return;
+    s.setVisible(Ctl::MSFlexGrid1, true);
+    const auto beams = static_cast<std::int16_t>(s.project().beams());
+    s.changeTable([&](BentTable& t) { layoutColumns(t, *type, beams); });
+}
+
+bool unloadMainForm(Session& s) {
+    if (s.message("Are you sure you want to exit?", "Confirm Exit", MsgButtons::YesNo, MsgIcon::None) != MsgAnswer::Yes)
         return false;
-    for (const auto& [name, form] : app.forms())
-        if (name != kFrmMain) app.closeForm(name);
-    app.mainUnloaded = true;
+    // The other windows close in their names' order, as they always have.
+    for (FormId f : {FormId::About, FormId::Printer, FormId::Picture, FormId::Splash, FormId::Preview})
+        s.closeForm(f);
+    s.setMainUnloaded();
     // A program Run waits for ends with the program, not after it.
-    app.system.cancelWaits();
-    app.closeForm(kFrmMain);
+    s.system.cancelWaits();
+    s.closeForm(FormId::Main);
     return true;
 }
 

@@ -1,36 +1,53 @@
-// Load, reset and unload of the main form.
+// SPDX-License-Identifier: Apache-2.0
+// Load, reset and unload of the main form, its caption, and the rules that
+// show, hide and place its sections.
 #pragma once
+
+#include "core/model/Controls.h"
+
+#include <string>
 
 namespace tw {
 
-class App;
+class Session;
 
 // Centres the main form, resets it and sets up the scrolled panes.
-void loadMainForm(App& app);
+void loadMainForm(Session& s);
 
 // Puts every input, the bent table and its bookkeeping back to the defaults.
-void resetForm(App& app);
-void clearBentTable(App& app);
-// Empties the cap steps, step elevations and centerline distances of all 20 beams.
-void clearBeamRows(App& app);
-// Scroll ranges of the four row panes, from their heights.
-void setupPanes(App& app);
+void resetForm(Session& s);
+// Gives the input its default: the text, or the list position (whose change
+// handler runs, as the old controls did).
+void applyDefault(Session& s, const CtlId& id);
 
 // The window caption: the bare title, or the title and the current file's name.
 // With `fileCurrent` and a dialog file name, that name becomes the current file.
-void setMainCaption(App& app, bool fileCurrent);
+void setMainCaption(Session& s, bool fileCurrent);
 // True while a file is current, judged the old way: by the caption.
-bool hasCurrentFile(const App& app);
+bool hasCurrentFile(const Session& s);
+
+// What the main window's status bar says: its message, or else its
+// permanent text, the current file (or that the project has none).
+std::string statusBarText(const Session& s);
+
+// Brings tab `tab` of SSTab1 to the front, its change handler running.
+void selectTab(Session& s, int tab);
 
 // The sections and repeated rows the bent type, the number of beams and the
 // options show, hide, label and place.
-void applyBentType(App& app);
+void applyBentType(Session& s);
 // Rows for the number of beams: cap steps, step elevations, beam angles, centerline distances.
-void applyBeamCount(App& app);
-void applyBeamAngleRows(App& app);
+void applyBeamCount(Session& s);
+void applyBeamAngleRows(Session& s);
+// A combo box's change handler; a tab's.
+void applyChoice(Session& s, Ctl c);
+void applyTab(Session& s, int tab);
+// Lays out the bent table's columns for the bent type and number of beams
+// the form shows; a text that names no bent type lays out nothing.
+void relayoutColumns(Session& s);
 
 // Asks "Are you sure you want to exit?"; on Yes closes every form. Returns
 // whether the main form was unloaded.
-bool unloadMainForm(App& app);
+bool unloadMainForm(Session& s);
 
 } // namespace tw

@@ -1,12 +1,15 @@
+// SPDX-License-Identifier: Apache-2.0
 // Numeric fields: select on entry, key filter, format on leaving, and the
 // closing values that show what the entered rows leave of the cap length.
 #pragma once
+
+#include "core/model/Controls.h"
 
 #include <string>
 
 namespace tw {
 
-class App;
+class Session;
 
 // The key filter of a numeric field: the key to accept, or 0 to discard it.
 int filterNumericKey(int key, const std::string& text, const std::string& selected, int caret, bool minusAllowed,
@@ -14,9 +17,16 @@ int filterNumericKey(int key, const std::string& text, const std::string& select
 // The bent number takes the digits 1 to 9 only.
 int filterBentNumberKey(int key);
 
-void updateBatteredPileClosing(App& app);
-void updateCenterlineClosing(App& app);
-void updateCapStepClosing(App& app);
-void updateAllClosing(App& app);
+// A number field (or the bent number) of the main form: what happens when
+// it is entered, typed into and left.
+bool isNumberField(const CtlId& id);
+void enterNumber(Session& s, const CtlId& id);
+int numberKey(const Session& s, const CtlId& id, int key);
+void leaveNumber(Session& s, const CtlId& id);
+
+void updateBatteredPileClosing(Session& s);
+void updateCenterlineClosing(Session& s);
+void updateCapStepClosing(Session& s);
+void updateAllClosing(Session& s);
 
 } // namespace tw

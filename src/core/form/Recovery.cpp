@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/form/Recovery.h"
 
-#include "core/App.h"
 #include "core/Quoting.h"
 #include "core/form/MainForm.h"
+#include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Inputs.h"
 
@@ -106,34 +107,34 @@ Kept parse(const std::string& recovery) {
 // stays, as Open sets them: the sections shown follow the last handler, so
 // a restored project shows what the same project opened from its file
 // shows. A text the list does not hold stands as it was kept.
-void choose(App& app, const CtlId& id, const std::string& text) {
-    Control& c = app.ctl(id);
-    for (size_t i = 0; i < c.items.size(); ++i)
-        if (c.items[i] == text) {
-            app.setListIndex(id, static_cast<int>(i));
+void choose(Session& s, const CtlId& id, const std::string& text) {
+    const auto& items = s.ctl(id).items;
+    for (size_t i = 0; i < items.size(); ++i)
+        if (items[i] == text) {
+            s.setListIndex(id, static_cast<int>(i));
             return;
         }
-    c.listIndex = -1;
-    c.text = text;
+    s.showComboText(id, text);
 }
 
 bool isChoice(const CtlId& id) { return inputRule(id).kind == InputKind::Choice; }
 
 } // namespace
 
-std::string composeRecovery(const App& app) {
-    std::string out = describeInputFile(app);
+std::string composeRecovery(const Session& s) {
+    const Project& p = s.project();
+    std::string out = describeInputFile(p);
     auto line = [&](const std::string& l) { out += l + "\r\n"; };
     line(kMarker);
-    line("file " + quote(app.currentFile));
-    line("dialog " + quote(app.dialogFileName));
-    line("counter " + std::to_string(app.bentCounter));
-    line("register" + words(app.bentRegister));
-    line("columns " + std::to_string(app.grid.cols()));
-    for (int r = 1; r < app.grid.rows(); ++r)
-        line("row" + words(app.grid.rowCells(r)));
-    for (const auto& id : projectInputs())
-        line("input " + toString(id) + ' ' + quote(app.text(id)));
+    line("file " + quote(p.currentFile));
+    line("dialog " + quote(s.dialogFileName()));
+    line("counter " + std::to_string(p.bentCounter));
+    line("register" + words(p.bentRegister));
+    line("columns " + std::to_string(p.table().cols()));
+    for (int r = 1; r < p.table().rows(); ++r)
+        line("row" + words(p.table().rowCells(r)));
+    for (int i = 0; i < inputCount(); ++i)
+        line("input " + toString(projectInputs()[static_cast<size_t>(i)]) + ' ' + quote(p.value(i).text));
     return out;
 }
 
@@ -146,38 +147,39 @@ RecoverySummary summarizeRecovery(const std::string& recovery) {
     }
 }
 
-void restoreRecovery(App& app, const std::string& recovery) {
+void restoreRecovery(Session& s, const std::string& recovery) {
     const Kept k = parse(recovery);
-    resetForm(app);
+    resetForm(s);
     // The number of beams and the bent type first: their handlers lay out the
     // sections and the bent table and give defaults that the kept texts override.
     const Ctl layout[] = {Ctl::cboDrScale, Ctl::cboNoBeam, Ctl::cboTybent};
     for (Ctl first : layout)
-        if (auto it = k.inputs.find(first); it != k.inputs.end()) choose(app, first, it->second);
+        if (auto it = k.inputs.find(first); it != k.inputs.end()) choose(s, first, it->second);
     for (const bool choices : {true, false})
         for (const auto& id : projectInputs()) {
             const auto it = k.inputs.find(id);
             if (it == k.inputs.end() || isChoice(id) != choices) continue;
             if (!choices)
-                app.setText(id, it->second);
+                s.setText(id, it->second);
             else if (std::find(std::begin(layout), std::end(layout), id.ctl) == std::end(layout))
-                choose(app, id, it->second);
+                choose(s, id, it->second);
         }
 
-    Grid& g = app.grid;
-    if (k.columns > 0 && g.cols() != k.columns) g.setCols(k.columns);
-    g.setRows(static_cast<int>(k.rows.size()) + 1);
-    for (size_t r = 0; r < k.rows.size(); ++r)
-        for (int c = 0; c < g.cols(); ++c)
-            g.setCell(static_cast<int>(r) + 1, c, k.rows[r][c]);
-    app.bentCounter = static_cast<std::int16_t>(k.counter);
-    app.bentRegister = k.bentRegister;
+    s.changeTable([&](BentTable& g) {
+        if (k.columns > 0 && g.cols() != k.columns) g.setCols(k.columns);
+        g.setRows(static_cast<int>(k.rows.size()) + 1);
+        for (size_t r = 0; r < k.rows.size(); ++r)
+            for (int c = 0; c < g.cols(); ++c)
+                g.setCell(static_cast<int>(r) + 1, c, k.rows[r][static_cast<size_t>(c)]);
+    });
+    s.setBentCounter(static_cast<std::int16_t>(k.counter));
+    s.setBentRegister(k.bentRegister);
 
-    app.dialogFileName = k.currentFile;
-    setMainCaption(app, !k.currentFile.empty());
-    app.dialogFileName = k.dialogFileName;
+    s.setDialogFileName(k.currentFile);
+    setMainCaption(s, !k.currentFile.empty());
+    s.setDialogFileName(k.dialogFileName);
     // Whatever the current file holds, it is not this.
-    app.markUnsaved();
+    s.markUnsaved();
 }
 
 } // namespace tw

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The project kept safe while it holds unsaved changes: the recovery file.
 // It begins with the input file the project would be saved as, so that it
 // opens as one in any case, and goes on with what the form holds beyond
@@ -9,17 +10,18 @@
 
 namespace tw {
 
-class App;
+class Session;
+class Project;
 
 // The recovery file of the project as it stands. Nothing on the form
 // changes and no message is shown.
-std::string composeRecovery(const App& app);
+std::string composeRecovery(const Session& s);
 
 // Puts the project of a recovery file back on the form: every input, the
 // bent table, the bent counter and register, and the current file. The
 // project counts as unsaved. A file that cannot be read is a run-time error
 // and leaves the form as it was.
-void restoreRecovery(App& app, const std::string& recovery);
+void restoreRecovery(Session& s, const std::string& recovery);
 
 // What tells one kept project from another: its file and its first title line
 // (each empty when it has none, or when the recovery file cannot be read).

@@ -1,9 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/form/MainForm.h"
 
-#include "core/App.h"
-#include "core/benttable/Layout.h"
 #include "core/form/Forms.h"
 #include "core/form/NumericEntry.h"
+#include "core/form/Session.h"
 #include "core/model/Choices.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
@@ -12,9 +12,9 @@ namespace tw {
 
 namespace {
 
-void setVisible(App& app, std::initializer_list<CtlId> ids, bool visible) {
+void setVisible(Session& s, std::initializer_list<CtlId> ids, bool visible) {
     for (const auto& id : ids)
-        app.setVisible(id, visible);
+        s.setVisible(id, visible);
 }
 
 // The five questions that only end bents ask, each a label with its combo box.
@@ -56,127 +56,129 @@ const TypeLayout& layoutFor(BentType t) {
 
 // Exactly one of the two wingwall-top panels shows, and it always carries
 // the "... Level" caption; the hidden one's caption is never seen.
-void applyWingwallTop(App& app, Ctl choice, Ctl single, Ctl twoLevels, const char* side) {
+void applyWingwallTop(Session& s, Ctl choice, Ctl single, Ctl twoLevels, const char* side) {
     const std::string level = std::string("Top ") + side + " Wingwall Level";
     const std::string hidden = std::string("Is top ") + (side[0] == 'L' ? "left" : "right") + " wingwall level - Yes";
-    if (app.text(choice) == "Yes") {
-        app.setVisible(single, true);
-        app.setCaption(single, level);
-        app.setVisible(twoLevels, false);
-        app.setCaption(twoLevels, hidden);
+    if (s.text(choice) == "Yes") {
+        s.setVisible(single, true);
+        s.setCaption(single, level);
+        s.setVisible(twoLevels, false);
+        s.setCaption(twoLevels, hidden);
     } else {
-        app.setVisible(single, false);
-        app.setCaption(single, hidden);
-        app.setVisible(twoLevels, true);
-        app.ctl(twoLevels).left = 0;
-        app.setCaption(twoLevels, level);
+        s.setVisible(single, false);
+        s.setCaption(single, hidden);
+        s.setVisible(twoLevels, true);
+        s.setLeft(twoLevels, 0);
+        s.setCaption(twoLevels, level);
     }
 }
 
-void applyBottomOfCap(App& app) {
-    const std::string t = app.text(Ctl::cboBtomCalPI);
+void applyBottomOfCap(Session& s) {
+    const std::string t = s.text(Ctl::cboBtomCalPI);
     if (t != "Yes" && t != "No") return;
-    setVisible(app, {Ctl::txtBtLCapPI, Ctl::txtBtRCapPI, Ctl::Label35, Ctl::Label36, Ctl::Label37}, t == "No");
+    setVisible(s, {Ctl::txtBtLCapPI, Ctl::txtBtRCapPI, Ctl::Label35, Ctl::Label36, Ctl::Label37}, t == "No");
 }
 
-void applyParallelWingwalls(App& app) {
-    const int pos = app.listIndex(Ctl::cboWingParallel);
+void applyParallelWingwalls(Session& s) {
+    const int pos = s.listIndex(Ctl::cboWingParallel);
     if (pos != 0 && pos != 1) return;
     const bool separate = pos == 1;
-    app.setCaption(Ctl::lblWingWallLAngle, separate ? "Enter the left wingwall angle" : "Enter the wingwall angle");
-    app.setVisible(Ctl::lblWingWallRAngle, separate);
+    s.setCaption(Ctl::lblWingWallLAngle, separate ? "Enter the left wingwall angle" : "Enter the wingwall angle");
+    s.setVisible(Ctl::lblWingWallRAngle, separate);
     for (int i = 0; i < 3; ++i) {
-        app.setVisible(CtlId(Ctl::txtWinRAngle, i), separate);
-        app.setVisible(CtlId(Ctl::lblWingRAngle, i), separate);
+        s.setVisible(CtlId(Ctl::txtWinRAngle, i), separate);
+        s.setVisible(CtlId(Ctl::lblWingRAngle, i), separate);
     }
     if (separate) {
-        app.setCaption(CtlId(Ctl::lblWingRAngle, 0), kDegreeMark);
-        app.setCaption(CtlId(Ctl::lblWingRAngle, 1), kMinuteMark);
-        app.setCaption(CtlId(Ctl::lblWingRAngle, 2), kSecondMark);
+        s.setCaption(CtlId(Ctl::lblWingRAngle, 0), kDegreeMark);
+        s.setCaption(CtlId(Ctl::lblWingRAngle, 1), kMinuteMark);
+        s.setCaption(CtlId(Ctl::lblWingRAngle, 2), kSecondMark);
     }
 }
 
-void applyPileBoxes(App& app) {
-    const std::string t = trim(app.text(Ctl::cboWingwallPileBox));
+void applyPileBoxes(Session& s) {
+    const std::string t = trim(s.text(Ctl::cboWingwallPileBox));
     const std::initializer_list<CtlId> first = {Ctl::lblPileD1, Ctl::txtPileBoxDistance1, Ctl::Label26};
     const std::initializer_list<CtlId> second = {Ctl::lblPileD2, Ctl::txtPileBoxDistance2, Ctl::Label27};
     if (t == "0" || t == "1") {
-        setVisible(app, first, false);
-        setVisible(app, second, false);
-        app.setVisible(Ctl::Frame6, false);
-        app.setTop(Ctl::Frame7, 5760); // into the place of the hidden pile-box frame
+        setVisible(s, first, false);
+        setVisible(s, second, false);
+        s.setVisible(Ctl::Frame6, false);
+        s.setTop(Ctl::Frame7, 5760); // into the place of the hidden pile-box frame
     } else if (t == "2" || t == "3") {
-        setVisible(app, first, true);
-        setVisible(app, second, t == "3");
-        app.setVisible(Ctl::Frame6, true);
-        app.setTop(Ctl::Frame7, 7080);
+        setVisible(s, first, true);
+        setVisible(s, second, t == "3");
+        s.setVisible(Ctl::Frame6, true);
+        s.setTop(Ctl::Frame7, 7080);
     }
 }
 
-void applyBatteredPileCount(App& app) {
-    const std::string t = app.text(Ctl::cboBatteredPile);
+void applyBatteredPileCount(Session& s) {
+    const std::string t = s.text(Ctl::cboBatteredPile);
     if (t.size() != 1 || t[0] < '1' || t[0] > '6') return;
     const int count = t[0] - '0';
-    app.setVisible(Ctl::Label80, count > 1);
-    app.setVisible(Ctl::Label81, count > 1);
+    s.setVisible(Ctl::Label80, count > 1);
+    s.setVisible(Ctl::Label81, count > 1);
     for (int i = 0; i < 6; ++i) {
-        app.setVisible(CtlId(Ctl::txtBatterPile, i), false);
-        app.setVisible(CtlId(Ctl::lblBatterPile, i), false);
+        s.setVisible(CtlId(Ctl::txtBatterPile, i), false);
+        s.setVisible(CtlId(Ctl::lblBatterPile, i), false);
     }
     for (int i = 0; i < count; ++i) {
-        app.setVisible(CtlId(Ctl::txtBatterPile, i), true);
-        app.setVisible(CtlId(Ctl::lblBatterPile, i), true);
-        app.setCaption(CtlId(Ctl::lblBatterPile, i), std::to_string(i + 1));
+        s.setVisible(CtlId(Ctl::txtBatterPile, i), true);
+        s.setVisible(CtlId(Ctl::lblBatterPile, i), true);
+        s.setCaption(CtlId(Ctl::lblBatterPile, i), std::to_string(i + 1));
     }
-}
-
-void applyTab(App& app, int tab) {
-    for (int i = 0; i < 3; ++i)
-        app.setVisible(CtlId(Ctl::txtProjectInfo, i), tab == 0);
-    updateAllClosing(app);
 }
 
 } // namespace
 
-void applyBentType(App& app) {
-    const auto type = bentTypeOf(app.text(Ctl::cboTybent));
+void applyBentType(Session& s) {
+    const auto type = bentTypeOf(s.text(Ctl::cboTybent));
     if (!type) return;
     const TypeLayout& l = layoutFor(*type);
-    app.setCaption(Ctl::lblCCapLength, l.capPrompt);
-    app.setCaption(Ctl::lblCCapLength1, "the front face of the cap");
-    app.setVisible(Ctl::lblCCapLength1, l.endBent);
-    setVisible(app, kEndBentQuestions, l.endBent);
-    app.setComboText(Ctl::cboBentDrawn, l.bentDrawn);
-    app.setTop(Ctl::txtCapLength, l.capLengthTop);
-    app.setTop(Ctl::lblCCapLength, l.capPromptTop);
-    app.setTop(Ctl::Label12, l.feetTop);
-    app.setText(Ctl::txtCenterlineDistance, l.centerlineDistance);
-    setVisible(app,
+    s.setCaption(Ctl::lblCCapLength, l.capPrompt);
+    s.setCaption(Ctl::lblCCapLength1, "the front face of the cap");
+    s.setVisible(Ctl::lblCCapLength1, l.endBent);
+    setVisible(s, kEndBentQuestions, l.endBent);
+    s.setComboText(Ctl::cboBentDrawn, l.bentDrawn);
+    s.setTop(Ctl::txtCapLength, l.capLengthTop);
+    s.setTop(Ctl::lblCCapLength, l.capPromptTop);
+    s.setTop(Ctl::Label12, l.feetTop);
+    s.setText(Ctl::txtCenterlineDistance, l.centerlineDistance);
+    setVisible(s,
                {Ctl::Frame3, Ctl::Frame5, Ctl::Frame6, Ctl::Frame18, Ctl::picOutterWingwall, Ctl::vbarscrollerWingwall},
                l.endBent);
-    setVisible(app, {Ctl::Frame7, Ctl::Frame13}, l.backwall);
-    app.setTop(Ctl::Frame4, l.capStepsTop);
-    app.setTop(Ctl::vbarscrollerCapStep, l.capStepBarTop);
-    app.setTop(Ctl::MSFlexGrid1, l.gridTop);
-    app.setTop(Ctl::cmdMoveUp, l.gridTop);
-    app.setTop(Ctl::cmdMoveDown, l.gridTop + 720);
+    setVisible(s, {Ctl::Frame7, Ctl::Frame13}, l.backwall);
+    s.setTop(Ctl::Frame4, l.capStepsTop);
+    s.setTop(Ctl::vbarscrollerCapStep, l.capStepBarTop);
+    s.setTop(Ctl::MSFlexGrid1, l.gridTop);
+    s.setTop(Ctl::cmdMoveUp, l.gridTop);
+    s.setTop(Ctl::cmdMoveDown, l.gridTop + 720);
     for (int i = 0; i < 6; ++i)
-        app.setTop(CtlId(Ctl::cmdQuantity, i), l.buttonsTop);
-    relayoutColumns(app);
+        s.setTop(CtlId(Ctl::cmdQuantity, i), l.buttonsTop);
+    relayoutColumns(s);
 }
 
-void installSections(App& app) {
-    auto on = [&app](Ctl c, void (*f)(App&)) { app.on(kFrmMain, c, Event::Change, [f](App& a, EventArgs&) { f(a); }); };
-    on(Ctl::cboTybent, applyBentType);
-    on(Ctl::cboBtomCalPI, applyBottomOfCap);
-    on(Ctl::cboTPLwinwall, [](App& a) { applyWingwallTop(a, Ctl::cboTPLwinwall, Ctl::Frame12, Ctl::Frame11, "Left"); });
-    on(Ctl::cboTPRwingwall,
-       [](App& a) { applyWingwallTop(a, Ctl::cboTPRwingwall, Ctl::Frame10, Ctl::Frame9, "Right"); });
-    on(Ctl::cboWingParallel, applyParallelWingwalls);
-    on(Ctl::cboWingwallPileBox, applyPileBoxes);
-    on(Ctl::cboBatterPile, [](App& a) { a.setVisible(Ctl::Frame18, a.text(Ctl::cboBatterPile) == "Yes"); });
-    on(Ctl::cboBatteredPile, applyBatteredPileCount);
-    app.on(kFrmMain, Ctl::SSTab1, Event::Click, [](App& a, EventArgs& e) { applyTab(a, e.index); });
+void applyTab(Session& s, int tab) {
+    for (int i = 0; i < 3; ++i)
+        s.setVisible(CtlId(Ctl::txtProjectInfo, i), tab == 0);
+    updateAllClosing(s);
+}
+
+void applyChoice(Session& s, Ctl c) {
+    switch (c) {
+    case Ctl::cboTybent: applyBentType(s); break;
+    case Ctl::cboBtomCalPI: applyBottomOfCap(s); break;
+    case Ctl::cboTPLwinwall: applyWingwallTop(s, Ctl::cboTPLwinwall, Ctl::Frame12, Ctl::Frame11, "Left"); break;
+    case Ctl::cboTPRwingwall: applyWingwallTop(s, Ctl::cboTPRwingwall, Ctl::Frame10, Ctl::Frame9, "Right"); break;
+    case Ctl::cboWingParallel: applyParallelWingwalls(s); break;
+    case Ctl::cboWingwallPileBox: applyPileBoxes(s); break;
+    case Ctl::cboBatterPile: s.setVisible(Ctl::Frame18, s.text(Ctl::cboBatterPile) == "Yes"); break;
+    case Ctl::cboBatteredPile: applyBatteredPileCount(s); break;
+    case Ctl::cboNoBeam: applyBeamCount(s); break;
+    case Ctl::cboAngleType: applyBeamAngleRows(s); break;
+    default: break;
+    }
 }
 
 } // namespace tw

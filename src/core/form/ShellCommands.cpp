@@ -1,8 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/form/ShellCommands.h"
 
-#include "core/App.h"
-#include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/Session.h"
 
 namespace tw {
 
@@ -13,31 +13,27 @@ constexpr int kAboutOffset = 1200;
 
 } // namespace
 
-void showSplash(App& app) {
-    Form& f = app.form(kFrmSplash);
-    f.left = (app.user.screenWidthTwips() - f.width) / 2;
-    f.top = (app.user.screenHeightTwips() - f.height) / 2;
-    app.showForm(kFrmSplash);
+void showSplash(Session& s) {
+    const Form& f = s.form(FormId::Splash);
+    s.placeForm(FormId::Splash, (s.user.screenWidthTwips() - f.width) / 2, (s.user.screenHeightTwips() - f.height) / 2);
+    s.showForm(FormId::Splash);
 }
 
-void installShellCommands(App& app) {
-    app.on(kFrmSplash, Ctl::cmdOK, Event::Click, [](App& a, EventArgs&) {
-        a.closeForm(kFrmSplash);
-        loadMainForm(a);
-        a.showForm(kFrmMain);
-    });
-    app.on(kFrmMain, Ctl::mnuAbout, Event::Click, [](App& a, EventArgs&) {
-        Form& about = a.form(kFrmAbout);
-        about.left = a.main().left + kAboutOffset;
-        about.top = a.main().top + kAboutOffset;
-        a.showForm(kFrmAbout);
-    });
-    app.on(kFrmAbout, Ctl::cmdOK, Event::Click, [](App& a, EventArgs&) { a.closeForm(kFrmAbout); });
-    app.on(kFrmMain, Ctl::mnuTarnwickHelp, Event::Click, [](App& a, EventArgs&) {
-        const std::string guide = a.programDir + "/" + kHelpFile;
-        // Where the desktop has no browser, the guide is shown inside the program.
-        if (!a.system.shellOpen(guide, "", a.programDir)) a.user.showDocument(guide);
-    });
+void closeSplash(Session& s) {
+    s.closeForm(FormId::Splash);
+    loadMainForm(s);
+    s.showForm(FormId::Main);
+}
+
+void showAbout(Session& s) {
+    s.placeForm(FormId::About, s.main().left + kAboutOffset, s.main().top + kAboutOffset);
+    s.showForm(FormId::About);
+}
+
+void showHelp(Session& s) {
+    const std::string guide = s.programDir + "/" + kHelpFile;
+    // Where the desktop has no browser, the guide is shown inside the program.
+    if (!s.system.shellOpen(guide, "", s.programDir)) s.user.showDocument(guide);
 }
 
 } // namespace tw

@@ -1,10 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/inputfile/FileLayout.h"
 
-#include "core/App.h"
-#include "core/benttable/Layout.h"
 #include "core/model/Choices.h"
-#include "core/model/Inputs.h"
+#include "core/model/Columns.h"
 #include "core/model/Numeric.h"
+#include "core/model/Project.h"
 
 namespace tw {
 
@@ -15,15 +15,15 @@ constexpr int kValuesPerLine = 10;
 
 class Layout {
   public:
-    Layout(const App& app, FileWalk& w) : app_(app), w_(w) {}
+    Layout(const Project& project, FileWalk& w) : project_(project), w_(w) {}
 
     bool walk() {
         for (int i = 0; i < 3; ++i)
             w_.title(i);
         record100();
         // What record "100" says decides the rest.
-        type_ = bentTypeOf(app_.text(Ctl::cboTybent));
-        beams_ = beamCount(app_);
+        type_ = bentTypeOf(project_.text(Ctl::cboTybent));
+        beams_ = project_.beams();
         record200();
         perBeam("300", "301", Ctl::txtCapStep);
         for (int r = 1; r <= w_.bents(); ++r)
@@ -105,7 +105,7 @@ class Layout {
 
     void record600() {
         w_.record("600");
-        if (app_.text(Ctl::cboAngleType) == "No")
+        if (project_.text(Ctl::cboAngleType) == "No")
             for (int k = 0; k < beams_; ++k)
                 for (Ctl part : {Ctl::txtBeamangleH, Ctl::txtBeamangleM, Ctl::txtBeamangleS})
                     w_.number(CtlId(part, k));
@@ -137,13 +137,13 @@ class Layout {
         angle(Ctl::txtWinLAngle);
         // Nine blanks where the right angle's eight columns would stand: the
         // pile-box count of parallel wingwalls stands one column further right.
-        const bool parallel = app_.text(Ctl::cboWingParallel) == "Yes";
+        const bool parallel = project_.text(Ctl::cboWingParallel) == "Yes";
         if (parallel)
             w_.blanks(9);
         else
             angle(Ctl::txtWinRAngle);
         w_.pileBoxCount();
-        const std::string boxes = trim(app_.text(Ctl::cboWingwallPileBox));
+        const std::string boxes = trim(project_.text(Ctl::cboWingwallPileBox));
         if (boxes == "2") w_.number(Ctl::txtPileBoxDistance1);
         if (boxes == "3") {
             if (parallel && !w_.pileBoxCheck()) return false;
@@ -161,7 +161,7 @@ class Layout {
         w_.end();
     }
 
-    const App& app_;
+    const Project& project_;
     FileWalk& w_;
     std::optional<BentType> type_;
     int beams_ = 0;
@@ -169,6 +169,6 @@ class Layout {
 
 } // namespace
 
-bool walkInputFile(const App& app, FileWalk& walk) { return Layout(app, walk).walk(); }
+bool walkInputFile(const Project& project, FileWalk& walk) { return Layout(project, walk).walk(); }
 
 } // namespace tw

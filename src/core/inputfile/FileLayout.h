@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The input file described once: its lines in order and the fields of each.
 // The writer walks it formatting every field into its columns, the reader
 // walks it cutting every field out of them, so the two cannot disagree on
@@ -11,7 +12,7 @@
 
 namespace tw {
 
-class App;
+class Project;
 
 class FileWalk {
   public:
@@ -55,6 +56,6 @@ class FileWalk {
 // Walks the whole file against the project as it stands (the reader fills it
 // as it goes, so later lines follow the bent type and beams read before).
 // False when the pile-box check stopped it.
-bool walkInputFile(const App& app, FileWalk& walk);
+bool walkInputFile(const Project& project, FileWalk& walk);
 
 } // namespace tw

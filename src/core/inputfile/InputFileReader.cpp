@@ -1,17 +1,15 @@
-#include "core/App.h"
+// SPDX-License-Identifier: Apache-2.0
+#include "core/Errors.h"
 #include "core/inputfile/Codepage.h"
 #include "core/inputfile/FileLayout.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Choices.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
+#include "core/model/Project.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <vector>
 
 namespace tw {
@@ -42,21 +40,21 @@ std::string restore(const std::string& field, int decimals) {
 }
 
 // Cuts every field of the file out of its columns, line by line in the
-// order the file is written, and fills the form and the bent table.
+// order the file is written, and hands them to the sink.
 class Reader : public FileWalk {
   public:
-    Reader(App& app, const std::string& bytes, std::vector<std::string>* notes)
-        : app_(app), lines_(splitLines(bytes)), notes_(notes) {}
+    Reader(ReadSink& sink, const std::string& bytes, std::vector<std::string>* notes)
+        : sink_(sink), lines_(splitLines(bytes)), notes_(notes) {}
 
     void read() {
         try {
-            walkInputFile(app_, *this);
+            walkInputFile(sink_.project(), *this);
         } catch (const RuntimeError&) {
             if (lineNo_ == kLine100 && wideBentCount())
                 throw RuntimeError(err::kOverflow, "The file holds more than 99 bents");
             throw;
         }
-        app_.bentCounter = static_cast<std::int16_t>(bents_);
+        sink_.setBentCounter(static_cast<std::int16_t>(bents_));
     }
 
   private:
@@ -113,24 +111,21 @@ class Reader : public FileWalk {
         return std::stoi(t);
     }
     void setItem(Ctl ctl, const std::string& text) {
-        try {
-            app_.setComboText(ctl, text);
-        } catch (const RuntimeError&) {
+        if (!sink_.setChoice(ctl, text))
             fail(err::kInvalidProperty,
                  "Invalid property value: \"" + printableBytes(text) + "\" for " + std::string(ctlName(ctl)));
-        }
     }
     void setCode(Ctl ctl, const std::string& code) {
         auto text = textOfCode(ctl, code);
         if (!text)
             fail(err::kInvalidProperty,
                  "Invalid property value: code \"" + printableBytes(code) + "\" of " + std::string(ctlName(ctl)));
-        app_.setComboText(ctl, *text);
+        setItem(ctl, *text);
     }
 
     void title(int item) override {
         next("");
-        app_.setText(CtlId(Ctl::txtProjectInfo, item), cp1252ToUtf8(*line_));
+        sink_.setText(CtlId(Ctl::txtProjectInfo, item), cp1252ToUtf8(*line_));
     }
     void record(const std::string& code) override {
         next(code);
@@ -157,7 +152,7 @@ class Reader : public FileWalk {
     void number(const CtlId& id) override {
         const std::string text = restore(take(fileWidth(id)), fileDecimals(id));
         noteNotANumber([&] { return toString(id); }, text);
-        app_.setText(id, text);
+        sink_.setText(id, text);
     }
     void code(Ctl ctl) override {
         std::string field = take(static_cast<int>(choices(ctl).front().code->size()));
@@ -189,21 +184,20 @@ class Reader : public FileWalk {
         std::string value = restore(take(fileWidth(source)), fileDecimals(source));
         noteNotANumber(
             [&] {
-                return "bent " + std::to_string(row) + " of the bent table (column \"" + app_.grid.cell(0, column) +
-                       "\")";
+                return "bent " + std::to_string(row) + " of the bent table (column \"" +
+                       sink_.project().table().cell(0, column) + "\")";
             },
             value);
         if (inRow_)
             row_.push_back(std::move(value));
         else
-            app_.grid.setCell(row, column, value);
+            sink_.setCell(row, column, value);
     }
     void endRow(int) override {
         std::string tabbed;
         for (const auto& c : row_)
             tabbed += c + '\t';
-        app_.grid.addItem(tabbed);
-        app_.bentRegister.push_back(row_.front());
+        sink_.addBent(tabbed, row_.front());
         inRow_ = false;
     }
 
@@ -220,7 +214,7 @@ class Reader : public FileWalk {
     void pileBoxCount() override { setItem(Ctl::cboWingwallPileBox, trim(take(1))); }
     bool pileBoxCheck() override { return true; }
 
-    App& app_;
+    ReadSink& sink_;
     std::vector<std::string> lines_;
     std::vector<std::string>* notes_;
     int lineNo_ = 0;
@@ -236,60 +230,12 @@ class Reader : public FileWalk {
 
 } // namespace
 
-void parseInputFile(App& app, const std::string& bytes, std::vector<std::string>* notes) {
+void parseInputFile(const std::string& bytes, ReadSink& sink, std::vector<std::string>* notes) {
     // Saved by an editor as "Unicode": every other byte is a zero, and no line reads.
     if (bytes.rfind("\xFF\xFE", 0) == 0 || bytes.rfind("\xFE\xFF", 0) == 0)
         throw RuntimeError(err::kInvalidProperty, "Invalid file format: the file is UTF-16 text; an input file is "
                                                   "single-byte text (Windows-1252)");
-    Reader(app, bytes, notes).read();
-}
-
-std::string readInputBytes(const std::string& path) {
-    namespace fs = std::filesystem;
-    std::error_code ec;
-    const fs::file_status st = fs::status(path, ec);
-    if (st.type() == fs::file_type::not_found) throw RuntimeError(err::kFileNotFound, "File not found: " + path);
-    if (ec)
-        throw RuntimeError(err::kFileAccess,
-                           "Path/File access error: cannot reach " + path + " (" + ec.message() + ")");
-    if (fs::is_directory(st)) throw RuntimeError(err::kFileAccess, "Path/File access error: " + path + " is a folder");
-    // A device, a pipe or a socket may never end or never answer.
-    if (!fs::is_regular_file(st))
-        throw RuntimeError(err::kFileAccess,
-                           "Path/File access error: " + path + " is not a file but a device, a pipe or a socket");
-    const auto tooLarge = [&] {
-        return RuntimeError(err::kFileAccess, "Path/File access error: " + path +
-                                                  " is larger than an input file can be (" +
-                                                  std::to_string(kMaxInputFileBytes / 1024) + " KiB)");
-    };
-    if (const auto size = fs::file_size(path, ec); !ec && size > kMaxInputFileBytes) throw tooLarge();
-
-    errno = 0;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) {
-        if (errno == EACCES) throw RuntimeError(err::kPermissionDenied, "Permission denied: cannot read " + path);
-        throw RuntimeError(err::kFileAccess, "Path/File access error: cannot open " + path +
-                                                 (errno ? std::string(" (") + std::strerror(errno) + ")" : ""));
-    }
-    // Read in pieces: some files tell no size (those under /proc), and a read
-    // error must end here as an error, not as an exception of the stream.
-    std::string bytes;
-    char buffer[65536];
-    while (in.read(buffer, sizeof buffer) || in.gcount() > 0) {
-        bytes.append(buffer, static_cast<size_t>(in.gcount()));
-        if (bytes.size() > kMaxInputFileBytes) throw tooLarge();
-    }
-    if (in.bad()) throw RuntimeError(err::kDeviceIo, "Device I/O error: " + path + " could not be read to its end");
-    return bytes;
-}
-
-bool readInputFile(App& app, const std::string& path, std::vector<std::string>* notes) {
-    bool ok = false;
-    app.guarded([&] {
-        parseInputFile(app, readInputBytes(path), notes);
-        ok = true;
-    });
-    return ok;
+    Reader(sink, bytes, notes).read();
 }
 
 } // namespace tw

@@ -150,6 +150,9 @@ namespace tw {
     X(mnuTarnwickHelp, 0)                                                                                              \
     X(mnuBreak5, 0)                                                                                                    \
     X(mnuAbout, 0)                                                                                                     \
+    X(mnuEdit, 0)                                                                                                      \
+    X(mnuUndo, 0)                                                                                                      \
+    X(mnuRedo, 0)                                                                                                      \
     /* frmSplash, frmAbout */                                                                                          \
     X(lblTitle, 0)                                                                                                     \
     X(lblVersion, 0)                                                                                                   \

@@ -1,8 +1,5 @@
 #include "core/model/Inputs.h"
 
-#include "core/App.h"
-#include "core/model/Numeric.h"
-
 #include <set>
 #include <stdexcept>
 
@@ -66,6 +63,64 @@ void beamAngle(std::vector<InputRule>& rows, Ctl c, int digits, int decimals, co
     rows.push_back(number(c, digits, decimals));
 }
 
+// Names in a word or two, as the Edit menu's Undo names a step.
+const char* labelOf(Ctl c) {
+    switch (c) {
+    case Ctl::txtProjectInfo: return "Project Information Line #";
+    case Ctl::txtCapStep: return "Cap Step #";
+    case Ctl::txtCenterline: return "Centerline Distance #";
+    case Ctl::txtBeamangleH:
+    case Ctl::txtBeamangleM:
+    case Ctl::txtBeamangleS: return "Beam Angle #";
+    case Ctl::txtBatterPile: return "Battered Pile Spacing #";
+    case Ctl::txtWinLAngle: return "Left Wingwall Angle";
+    case Ctl::txtWinRAngle: return "Right Wingwall Angle";
+    case Ctl::txtEStepPI: return "Step Elevation #";
+    case Ctl::cboTybent: return "Bent Type";
+    case Ctl::cboDrScale: return "Drawing Scale";
+    case Ctl::cboNoBeam: return "Number of Beams";
+    case Ctl::cboBSkew: return "Skew";
+    case Ctl::cboAngleType: return "Same Beam Angles";
+    case Ctl::cboBentDrawn: return "Bent Drawn";
+    case Ctl::cboWingParallel: return "Parallel Wingwalls";
+    case Ctl::cboTPLwinwall: return "Level Left Wingwall";
+    case Ctl::cboTPRwingwall: return "Level Right Wingwall";
+    case Ctl::cboBatterPile: return "Battered Piles Drawn";
+    case Ctl::cboWingwallPileBox: return "Pile Boxes";
+    case Ctl::cboBatteredPile: return "Number of Battered Piles";
+    case Ctl::cboBearingHole: return "Bearing Hole";
+    case Ctl::cboTypeOfPile: return "Pile Type";
+    case Ctl::cboStrirrups: return "Stirrups";
+    case Ctl::txtCapLength: return "Cap Length";
+    case Ctl::txtCapWidth: return "Cap Width";
+    case Ctl::txtCapDepth: return "Cap Depth";
+    case Ctl::txtTransWidth: return "Fillet Transverse Width";
+    case Ctl::txtLongWidth: return "Fillet Longitudinal Width";
+    case Ctl::txtCenterlineDistance: return "Bearing Distance";
+    case Ctl::txtWidthEndPost: return "End Post Width";
+    case Ctl::txtLengthEndPost: return "End Post Length";
+    case Ctl::txtWingwallLength: return "Wingwall Length";
+    case Ctl::txtPileBoxDistance1: return "Second Pile Box Distance";
+    case Ctl::txtPileBoxDistance2: return "Third Pile Box Distance";
+    case Ctl::txtBentNoPI: return "Bent Number";
+    case Ctl::cboBtomCalPI: return "Bottom of Cap Calculated";
+    case Ctl::txtBtLCapPI: return "Bottom Left Cap";
+    case Ctl::txtBtRCapPI: return "Bottom Right Cap";
+    case Ctl::txtLwingwallElevation: return "Top Left Wingwall";
+    case Ctl::txtElevationTopLeftfront: return "Top Left Wingwall (Front Face)";
+    case Ctl::txtElevationTopLeftEnd: return "Top Left Wingwall (End)";
+    case Ctl::txtRwingwallElevation: return "Top Right Wingwall";
+    case Ctl::txtElevationTopRighFront: return "Top Right Wingwall (Front Face)";
+    case Ctl::txtElevationTopRighEnd: return "Top Right Wingwall (End)";
+    case Ctl::txtTopLeftEndPost: return "Top Left Endpost";
+    case Ctl::txtTopRightEndPost: return "Top Right Endpost";
+    case Ctl::txtTopLeftBackwall: return "Inside Face Left Endpost";
+    case Ctl::txtTopCentBackwall: return "Centerline of Bent";
+    case Ctl::txtTopRightBackwall: return "Inside Face Right Endpost";
+    default: return "";
+    }
+}
+
 std::vector<InputRule> buildRules() {
     std::vector<InputRule> rows;
     InputRule info;
@@ -122,6 +177,8 @@ std::vector<InputRule> buildRules() {
                   Ctl::txtElevationTopRighEnd, Ctl::txtTopLeftEndPost, Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall,
                   Ctl::txtTopRightBackwall, Ctl::txtTopRightEndPost})
         rows.push_back(elevation(c));
+    for (auto& r : rows)
+        r.label = labelOf(r.ctl);
     return rows;
 }
 
@@ -182,14 +239,11 @@ int fileWidth(const CtlId& id) {
 
 int fileDecimals(const CtlId& id) { return inputRule(id).decimals; }
 
-void applyDefault(App& app, const CtlId& id) {
-    const InputRule& r = inputRule(id);
-    if (r.kind == InputKind::Choice)
-        app.setListIndex(id, r.defaultIndex);
-    else
-        app.setText(id, r.defaultText);
+std::string inputLabel(const CtlId& id) {
+    std::string label = inputRule(id).label;
+    if (const auto hash = label.find('#'); hash != std::string::npos)
+        label.replace(hash, 1, std::to_string(id.index + 1));
+    return label;
 }
-
-int beamCount(const App& app) { return static_cast<int>(leadingNumber(app.text(Ctl::cboNoBeam))); }
 
 } // namespace tw

@@ -12,8 +12,6 @@
 
 namespace tw {
 
-class App;
-
 enum class InputKind {
     Text,       // free text, as typed
     Number,     // digits with, per field, a point and a leading minus; formatted when left
@@ -41,6 +39,9 @@ struct InputRule {
     int maxLength = 0; // characters the field takes; 0: no limit
     // One of the fields a bent of the bent table is entered in.
     bool bentEntry = false;
+    // What the engineer calls it in a word or two ("Cap Length"); "#" stands
+    // for the row number of an item of a repeated input.
+    const char* label = "";
 };
 
 // The rule of an input; the row for its item when there is one.
@@ -57,11 +58,7 @@ const std::vector<Ctl>& inputControls();
 int fileWidth(const CtlId& id);
 int fileDecimals(const CtlId& id);
 
-// Gives the input its default: the text, or the list position (whose
-// change handler runs, as the old controls did).
-void applyDefault(App& app, const CtlId& id);
-
-// The integer value of the number of beams as the form shows it (0 when empty).
-int beamCount(const App& app);
+// The input's name in a word or two, its row number filled in ("Cap Step 3").
+std::string inputLabel(const CtlId& id);
 
 } // namespace tw

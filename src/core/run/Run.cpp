@@ -1,8 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/run/Run.h"
 
-#include "core/App.h"
 #include "core/form/FileCommands.h"
-#include "core/form/Forms.h"
+#include "core/form/Session.h"
 #include "core/model/Numeric.h"
 
 #include <filesystem>
@@ -29,20 +29,20 @@ void emptyFile(const std::string& name) {
 // The user sees what Run waits for, and may cancel it, for as long as it lasts.
 class Waiting {
   public:
-    Waiting(App& app, const std::string& what) : app_(app) {
-        app.user.waitBegins(what, [&app] { app.system.cancelWaits(); });
+    Waiting(Session& s, const std::string& what) : s_(s) {
+        s.user.waitBegins(what, [&s] { s.system.cancelWaits(); });
     }
-    ~Waiting() { app_.user.waitEnds(); }
+    ~Waiting() { s_.user.waitEnds(); }
     Waiting(const Waiting&) = delete;
     Waiting& operator=(const Waiting&) = delete;
 
   private:
-    App& app_;
+    Session& s_;
 };
 
 // A program that did not end by itself ends Run; one left behind by Exit ends it without a word.
-void stopWhenEndedEarly(const App& app, const WaitEnd& end, const std::string& program) {
-    if (app.mainUnloaded) throw RuntimeError(err::kCancel, "The program is ending");
+void stopWhenEndedEarly(const Session& s, const WaitEnd& end, const std::string& program) {
+    if (s.mainUnloaded()) throw RuntimeError(err::kCancel, "The program is ending");
     if (end.cancelled)
         throw RuntimeError(err::kUserInterrupt, "User interrupt occurred: Run was cancelled, and " + program +
                                                     " was ended before it finished");
@@ -74,10 +74,10 @@ std::string batchWarning(const ProcessResult& r, Drawing drawing, const std::str
            (drawing == Drawing::Missing ? " left no drawing: " : " left no new drawing: ") + path;
 }
 
-void steps(App& app) {
-    const std::string input = app.dialogFileName;
+void steps(Session& s) {
+    const std::string input = s.dialogFileName();
     const std::string base = runBaseName(input);
-    app.runOutputBase = base;
+    s.setRunOutputBase(base);
 
     std::array<std::string, 10> names;
     names[0] = input;
@@ -91,43 +91,43 @@ void steps(App& app) {
     for (auto& n : names)
         n = padName(n);
 
-    app.user.notice("");
-    app.user.setBusyCursor(true);
+    s.notice("");
+    s.user.setBusyCursor(true);
     EngineResult engine;
     {
-        Waiting w(app, "Running the engine\u2026");
-        engine = app.system.callEngine(app.programDir, names);
+        Waiting w(s, "Running the engine\u2026");
+        engine = s.system.callEngine(s.programDir, names);
     }
-    stopWhenEndedEarly(app, engine.end, "the engine");
+    stopWhenEndedEarly(s, engine.end, "the engine");
     if (!engine.ok) throw RuntimeError(engine.errorNumber ? engine.errorNumber : err::kDllNotFound, engine.error);
 
-    const std::string ini = app.programDir + "/Ebent.ini";
-    const std::string batch = app.system.readIni(ini, "microstation", "dgnbatch", "");
+    const std::string ini = s.programDir + "/Ebent.ini";
+    const std::string batch = s.system.readIni(ini, "microstation", "dgnbatch", "");
     // Without it the command would begin with the drawing script's own name.
     if (trim(batch).empty())
         throw RuntimeError(err::kFileNotFound,
                            "The drawing batch program is not set: [microstation] dgnbatch in " + ini);
-    const std::string drawingBase = runBaseName(app.currentFile.empty() ? input : app.currentFile);
+    const std::string drawingBase = runBaseName(s.project().currentFile.empty() ? input : s.project().currentFile);
     const std::string command = batch + " \"" + drawingBase + "e.sif\"";
     const std::string drawing = drawingBase + "e.dgn";
     const auto before = drawingStamp(drawing);
     ProcessResult started;
     {
-        Waiting w(app, "Waiting for the drawing batch program\u2026");
-        started = app.system.startAndWait(command);
+        Waiting w(s, "Waiting for the drawing batch program\u2026");
+        started = s.system.startAndWait(command);
     }
-    stopWhenEndedEarly(app, started.end, "the drawing batch program");
+    stopWhenEndedEarly(s, started.end, "the drawing batch program");
     if (!started.started)
         throw RuntimeError(err::kFileNotFound, "File not found: the drawing batch program could not be started (" +
                                                    (started.error.empty() ? command : started.error) + ")");
-    app.user.setBusyCursor(false);
+    s.user.setBusyCursor(false);
 
-    app.message("The program has finished running.\r\n\r\nClick the printer icon to preview or print the files.",
-                kAppTitle, MsgButtons::OK, MsgIcon::None);
+    s.message("The program has finished running.\r\n\r\nClick the printer icon to preview or print the files.",
+              kAppTitle, MsgButtons::OK, MsgIcon::None);
     const auto after = drawingStamp(drawing);
     const Drawing drew = !after ? Drawing::Missing : after == before ? Drawing::Unchanged : Drawing::New;
     const std::string warning = batchWarning(started, drew, drawing);
-    if (!warning.empty()) app.user.notice(warning);
+    if (!warning.empty()) s.notice(warning);
 
     std::error_code ec;
     std::filesystem::remove(stripTrailingBlanks(names[1]), ec);
@@ -149,23 +149,19 @@ std::string padName(const std::string& name) {
     return name.size() >= kPaddedLength ? name : name + std::string(kPaddedLength - name.size(), ' ');
 }
 
-void runAfterSave(App& app) {
+void runAfterSave(Session& s) {
     try {
-        steps(app);
+        steps(s);
     } catch (const RuntimeError& e) {
-        app.user.setBusyCursor(false);
+        s.user.setBusyCursor(false);
         if (e.number() == err::kCancel) return;
-        app.reportError(e, "Error Importing Input File");
+        s.reportError(e, "Error Importing Input File");
     }
 }
 
-void runProject(App& app) {
-    if (!saveProject(app)) return;
-    runAfterSave(app);
-}
-
-void installRun(App& app) {
-    app.on(kFrmMain, Ctl::mnuRun, Event::Click, [](App& a, EventArgs&) { runProject(a); });
+void runProject(Session& s) {
+    if (!saveProject(s)) return;
+    runAfterSave(s);
 }
 
 } // namespace tw

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Run: save the project, empty the old outputs, hand every name to the
 // engine, start the drawing batch program on the drawing script and wait.
 #pragma once
@@ -7,7 +8,7 @@
 
 namespace tw {
 
-class App;
+class Session;
 
 // The suffixes of the engine's outputs, in the order Run empties them; the
 // drawing script's has no dot of its own.
@@ -20,8 +21,8 @@ std::string runBaseName(const std::string& inputPath);
 std::string padName(const std::string& name);
 
 // The whole command: save first, then the rest when the save went through.
-void runProject(App& app);
+void runProject(Session& s);
 // Everything after the save, on the file the dialog names.
-void runAfterSave(App& app);
+void runAfterSave(Session& s);
 
 } // namespace tw

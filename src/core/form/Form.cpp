@@ -1,8 +1,23 @@
-#include "core/model/Form.h"
+// SPDX-License-Identifier: Apache-2.0
+#include "core/form/Form.h"
 
+#include <array>
 #include <stdexcept>
 
 namespace tw {
+
+namespace {
+constexpr std::array<std::string_view, kFormCount> kFormNames = {"frmMain",     "frmSplash",   "frmAbout",
+                                                                  "frmIPrinter", "frmViewTest", "frmPicView"};
+} // namespace
+
+std::string_view formName(FormId f) { return kFormNames[static_cast<size_t>(f)]; }
+
+std::optional<FormId> formNamed(std::string_view name) {
+    for (size_t i = 0; i < kFormNames.size(); ++i)
+        if (kFormNames[i] == name) return static_cast<FormId>(i);
+    return std::nullopt;
+}
 
 bool Control::hasCaption() const {
     switch (kind) {
@@ -27,13 +42,13 @@ Control& Form::add(const CtlId& id, Control c) { return controls_[id] = std::mov
 
 Control& Form::at(const CtlId& id) {
     auto it = controls_.find(id);
-    if (it == controls_.end()) throw std::out_of_range(name_ + " has no control " + toString(id));
+    if (it == controls_.end()) throw std::out_of_range(std::string(name()) + " has no control " + toString(id));
     return it->second;
 }
 
 const Control& Form::at(const CtlId& id) const {
     auto it = controls_.find(id);
-    if (it == controls_.end()) throw std::out_of_range(name_ + " has no control " + toString(id));
+    if (it == controls_.end()) throw std::out_of_range(std::string(name()) + " has no control " + toString(id));
     return it->second;
 }
 

@@ -1,5 +1,8 @@
-// A window as plain data: every control with the properties the program's
-// logic reads and writes. The Qt view mirrors this; tests read it directly.
+// SPDX-License-Identifier: Apache-2.0
+// A window as plain data: every control with what the program's logic shows
+// of it (visible, enabled, locked, colour, caption, place, caret). The values
+// of the main form's inputs are the project's, not the form's. The Qt view
+// mirrors this; tests read it directly.
 #pragma once
 
 #include "core/model/Controls.h"
@@ -7,13 +10,34 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tw {
 
-// Positions and sizes are in twips, as the old forms were laid out: 15 to a
-// pixel on a screen of 96 dots per inch.
-inline constexpr int kTwipsPerPixel = 15;
+// The windows of the program.
+enum class FormId { Main, Splash, About, Printer, Preview, Picture };
+inline constexpr int kFormCount = 6;
+// "frmMain", "frmSplash", "frmAbout", "frmIPrinter", "frmViewTest", "frmPicView".
+std::string_view formName(FormId f);
+std::optional<FormId> formNamed(std::string_view name);
+
+// A control on one of the forms; the main form's when no form is named.
+struct Target {
+    Target(const CtlId& id) : id(id) {} // NOLINT(google-explicit-constructor): the main form is the common case
+    Target(Ctl c) : id(c) {}            // NOLINT(google-explicit-constructor)
+    Target(FormId form, const CtlId& id) : form(form), id(id) {}
+    FormId form = FormId::Main;
+    CtlId id;
+    friend bool operator==(const Target&, const Target&) = default;
+};
+
+// Where the caret stands in a text box, and what is selected from there.
+struct Selection {
+    int start = 0;
+    int length = 0;
+    friend bool operator==(const Selection&, const Selection&) = default;
+};
 
 enum class Kind {
     TextBox,
@@ -35,10 +59,10 @@ enum class BackColor { Normal, Yellow, Red };
 
 struct Control {
     Kind kind = Kind::Label;
-    std::string text;    // text boxes, rich text
+    std::string text;    // text boxes and rich text of the forms other than the main one
     std::string caption; // labels, frames, buttons, menus
     std::vector<std::string> items;
-    int listIndex = -1;
+    int listIndex = -1; // combo boxes of the forms other than the main one
     bool visible = true;
     bool enabled = true;
     bool locked = false;
@@ -67,9 +91,10 @@ struct Control {
 class Form {
   public:
     Form() = default;
-    explicit Form(std::string name) : name_(std::move(name)) {}
+    explicit Form(FormId id) : id_(id) {}
 
-    const std::string& name() const { return name_; }
+    FormId id() const { return id_; }
+    std::string_view name() const { return formName(id_); }
 
     std::string caption;
     int top = 0;
@@ -85,7 +110,7 @@ class Form {
     const std::map<CtlId, Control>& controls() const { return controls_; }
 
   private:
-    std::string name_;
+    FormId id_ = FormId::Main;
     std::map<CtlId, Control> controls_;
 };
 

@@ -1,8 +1,10 @@
-#include "core/benttable/Layout.h"
+// SPDX-License-Identifier: Apache-2.0
+#include "core/model/Columns.h"
 
-#include "core/App.h"
-#include "core/model/Inputs.h"
+#include "core/Errors.h"
+#include "core/model/BentTable.h"
 
+#include <cstdint>
 #include <stdexcept>
 
 namespace tw {
@@ -38,7 +40,7 @@ constexpr Column kWithBackwall[] = {{"Top Left Wingwall (Front Face)", 2300, Ctl
 
 constexpr int kStepWidth = 700;
 
-void writeColumn(Grid& g, int c, const std::string& heading, int width) {
+void writeColumn(BentTable& g, int c, const std::string& heading, int width) {
     g.setColWidth(c, width);
     g.setColCentred(c, true);
     g.setCell(0, c, heading);
@@ -53,7 +55,7 @@ std::int16_t add16(int a, int b) {
 
 } // namespace
 
-void layoutColumns(Grid& g, BentType type, std::int16_t beams) {
+void layoutColumns(BentTable& g, BentType type, std::int16_t beams) {
     for (int c = 0; c < 3; ++c)
         writeColumn(g, c, kLeading[c].heading, kLeading[c].width);
     int extra = 0;
@@ -82,11 +84,5 @@ const std::vector<int>& endBentFileColumns(bool withBackwall) {
     return withBackwall ? backwall : noBackwall;
 }
 
-void relayoutColumns(App& app) {
-    auto type = bentTypeOf(app.text(Ctl::cboTybent));
-    if (!type) return;
-    app.setVisible(Ctl::MSFlexGrid1, true);
-    layoutColumns(app.grid, *type, static_cast<std::int16_t>(beamCount(app)));
-}
 
 } // namespace tw

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Column layouts of the bent table, one per bent type.
 #pragma once
 
@@ -8,16 +9,11 @@
 
 namespace tw {
 
-class App;
-class Grid;
+class BentTable;
 
-// Lays out the header and columns of `grid` for `type` and `beams` beams.
+// Lays out the header and columns of `table` for `type` and `beams` beams.
 // Rows are kept; cells of dropped columns go, new columns start empty.
-void layoutColumns(Grid& grid, BentType type, std::int16_t beams);
-
-// Reads the bent type and the number of beams from the form and lays out
-// the columns; a text that names no bent type lays out nothing.
-void relayoutColumns(App& app);
+void layoutColumns(BentTable& table, BentType type, std::int16_t beams);
 
 // The entry field whose value a column holds: its number format is the cell's.
 CtlId columnSource(BentType type, int beams, int column);

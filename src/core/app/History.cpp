@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: Apache-2.0
+#include "core/app/History.h"
+
+#include "core/model/Inputs.h"
+
+#include <algorithm>
+
+namespace tw {
+
+namespace {
+
+// What a step puts back: the project's values and the main form's look.
+// Not the caret, the focus, the forms' own captions and places, nor what a
+// save records (the current file, the save-failed flag): an undo does not
+// unsave.
+bool restored(const ChangeEntry& e) {
+    if (changesProject(e) || std::holds_alternative<change::Rows>(e)) return true;
+    if (const auto* p = std::get_if<change::Property>(&e)) return p->form == FormId::Main && p->prop != Prop::Caret;
+    return false;
+}
+
+std::size_t textBytes(const std::string& s) { return sizeof(std::string) + (s.size() > 15 ? s.capacity() : 0); }
+
+std::size_t entryBytes(const ChangeEntry& e) {
+    std::size_t n = sizeof(ChangeEntry);
+    if (const auto* i = std::get_if<change::Input>(&e)) n += textBytes(i->before.text) + textBytes(i->after.text);
+    if (const auto* t = std::get_if<change::Table>(&e))
+        n += 2 * static_cast<std::size_t>(t->before.rows() + t->after.rows()) * 2 * sizeof(void*);
+    if (const auto* r = std::get_if<change::Register>(&e))
+        n += (r->before.size() + r->after.size()) * sizeof(std::string);
+    if (const auto* p = std::get_if<change::Property>(&e))
+        for (const PropValue* v : {&p->before, &p->after})
+            if (const auto* s = std::get_if<std::string>(v)) n += textBytes(*s);
+    return n;
+}
+
+} // namespace
+
+void History::keep(Step step) {
+    ChangeLog kept = condense(step.entries);
+    std::erase_if(kept, [](const ChangeEntry& e) { return !restored(e); });
+    if (std::none_of(kept.begin(), kept.end(), changesProject)) return;
+    step.entries = std::move(kept);
+    undo_.push_back(std::move(step));
+    redo_.clear();
+}
+
+void History::closeOpen() {
+    if (open_) keep(std::move(*open_));
+    open_.reset();
+}
+
+void History::closeCurrent() {
+    if (current_) keep(std::move(*current_));
+    current_.reset();
+}
+
+void History::take(const ChangeLog& log, const std::string& label, std::optional<CtlId> control,
+                   std::optional<int> row) {
+    bool fresh = false;
+    for (const auto& e : log) {
+        if (const auto* typed = std::get_if<change::Typed>(&e)) {
+            if (open_ && open_->control == typed->id) continue;
+            closeOpen();
+            closeCurrent();
+            open_ = Step{inputLabel(typed->id), typed->id, std::nullopt, {}};
+            continue;
+        }
+        if (const auto* left = std::get_if<change::Left>(&e)) {
+            if (open_ && open_->control == left->id)
+                closeOpen();
+            else if (current_ && current_->label.empty() && isInput(left->id.ctl))
+                // What leaving a field changed is that field's step.
+                current_->label = inputLabel(left->id), current_->control = left->id;
+            continue;
+        }
+        if (const auto* c = std::get_if<change::Checkpoint>(&e)) {
+            fresh = fresh || c->kind == change::Checkpoint::Fresh;
+            continue;
+        }
+        if (open_) {
+            open_->entries.push_back(e);
+            continue;
+        }
+        if (!current_) current_ = Step{label, control, row, {}};
+        current_->entries.push_back(e);
+    }
+    if (current_ && current_->label.empty()) current_->label = "Change";
+    closeCurrent();
+    // New, Open and a recovered project start afresh.
+    if (fresh) clear();
+}
+
+void History::clear() {
+    undo_.clear();
+    redo_.clear();
+    open_.reset();
+    current_.reset();
+}
+
+std::string History::undoLabel() const {
+    if (open_ && !open_->entries.empty()) return open_->label;
+    return undo_.empty() ? std::string() : undo_.back().label;
+}
+
+std::string History::redoLabel() const { return redo_.empty() ? std::string() : redo_.back().label; }
+
+std::optional<Step> History::undo() {
+    closeOpen();
+    if (undo_.empty()) return std::nullopt;
+    Step step = std::move(undo_.back());
+    undo_.pop_back();
+    redo_.push_back(step);
+    return step;
+}
+
+std::optional<Step> History::redo() {
+    if (redo_.empty()) return std::nullopt;
+    Step step = std::move(redo_.back());
+    redo_.pop_back();
+    undo_.push_back(step);
+    return step;
+}
+
+std::size_t History::footprint() const {
+    std::size_t n = sizeof(*this);
+    for (const auto* list : {&undo_, &redo_})
+        for (const auto& step : *list) {
+            n += sizeof(Step) + textBytes(step.label);
+            for (const auto& e : step.entries)
+                n += entryBytes(e);
+        }
+    return n;
+}
+
+} // namespace tw

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: Apache-2.0
+// The one way in for what the user does. Every action is a typed command
+// (Commands.h); applying it moves the focus the way the old forms did (the
+// control that loses it is left first, the one that gains it runs its focus
+// handler), runs the handlers in their order, ends a run-time error in the
+// standard error box, records the step in the history, and tells every
+// listener what changed. The window and the replay call only these, so a
+// replay script is a faithful record of a session in the window.
+#pragma once
+
+#include "core/app/Commands.h"
+#include "core/form/Changes.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tw {
+
+class App;
+
+class UserActions {
+  public:
+    explicit UserActions(App& app) : app_(app) {}
+
+    // Carries out one command; what it changed.
+    ChangeSet apply(const Command& c);
+
+    // The same, one verb at a time.
+    void focus(const Target& t) { apply(cmd::Focus{t}); }
+    void key(const Target& t, int key, std::optional<Selection> at = {}) { apply(cmd::Key{t, key, at}); }
+    void type(const Target& t, std::string_view utf8) { apply(cmd::Type{t, std::string(utf8)}); }
+    void edit(const Target& t, const std::string& text, std::optional<Selection> at = {}) {
+        apply(cmd::Edit{t, text, at});
+    }
+    void leave(const Target& t) { apply(cmd::Leave{t}); }
+    void choose(const Target& t, int index) { apply(cmd::Choose{t, index}); }
+    void click(const Target& t) { apply(cmd::Click{t}); }
+    void doubleClick(const Target& t) { apply(cmd::DoubleClick{t}); }
+    void toolbar(const std::string& key) { apply(cmd::Toolbar{key}); }
+    void selectTab(int tab) { apply(cmd::Tab{tab}); }
+    void selectRows(int row, int end) { apply(cmd::SelectRows{row, end}); }
+    void closeWindow(FormId form) { apply(cmd::Close{form}); }
+    void undo() { apply(cmd::Undo{}); }
+    void redo() { apply(cmd::Redo{}); }
+    // False when the recovery file could not be read.
+    bool restore(const std::string& recovery);
+
+    // Hears of every change, whatever made it: the window redraws what the
+    // set names, the recovery keeper and the drawing pane take note.
+    void onChange(std::function<void(const ChangeSet&)> listener) { listeners_.push_back(std::move(listener)); }
+
+  private:
+    friend class App;
+    void tell(const ChangeSet& changes);
+
+    App& app_;
+    std::vector<std::function<void(const ChangeSet&)>> listeners_;
+};
+
+} // namespace tw
