@@ -31,9 +31,18 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER ${TARNWICK_MAINTAINER})
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries come from what the binaries link; the sample batch program
-# runs GDAL's ogr2ogr.
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "gdal-bin")
+# runs GDAL's ogr2ogr. CPack's own scan of the libraries
+# (CPACK_DEBIAN_PACKAGE_SHLIBDEPS) would also have the maintainer scripts call
+# ldconfig, because our private libraries lie under /usr/lib (in
+# /usr/lib/tarnwick, where ldconfig never looks): dpkg-shlibdeps runs on the
+# installed binaries from packaging/DebDepends.cmake instead, when cpack does.
+set(TARNWICK_RUN_DEPENDS "gdal-bin")
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS ${TARNWICK_RUN_DEPENDS})
+file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/packaging/binaries.txt
+     CONTENT "$<TARGET_FILE:tarnwick>;$<TARGET_FILE:tarnwick-dgn>;$<TARGET_FILE:calbnt>;$<TARGET_FILE:tarnwick-dgnbatch>")
+configure_file(${CMAKE_CURRENT_LIST_DIR}/DebDepends.cmake.in ${PROJECT_BINARY_DIR}/packaging/DebDepends.cmake @ONLY)
+set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_BINARY_DIR}/packaging/DebDepends.cmake)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_STRIP_FILES ON)

@@ -174,7 +174,7 @@ int main(int argc, char** argv) {
     const std::vector<std::string>& words = a.words;
     if (!words.empty() && (words[0] == "--help" || words[0] == "-h")) return help();
     if (!words.empty() && words[0] == "--version") {
-        std::cout << "tarnwick " << TW_VERSION_STRING << '\n';
+        std::cout << "tarnwick " << TW_VERSION_STRING << '\n' << TW_LICENSE_LINE << '\n';
         return 0;
     }
     if (!words.empty() && words[0] == "view")

@@ -2,6 +2,7 @@
 #   CASE_DIR/script.txt     the script (run from a copy inside WORK_DIR), or
 #   CASE_DIR/command.txt    the arguments of another command, one a line
 #   CASE_DIR/expected.txt   standard output, exactly
+#   CASE_DIR/expected-warnings.txt   whole lines that standard error must hold
 #   CASE_DIR/exit           the expected exit status (default 0)
 #   CASE_DIR/program-dir    a folder under ENGINES_DIR to use as the program folder
 #   CASE_DIR/files/         copied into WORK_DIR before the run
@@ -51,6 +52,14 @@ file(READ ${CASE_DIR}/expected.txt expected)
 if(NOT out STREQUAL expected)
   execute_process(COMMAND diff -u ${CASE_DIR}/expected.txt ${WORK_DIR}/actual.txt)
   message(FATAL_ERROR "output differs from ${CASE_DIR}/expected.txt (stderr: ${err}; work folder ${WORK_DIR})")
+endif()
+if(EXISTS ${CASE_DIR}/expected-warnings.txt)
+  string(REPLACE "${WORK_DIR}" "@WORK@" err_paths "\n${err}")
+  file(READ ${CASE_DIR}/expected-warnings.txt expected_warnings)
+  string(FIND "${err_paths}" "\n${expected_warnings}" at)
+  if(at EQUAL -1)
+    message(FATAL_ERROR "standard error does not hold the lines of expected-warnings.txt: ${err}")
+  endif()
 endif()
 if(NOT rc STREQUAL expected_rc)
   message(FATAL_ERROR "exit status ${rc}, expected ${expected_rc} (stderr: ${err})")

@@ -1,5 +1,6 @@
 #include "cli/Cli.h"
 #include "cli/Replay.h"
+#include "core/EngineListing.h"
 #include "core/Quoting.h"
 
 #include <filesystem>
@@ -15,7 +16,9 @@ int cliRun(const CliOptions& opt, const std::string& file) {
     for (const auto& line : script)
         if (!session.replay.runLine(line, ++n)) return 2;
     std::cout.flush();
-    return session.user.sawMessageStartingWith("The program has finished running.") ? 0 : 1;
+    if (!session.user.sawMessageStartingWith("The program has finished running.")) return 1;
+    // Finished, but the engine's listing tells of an error in what it was given.
+    return concreteDataIsClean(session.app.session().runOutputBase() + ".ebntc") ? 0 : 3;
 }
 
 } // namespace tw

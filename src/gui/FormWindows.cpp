@@ -70,6 +70,11 @@ FormWindow* makeSplashOrAbout(App& app, FormId form, QWidget* parent) {
     auto* text = b.label(Ctl::lblDisclaimer);
     text->setWordWrap(true);
     v->addWidget(text);
+    if (app.form(form).has(Ctl::lblLicense)) {
+        auto* licence = b.label(Ctl::lblLicense);
+        licence->setWordWrap(true);
+        v->addWidget(licence);
+    }
     auto* ok = b.button(Ctl::cmdOK);
     ok->setDefault(true);
     auto* h = new QHBoxLayout;

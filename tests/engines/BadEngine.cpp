@@ -1,9 +1,11 @@
 // Engines that fail the way real ones can.
 #include <cstdlib>
 
-#if defined(BAD_ENGINE_engine_hang)
+#if defined(BAD_ENGINE_engine_hang) || defined(BAD_ENGINE_engine_input_error)
 #include <cstdio>
 #include <string>
+#endif
+#if defined(BAD_ENGINE_engine_hang)
 #include <unistd.h>
 #endif
 
@@ -37,6 +39,19 @@ extern "C" __attribute__((visibility("default"))) void DLL_ROUT(char* input, int
     }
     for (;;)
         pause();
+}
+#elif defined(BAD_ENGINE_engine_input_error)
+// Cannot make sense of its input: it says so in the concrete data listing, as
+// the engine does, and ends normally.
+extern "C" __attribute__((visibility("default"))) void DLL_ROUT(char*, int*, char*, int*, char* concrete, int* length,
+                                                                char*, int*, char*, int*, char*, int*, char*, int*,
+                                                                char*, int*, char*, int*, char*, int*) {
+    std::string name(concrete, static_cast<size_t>(*length));
+    name.erase(name.find_last_not_of(' ') + 1);
+    if (FILE* f = std::fopen(name.c_str(), "wb")) {
+        std::fputs("CONCRETE DATA -- INPUT ECHO\r\nERROR LINE: THE INPUT FILE COULD NOT BE READ\r\n", f);
+        std::fclose(f);
+    }
 }
 #else
 extern "C" __attribute__((visibility("default"))) void SOMETHING_ELSE() {}

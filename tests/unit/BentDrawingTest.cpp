@@ -1,11 +1,18 @@
 // The drawing of a bent and the explanatory sketches, as scenes.
 #include "core/drawing/BentDrawing.h"
+#include "FakePorts.h"
+#include "TestFiles.h"
 #include "core/drawing/Sketches.h"
+#include "core/inputfile/InputFile.h"
+#include "core/model/Numeric.h"
 #include "core/output/Outputs.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <random>
 
 namespace tw::drawing {
 namespace {
@@ -135,6 +142,241 @@ TEST(Sketches, TheirLabelsAreTheFormsPrompts) {
     const Scene p = drawBentToFit(plan->inputs, plan->options, kSketchWidthPt, kSketchHeightPt);
     EXPECT_FALSE(texts(p, "Enter the length of the\ncap measured along the\nfront face of the cap").empty());
     EXPECT_FALSE(texts(p, "Centerline Locations 2").empty());
+}
+
+// ---- labels clear of one another ----
+
+// What overlaps in a scene as laid out at `feetPerPoint`: two labels, or a
+// label and the bubble of a beam's number other than its own; empty when nothing does.
+std::vector<std::string> overlapsIn(const Scene& s, double feetPerPoint) {
+    struct Label {
+        LabelBox box;
+        const Shape* shape;
+    };
+    std::vector<Label> labels;
+    for (const auto& shape : s.shapes)
+        if (auto b = labelBox(shape, feetPerPoint)) labels.push_back({*b, &shape});
+    std::vector<std::string> found;
+    for (std::size_t i = 0; i < labels.size(); ++i)
+        for (std::size_t j = i + 1; j < labels.size(); ++j)
+            if (overlaps(labels[i].box, labels[j].box))
+                found.push_back("\"" + labels[i].shape->text + "\" and \"" + labels[j].shape->text + "\"");
+    for (const auto& bubble : s.shapes) {
+        if (bubble.kind != Shape::Kind::Arc || bubble.sweep < 360 || bubble.source.rfind("txtCenterline", 0) != 0)
+            continue;
+        for (const auto& [box, shape] : labels) {
+            if (shape->source == bubble.source) continue;
+            // The nearest point of the box to the bubble's centre, in the box's own frame.
+            const Point d{bubble.center.x - box.origin.x, bubble.center.y - box.origin.y};
+            const double x = std::clamp(d.x * box.along.x + d.y * box.along.y, 0.0, box.width);
+            const double y = std::clamp(d.x * box.up.x + d.y * box.up.y, 0.0, box.height);
+            const Point near{box.origin.x + box.along.x * x + box.up.x * y,
+                             box.origin.y + box.along.y * x + box.up.y * y};
+            if (std::hypot(near.x - bubble.center.x, near.y - bubble.center.y) < bubble.rx)
+                found.push_back("\"" + shape->text + "\" and the bubble of " + bubble.source);
+        }
+    }
+    return found;
+}
+
+// The views a bent is drawn for: the page of `tarnwick draw`, the window's pane, a narrow pane.
+const std::pair<double, double> kViews[] = {{1200, 1800}, {720, 450}, {300, 520}};
+
+void expectClear(const BentInputs& in, const std::string& what) {
+    for (const auto& [w, h] : kViews) {
+        LayoutReport report;
+        const Scene s = drawBentToFit(in, {}, w, h, &report);
+        for (const auto& o : overlapsIn(s, report.feetPerPoint))
+            ADD_FAILURE() << what << " in " << w << " x " << h << ": " << o;
+    }
+}
+
+std::string feet(double v) { return formatField(4, 4, std::to_string(v)); }
+
+// A project of `beams` beams with values drawn at random: distances near and far,
+// closing distances that run negative, angles alike or not, long project titles.
+BentInputs generated(BentType type, int beams, std::mt19937& rng) {
+    auto real = [&](double lo, double hi) { return std::uniform_real_distribution<double>(lo, hi)(rng); };
+    auto pick = [&](int n) { return std::uniform_int_distribution<int>(0, n - 1)(rng); };
+    BentInputs in = typicalProject(type);
+    in.beams = beams;
+    double sum = 0;
+    for (int i = 0; i < beams; ++i) {
+        const double d = pick(5) == 0 ? real(0.1, 1.5) : real(2, 12);
+        in.centerlines[static_cast<std::size_t>(i)].text = feet(d);
+        in.capSteps[static_cast<std::size_t>(i)].text = feet(real(1, 10));
+        in.stepElevations[static_cast<std::size_t>(i)].text = formatField(4, 2, std::to_string(real(95, 105)));
+        sum += d;
+    }
+    // Now and then the centerlines run past the end of the cap.
+    in.capLength.text = feet(pick(4) == 0 ? sum * real(0.6, 0.95) : sum + real(2, 12));
+    in.skew = std::array{Skew::None, Skew::Right, Skew::Left}[static_cast<std::size_t>(pick(3))];
+    in.anglesAlike = pick(2) == 0;
+    for (auto& a : in.beamAngles) {
+        a.degrees.text = std::to_string(60 + pick(61));
+        a.minutes.text = std::to_string(pick(60));
+        a.seconds.text = std::to_string(pick(60)) + ".5";
+    }
+    in.wingsParallel = pick(2) == 0;
+    in.leftWing.degrees.text = std::to_string(60 + pick(61));
+    in.rightWing.degrees.text = std::to_string(60 + pick(61));
+    in.wingwallLength.text = feet(real(4, 20));
+    in.pileBoxes = pick(4);
+    in.batteredDrawn = pick(2) == 0;
+    in.battered = 1 + pick(6);
+    in.bottomComputed = pick(2) == 0;
+    in.leftLevel = pick(2) == 0;
+    in.rightLevel = pick(2) == 0;
+    in.bentLabel = "Bent " + std::to_string(1 + pick(99));
+    if (pick(2) == 0) {
+        std::string title;
+        while (title.size() < 400)
+            title += "STATE ROUTE " + std::to_string(pick(1000)) + " OVER THE NORVALE RIVER ";
+        in.projectInfo = {title, title.substr(0, 90), "PROJECT " + std::string(200, 'X')};
+    }
+    return in;
+}
+
+TEST(BentDrawingLabels, NoLabelOverlapsAnotherOrABubbleInTheSamples) {
+    for (const auto& entry : std::filesystem::directory_iterator(std::string(TW_SOURCE_DIR) + "/samples")) {
+        test::Loaded app;
+        parseProject(*app, test::slurp(entry.path()));
+        for (int row = 1; row < app->project().table().rows(); ++row)
+            expectClear(readBentInputs(app->project(), row, {}), entry.path().filename().string() + " bent " + std::to_string(row));
+    }
+}
+
+TEST(BentDrawingLabels, NoLabelOverlapsAnotherOrABubbleInGeneratedProjects) {
+    std::mt19937 rng(20240611);
+    for (BentType type : {BentType::Intermediate, BentType::EndWithBackwall, BentType::EndWithoutBackwall})
+        for (int beams = 1; beams <= 20; ++beams)
+            expectClear(generated(type, beams, rng),
+                        typicalProject(type).typeText + ", " + std::to_string(beams) + " beams");
+}
+
+TEST(BentDrawingLabels, TheNamedCrowdsAreResolved) {
+    // A closing distance that runs backwards keeps its label in the row, under the cap.
+    BentInputs in = typicalProject(BentType::Intermediate);
+    in.beams = 12;
+    for (int i = 0; i < 12; ++i)
+        in.centerlines[static_cast<std::size_t>(i)].text = "3.0000";
+    in.capLength.text = "30.0000";
+    LayoutReport report;
+    Scene s = drawBentToFit(in, {}, 1200, 1800, &report);
+    const auto closing = texts(s, "-6.0000");
+    ASSERT_EQ(closing.size(), 1u);
+    const auto box = labelBox(*closing.front(), report.feetPerPoint);
+    EXPECT_LT(std::max({box->corner(0).y, box->corner(1).y, box->corner(2).y, box->corner(3).y}), 0);
+    // The wingwalls' elevations stand above the walls, not on them.
+    in = typicalProject(BentType::EndWithoutBackwall);
+    s = drawBentToFit(in, {}, 1200, 1800, &report);
+    for (const char* top : {"104.25", "104.00", "101.50"}) {
+        const auto shown = texts(s, top);
+        ASSERT_EQ(shown.size(), 1u) << top;
+        const auto b = labelBox(*shown.front(), report.feetPerPoint);
+        for (const auto& wall : s.shapes) {
+            if (wall.kind != Shape::Kind::Polyline || !wall.fill || wall.source != "txtWingwallLength") continue;
+            for (std::size_t k = 0; k < wall.points.size(); ++k)
+                EXPECT_FALSE(crosses(*b, wall.points[k], wall.points[(k + 1) % wall.points.size()])) << top;
+        }
+    }
+    // Beams' angles clear of the beams' lines, every beam labelled.
+    in = typicalProject(BentType::Intermediate);
+    in.anglesAlike = false;
+    in.beams = 6;
+    for (int i = 0; i < 6; ++i) {
+        in.centerlines[static_cast<std::size_t>(i)].text = "2.0000";
+        in.beamAngles[static_cast<std::size_t>(i)].degrees.text = std::to_string(70 + 4 * i);
+    }
+    s = drawBentToFit(in, {}, 720, 450, &report);
+    int angles = 0;
+    for (const auto& label : s.shapes) {
+        if (label.source.rfind("txtBeamangleH", 0) != 0 || label.text.empty()) continue;
+        ++angles;
+        const auto b = labelBox(label, report.feetPerPoint);
+        for (const auto& line : s.shapes) {
+            if (line.kind != Shape::Kind::Polyline || line.source.rfind("txtCenterline(", 0) != 0) continue;
+            EXPECT_FALSE(crosses(*b, line.points[0], line.points[1])) << label.text << " on " << line.source;
+        }
+    }
+    EXPECT_EQ(angles, 6);
+}
+
+TEST(BentDrawingLabels, BoxesAreWhereThePainterSetsTheText) {
+    Scene s;
+    s.text({10, 20}, "100.00", 10, HAlign::Center, VAlign::Bottom);
+    const auto b = labelBox(s.shapes.back(), 0.1); // 10 points of 0.1 foot: an em is a foot
+    ASSERT_TRUE(b);
+    EXPECT_NEAR(b->width, textWidthEm("100.00"), 1e-9);
+    EXPECT_NEAR(b->origin.x, 10 - b->width / 2, 1e-9);
+    EXPECT_NEAR(b->origin.y, 20, 1e-9);
+    EXPECT_NEAR(b->height, kAscent + kDescent, 1e-9);
+    // A dimension's label sits on the side of its line away from what it measures.
+    s.dimension({0, 0}, {10, 0}, -3, "10.0000").height = 10;
+    const auto d = labelBox(s.shapes.back(), 0.1);
+    ASSERT_TRUE(d);
+    EXPECT_NEAR(std::max({d->corner(0).y, d->corner(1).y, d->corner(2).y, d->corner(3).y}), -3 - kLabelGapPt * 0.1,
+                1e-9);
+    EXPECT_FALSE(labelBox(s.text({0, 0}, "", 10), 0.1));
+    // Turned boxes overlap where they truly do, not where their extents would.
+    LabelBox a{{0, 0}, {1, 0}, {0, 1}, 4, 1},
+        turned{{3, 3}, {std::sqrt(0.5), -std::sqrt(0.5)}, {std::sqrt(0.5), std::sqrt(0.5)}, 4, 1};
+    EXPECT_FALSE(overlaps(a, turned));
+    turned.origin = {2, 0.5};
+    EXPECT_TRUE(overlaps(a, turned));
+    EXPECT_TRUE(crosses(a, {2, -1}, {2, 2}));
+    EXPECT_FALSE(crosses(a, {5, -1}, {5, 2}));
+}
+
+// ---- titles of any length ----
+
+TEST(BentDrawingTitle, LongLinesAreBrokenToTheViewAndCutShort) {
+    // Within the room, at blanks where there are any, inside a word too long for a line.
+    for (const std::string& text : {std::string("SR 12 OVER CEDAR CREEK AND THE NORVALE RAILROAD YARD"),
+                                    std::string(300, 'W'), std::string("A  B   C")}) {
+        const std::string fitted = fitText(text, 12);
+        std::string joined;
+        std::size_t start = 0;
+        while (start <= fitted.size()) {
+            const std::size_t end = std::min(fitted.find('\n', start), fitted.size());
+            const std::string line = fitted.substr(start, end - start);
+            EXPECT_LE(textWidthEm(line), 12 + 1e-9) << line;
+            joined += line;
+            start = end + 1;
+        }
+        std::string letters = text;
+        letters.erase(std::remove(letters.begin(), letters.end(), ' '), letters.end());
+        joined.erase(std::remove(joined.begin(), joined.end(), ' '), joined.end());
+        EXPECT_EQ(joined, letters);
+    }
+    EXPECT_EQ(fitText("A  B   C", 40), "A  B   C"); // blanks as typed where the words share a line
+    // At most so many lines, the last one saying that the text goes on.
+    const std::string cut = fitText(std::string(300, 'W'), 12, 3);
+    EXPECT_EQ(std::count(cut.begin(), cut.end(), '\n'), 2);
+    EXPECT_EQ(cut.substr(cut.size() - 3), "\xE2\x80\xA6");
+    EXPECT_LE(textWidthEm(cut.substr(cut.rfind('\n') + 1)), 12 + 1e-9);
+    EXPECT_EQ(fitText("\xC3\x89T\xC3\x89", 0.7), "\xC3\x89\nT\n\xC3\x89"); // never inside a character
+}
+
+TEST(BentDrawingTitle, ATitleOfTwoHundredThousandCharactersDraws) {
+    BentInputs in = typicalProject(BentType::EndWithBackwall);
+    std::string title;
+    while (title.size() < 200000)
+        title += "SR 12 OVER CEDAR CREEK ";
+    in.projectInfo = {title, std::string(200000, 'X'), "PROJECT 4471"};
+    LayoutReport report, plain;
+    const Scene s = drawBentToFit(in, {}, 720, 450, &report);
+    drawBentToFit(typicalProject(BentType::EndWithBackwall), {}, 720, 450, &plain);
+    // The bent keeps its scale; the title block shows the start of each line within the view.
+    EXPECT_LT(report.feetPerPoint, 1.5 * plain.feetPerPoint);
+    const auto block = std::find_if(s.shapes.begin(), s.shapes.end(),
+                                    [](const Shape& sh) { return sh.text.rfind("SR 12 OVER CEDAR CREEK", 0) == 0; });
+    ASSERT_NE(block, s.shapes.end());
+    EXPECT_LE(std::count(block->text.begin(), block->text.end(), '\n'), 7);
+    EXPECT_NE(block->text.find("PROJECT 4471"), std::string::npos);
+    EXPECT_NE(block->text.find("\xE2\x80\xA6"), std::string::npos);
+    for (const auto& b : labelBoxes(s, report.feetPerPoint))
+        EXPECT_LE(b.width / report.feetPerPoint, 720 * 0.9 + 1) << "a line wider than the view";
 }
 
 } // namespace

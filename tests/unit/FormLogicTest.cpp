@@ -112,7 +112,7 @@ TEST(BentCounter, OverflowIsARunTimeErrorAfterTheRowIsIn) {
 } // namespace
 } // namespace tw
 
-#include "core/output/Outputs.h"
+#include "core/EngineListing.h"
 
 #include <fstream>
 

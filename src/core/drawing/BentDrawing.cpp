@@ -11,13 +11,9 @@ namespace tw::drawing {
 
 namespace {
 
-// DejaVu Sans, the drawing font, in ems.
-constexpr double kAscent = 0.93;
-constexpr double kDescent = 0.24;
-constexpr double kLineSpacing = 1.17;
-constexpr double kArrowPt = 7;    // the painter's arrowheads
-constexpr double kLabelGapPt = 2; // between a dimension line and its label
-constexpr std::size_t kWrap = 24; // characters a line of a prompt
+constexpr double kArrowPt = 7;         // the painter's arrowheads
+constexpr std::size_t kWrap = 24;      // characters a line of a prompt
+constexpr std::size_t kTitleLines = 3; // a line of the title block that runs longer is cut short
 
 const Color kInk{0, 0, 0};
 const Color kConcrete{232, 232, 232};
@@ -74,29 +70,6 @@ struct Src {
 
 int lineCount(const std::string& text) { return 1 + static_cast<int>(std::count(text.begin(), text.end(), '\n')); }
 
-// A text's extent as a rectangle in its own frame (x along the text, y up), in ems.
-struct Frame {
-    double x0, x1, y0, y1;
-};
-
-Frame textFrame(const std::string& text, HAlign h, VAlign v) {
-    const double w = textWidthEm(text);
-    const double extra = (lineCount(text) - 1) * kLineSpacing;
-    Frame f{0, w, 0, 0};
-    if (h == HAlign::Center) f = {-w / 2, w / 2, 0, 0};
-    if (h == HAlign::Right) f = {-w, 0, 0, 0};
-    double top = kAscent; // of the first line, above the anchor
-    switch (v) {
-    case VAlign::Baseline: break;
-    case VAlign::Bottom: top = kAscent + kDescent; break;
-    case VAlign::Middle: top = (kAscent + kDescent) / 2; break;
-    case VAlign::Top: top = 0; break;
-    }
-    f.y1 = top;
-    f.y0 = top - kAscent - kDescent - extra;
-    return f;
-}
-
 class Builder {
   public:
     Builder(const BentInputs& in, const BentGeometry& g, const DrawOptions& o, double feetPerPoint,
@@ -108,6 +81,7 @@ class Builder {
         Scene scene;
         if (!in_.type) {
             text(scene, {0, 0}, "Choose a bent type to see the bent.", {}, Mark::Placeholder, HAlign::Center);
+            placeLabels(scene, pt_);
             return scene;
         }
         Scene top, bottom;
@@ -179,24 +153,6 @@ class Builder {
     double widthOf(const std::string& s) const { return widthOf(s, o_.textPt); }
     double heightOf(const std::string& s) const { return (lineCount(s) * kLineSpacing) * em_; }
 
-    // Keeps room for what screen-sized text will cover.
-    static void reserve(Scene& s, const Box& b) {
-        if (b.empty) return;
-        Shape& r = s.text({b.minX, b.minY}, "", 1);
-        r.points.push_back({b.maxX, b.maxY});
-        r.level = kNotes;
-    }
-
-    void reserveFrame(Scene& s, Point at, double angle, const Frame& f, double sizePt) const {
-        const double k = sizePt * pt_, a = angle * std::numbers::pi / 180;
-        const Point u{std::cos(a), std::sin(a)}, n = leftNormal(u);
-        Box b;
-        for (double x : {f.x0, f.x1})
-            for (double y : {f.y0, f.y1})
-                b.add(at + u * (x * k) + n * (y * k));
-        reserve(s, b);
-    }
-
     Shape& text(Scene& s, Point at, const std::string& t, const Src& source, Mark mark, HAlign h = HAlign::Left,
                 VAlign v = VAlign::Baseline, double angle = 0, double sizePt = 0) {
         if (sizePt <= 0) sizePt = o_.textPt;
@@ -206,7 +162,6 @@ class Builder {
         const double rise = v == VAlign::Bottom ? extra : v == VAlign::Middle ? extra / 2 : 0;
         const double a = angle * std::numbers::pi / 180;
         at = at + Point{-std::sin(a), std::cos(a)} * rise;
-        reserveFrame(s, at, angle, textFrame(t, h, v), sizePt);
         Shape& shape = s.text(at, t, sizePt, h, v);
         shape.angle = angle;
         shape.source = source.name;
@@ -262,8 +217,6 @@ class Builder {
         const double gap = ems(kLabelGapPt);
         if (fits && !across && oneLine) {
             d.text = label;
-            reserveFrame(s, mid + n * (gap + heightOf(label) / 2), degreesOf(u),
-                         textFrame(label, HAlign::Center, VAlign::Middle), o_.textPt);
             return gap + heightOf(label);
         }
         if (fits && !across) {
@@ -286,9 +239,13 @@ class Builder {
             across = across || (lineCount(labels[i]) == 1 &&
                                 widthOf(labels[i]) + 2 * ems(kArrowPt) > std::abs(xs[i + 1] - xs[i]));
         double reach = 0;
-        for (std::size_t i = 0; i + 1 < xs.size(); ++i)
+        for (std::size_t i = 0; i + 1 < xs.size(); ++i) {
+            // The offset is to the left of the direction measured: a distance that runs
+            // backwards (a negative closing distance) keeps its line in the row all the same.
+            const double offset = (row - at) * (xs[i + 1] < xs[i] ? -1 : 1);
             reach = std::max(
-                reach, dimension(s, {xs[i], at}, {xs[i + 1], at}, row - at, labels[i], sources[i], marks[i], across));
+                reach, dimension(s, {xs[i], at}, {xs[i + 1], at}, offset, labels[i], sources[i], marks[i], across));
+        }
         return row - reach;
     }
 
@@ -363,6 +320,7 @@ class Builder {
         beams(s);
         battered(s);
         planDimensions(s);
+        placeLabels(s, pt_);
     }
 
     // The label of each beam's angle: every beam when they differ, the first one when they are all alike.
@@ -385,22 +343,39 @@ class Builder {
 
     // Where the beam centerlines end behind the cap and their numbers stand.
     struct BeamEnds {
-        double back;    // the centerlines run this far back
-        double radius;  // of a number's circle
-        bool staggered; // numbers too close for one row take two
-        double top;     // above every number
+        double back;          // the centerlines run at least this far back
+        double radius;        // of a number's circle
+        std::vector<int> row; // numbers too close for one row stand a row or more further back
+        double top;           // above every number
+        double reach(std::size_t i) const { return back + row[i] * 2.2 * radius; }
     };
     BeamEnds beamEnds() const {
         const auto labelled = angleLabelled();
         double longest = 0;
         for (std::size_t i = 0; i < labelled.size(); ++i)
             if (labelled[i]) longest = std::max(longest, widthOf(sayAngle(angleInput(i), g_.beamAngle[i])));
-        BeamEnds e{g_.width.v + (longest > 0 ? longest + line_ : 0.6 * line_), 0.75 * line_, false, 0};
-        double closest = 1e9;
-        for (std::size_t i = 1; i < g_.beamX.size(); ++i)
-            closest = std::min(closest, g_.beamX[i].v - g_.beamX[i - 1].v);
-        e.staggered = closest < 2.3 * e.radius;
-        e.top = e.back + (e.staggered ? 2.2 * e.radius : 0) + (on(kBeamNumbers) ? 2 * e.radius : 0);
+        BeamEnds e{g_.width.v + (longest > 0 ? longest + line_ : 0.6 * line_), 0.75 * line_,
+                   std::vector<int>(g_.beamX.size(), 0), 0};
+        int rows = 1;
+        if (on(kBeamNumbers)) {
+            // Each number takes the nearest row where its circle clears those of the numbers before it.
+            std::vector<Point> centres;
+            for (std::size_t i = 0; i < g_.beamX.size(); ++i) {
+                const Point u = g_.beamDirection[i], at{g_.beamX[i].v, g_.bearing.v};
+                for (int r = 0;; ++r) {
+                    e.row[i] = r;
+                    const Point c = at + u * ((e.reach(i) - g_.bearing.v) / u.y + e.radius);
+                    const bool clear = std::all_of(centres.begin(), centres.end(),
+                                                   [&](Point o) { return length(c - o) >= 2.2 * e.radius; });
+                    if (clear || r > 2 * static_cast<int>(i)) {
+                        centres.push_back(c);
+                        rows = std::max(rows, r + 1);
+                        break;
+                    }
+                }
+            }
+        }
+        e.top = e.back + (rows - 1) * 2.2 * e.radius + (on(kBeamNumbers) ? 2 * e.radius : 0);
         return e;
     }
 
@@ -408,19 +383,17 @@ class Builder {
         const double W = g_.width.v, d = g_.bearing.v;
         const auto labelled = angleLabelled();
         const BeamEnds ends = beamEnds();
-        const double front = -line_, back = ends.back, radius = ends.radius;
-        const bool staggered = ends.staggered;
+        const double front = -line_, radius = ends.radius;
         for (std::size_t i = 0; i < g_.beamX.size(); ++i) {
             const Point u = g_.beamDirection[i], at{g_.beamX[i].v, d};
             const auto source = in_.centerlines[i].id;
             const Mark mark = g_.beamX[i].mark;
-            const double reach = back + (staggered && i % 2 == 1 ? 2.2 * radius : 0);
-            const Point a = at + u * ((front - d) / u.y), b = at + u * ((reach - d) / u.y);
+            const Point a = at + u * ((front - d) / u.y), b = at + u * ((ends.reach(i) - d) / u.y);
             tagged(s.line(a, b, centerline()), source, mark, kCenterlines);
             if (on(kBeamNumbers)) {
                 const Point c = b + u * radius;
                 tagged(s.arc(c, radius, radius, 0, 360, thin()), source, mark, kCenterlines);
-                text(s, c, std::to_string(i + 1), source, mark, HAlign::Center, VAlign::Middle);
+                text(s, c, std::to_string(i + 1), source, mark, HAlign::Center, VAlign::Middle).pinned = true;
             }
             if (!labelled[i]) continue;
             const AngleInput& angle = angleInput(i);
@@ -428,11 +401,12 @@ class Builder {
             const double arcStart = in_.skew == Skew::Left ? 180 - theta : 0;
             tagged(s.arc(at, line_ * 0.9, line_ * 0.9, arcStart, theta, thin()), angle.degrees.id, g_.beamAngle[i].mark,
                    kDimensions);
+            // Along the beam's line behind the cap, clear of it on the side away from the span's skew.
             const std::string t = sayAngle(angle, g_.beamAngle[i]);
             const Point start = at + u * ((W + 0.5 * line_ - d) / u.y);
             const Point side = leftNormal(u) * (u.x >= 0 ? -1.0 : 1.0);
             const Point mid = start + u * (widthOf(t) / 2);
-            labelBeside(s, mid, u, side, 0.15 * line_, t, angle.degrees.id, g_.beamAngle[i].mark, true);
+            labelBeside(s, mid, u, side, 0.35 * line_, t, angle.degrees.id, g_.beamAngle[i].mark, true);
         }
     }
 
@@ -610,11 +584,13 @@ class Builder {
             minimumDepth(s);
         // Measured below the bottom's labels, so no extension line crosses them.
         if (on(kCapSteps)) capSteps(s, lowest);
+        placeLabels(s, pt_);
 
         // The wingwalls unfolded below, each under its end of the cap (in a sketch, the one about them).
         if (isEndBent(*in_.type) && (!prompts() || on(kWingwallTops))) {
             Scene wings;
             developedWingwalls(wings);
+            placeLabels(wings, pt_);
             const Box above = s.bounds(), own = wings.bounds();
             append(s, std::move(wings), {0, above.minY - 1.5 * line_ - own.maxY});
         }
@@ -732,24 +708,29 @@ class Builder {
             text(s, {(x0 + x1) / 2, base - 0.3 * line_}, captions[left ? 0 : 1], in_.wingwallLength.id, w->length.mark,
                  HAlign::Center, VAlign::Top);
             if (!on(kWingwallTops)) continue;
-            const double inset = 0.3 * line_;
+            // The elevations stand above the top, as the steps' do: the one of a level top at
+            // its middle, those of a sloped top at its two ends, each clear of the slope.
+            const double above = 0.25 * line_;
             if (level) {
-                const std::string t = say(front, w->frontTop);
-                text(s, {(x0 + x1) / 2, std::min(a.y, b.y) - inset}, t, front.id, w->frontTop.mark, HAlign::Center,
-                     VAlign::Top);
-            } else {
-                // Each label hangs below the sloped top across its whole width.
-                const std::string tf = say(front, w->frontTop), te = say(back, w->endTop);
-                auto topAlong = [&](double x) { return a.y + (b.y - a.y) * (x - x0) / (x1 - x0); };
-                const double fx = x0 + dir * inset;
-                text(s, {fx, std::min(a.y, topAlong(fx + dir * widthOf(tf))) - inset}, tf, front.id, w->frontTop.mark,
-                     left ? HAlign::Right : HAlign::Left, VAlign::Top);
-                // Two prompts do not fit inside side by side: the end's stands outside, past the end.
-                const bool outside = prompts();
-                const double ex = outside ? x1 + dir * inset : x1 - dir * inset;
-                text(s, {ex, outside ? b.y : std::min(b.y, topAlong(ex - dir * widthOf(te))) - inset}, te, back.id,
-                     w->endTop.mark, left == outside ? HAlign::Right : HAlign::Left, VAlign::Top);
+                text(s, {(x0 + x1) / 2, std::max(a.y, b.y) + above}, say(front, w->frontTop), front.id,
+                     w->frontTop.mark, HAlign::Center, VAlign::Bottom);
+                continue;
             }
+            auto topAlong = [&](double x) {
+                x = std::clamp(x, std::min(x0, x1), std::max(x0, x1));
+                return a.y + (b.y - a.y) * (x - x0) / (x1 - x0);
+            };
+            const std::string tf = say(front, w->frontTop), te = say(back, w->endTop);
+            const double fw = widthOf(tf), ew = widthOf(te);
+            text(s, {x0, std::max(a.y, topAlong(x0 + dir * fw)) + above}, tf, front.id, w->frontTop.mark,
+                 left ? HAlign::Right : HAlign::Left, VAlign::Bottom);
+            // Two prompts do not fit side by side over the wall: the end's stands past the end.
+            if (prompts())
+                text(s, {x1 + dir * above, b.y}, te, back.id, w->endTop.mark, left ? HAlign::Right : HAlign::Left,
+                     VAlign::Bottom);
+            else
+                text(s, {x1, std::max(b.y, topAlong(x1 - dir * ew)) + above}, te, back.id, w->endTop.mark,
+                     left ? HAlign::Left : HAlign::Right, VAlign::Bottom);
         }
     }
 
@@ -766,16 +747,16 @@ class Builder {
             Shape& post = s.polyline({{x0, base}, {x0 + we, base}, {x0 + we, top->v}, {x0, top->v}}, true, outline());
             post.fill = kDarker;
             tagged(post, input->id, top->mark, kOutline);
-            double above = 0.25 * line_;
             // A top not entered yet shows by its dashed outline; a "?" there would only crowd the steps'.
+            // The top stands beside the post, outside the cap, where the extension lines of
+            // the width above the post leave it room.
             if (on(kBackwallTops) && (top->mark != Mark::Placeholder || prompts())) {
-                const std::string t = say(*input, *top);
-                text(s, {x0 + we / 2, top->v + above}, t, input->id, top->mark, HAlign::Center, VAlign::Bottom);
-                above += heightOf(t) + 0.3 * line_;
+                const bool leftPost = x0 == 0.0;
+                text(s, {leftPost ? x0 - 0.3 * line_ : x0 + we + 0.3 * line_, top->v}, say(*input, *top), input->id,
+                     top->mark, leftPost ? HAlign::Right : HAlign::Left, VAlign::Top);
             }
-            // The width shows here, where nothing crowds the post.
             if (on(kEndPosts))
-                dimension(s, {x0, top->v}, {x0 + we, top->v}, above + 0.5 * line_, say(in_.endPostWidth, g_.postWidth),
+                dimension(s, {x0, top->v}, {x0 + we, top->v}, 0.75 * line_, say(in_.endPostWidth, g_.postWidth),
                           in_.endPostWidth.id, g_.postWidth.mark);
         }
         // The backwall stands on the cap between the end posts; its bottom follows the steps.
@@ -799,7 +780,7 @@ class Builder {
                kCenterlines);
         if (!on(kBackwallTops)) return;
         // The labels hang inside the backwall when it is tall enough to hold them above the
-        // steps' labels, else they stand on its top, clear of the end posts' labels.
+        // steps' labels, else they stand on its top.
         double lowest = 1e9;
         for (const Point& p : {a, c, b})
             lowest = std::min(lowest, p.y - topAt(p.x));
@@ -811,11 +792,10 @@ class Builder {
             const Value* value;
             HAlign h;
         };
-        const double clear = std::max(inset, widthOf(say(in_.leftEndPostTop, g_.leftPostTop)) / 2 - we / 2 + line_);
         const Top tops[] = {
-            {{a.x + (inside ? inset : clear), a.y}, &in_.backwallLeftTop, &g_.backwallLeftTop, HAlign::Left},
+            {{a.x + inset, a.y}, &in_.backwallLeftTop, &g_.backwallLeftTop, HAlign::Left},
             {{c.x, c.y - (inside ? 0.6 * line_ : 0)}, &in_.backwallCenterTop, &g_.backwallCenterTop, HAlign::Center},
-            {{b.x - (inside ? inset : clear), b.y}, &in_.backwallRightTop, &g_.backwallRightTop, HAlign::Right}};
+            {{b.x - inset, b.y}, &in_.backwallRightTop, &g_.backwallRightTop, HAlign::Right}};
         for (const auto& [at, input, value, h] : tops) {
             if (value->mark == Mark::Placeholder && !prompts()) continue;
             text(s, {at.x, at.y + (inside ? -inset : inset)}, say(*input, *value), input->id, value->mark, h,
@@ -825,28 +805,32 @@ class Builder {
 
     // ---- title block ----
 
-    // A line of the title block broken where the view would cut it.
-    std::string fitLine(const std::string& line, double sizePt) const {
-        if (o_.viewWidthPt <= 0) return line;
-        std::size_t chars = line.size();
-        while (chars > 12 && textWidthEm(wrap(line, chars)) * sizePt > o_.viewWidthPt)
-            chars -= 4;
-        return wrap(line, chars);
+    // How many ems of text at `sizePt` a line of the title block holds: as wide as
+    // the view, or where the view is not known, as the drawing.
+    double titleRoomEm(const Box& drawn, double sizePt) const {
+        const double widthPt = o_.viewWidthPt > 0 ? o_.viewWidthPt : std::max(40 * o_.textPt, drawn.width() / pt_);
+        return widthPt / sizePt;
     }
 
-    void title(Scene& s) {
-        const Box drawn = s.bounds();
+    // The title block under the drawing: the bent type and the bent, the project's
+    // lines (each cut short after a few lines), the notes and the problems.
+    void title(Scene& scene) {
+        const Box drawn = scene.bounds();
+        Scene s;
         const double top = drawn.empty ? 0 : drawn.minY - line_;
         const double x0 = drawn.empty ? 0 : drawn.minX, x1 = drawn.empty ? 0 : drawn.maxX;
         tagged(s.line({x0, top}, {x1, top}, thin()), {}, Mark::Normal, kNotes);
+        const double headPt = o_.textPt + 2;
         std::string lines;
         for (const auto& l : in_.projectInfo)
-            if (!trim(l).empty()) lines += (lines.empty() ? "" : "\n") + fitLine(trim(l), o_.textPt);
-        const std::string head = fitLine(
-            in_.typeText + "  \xE2\x80\x94  " + (o_.heading.empty() ? in_.bentLabel : o_.heading), o_.textPt + 2);
+            if (!trim(l).empty())
+                lines += (lines.empty() ? "" : "\n") + fitText(trim(l), titleRoomEm(drawn, o_.textPt), kTitleLines);
+        const std::string head =
+            fitText(in_.typeText + "  \xE2\x80\x94  " + (o_.heading.empty() ? in_.bentLabel : o_.heading),
+                    titleRoomEm(drawn, headPt), kTitleLines);
         double y = top - 0.4 * line_;
-        text(s, {x0, y}, head, {}, Mark::Normal, HAlign::Left, VAlign::Top, 0, o_.textPt + 2).level = kNotes;
-        y -= lineCount(head) * (o_.textPt + 2) * kLineSpacing * pt_ + 0.2 * line_;
+        text(s, {x0, y}, head, {}, Mark::Normal, HAlign::Left, VAlign::Top, 0, headPt).level = kNotes;
+        y -= lineCount(head) * headPt * kLineSpacing * pt_ + 0.2 * line_;
         if (!lines.empty()) {
             text(s, {x0, y}, lines, {}, Mark::Normal, HAlign::Left, VAlign::Top).level = kNotes;
             y -= heightOf(lines) + 0.2 * line_;
@@ -864,11 +848,14 @@ class Builder {
             x += w + widthOf(n.text.back() == ',' ? " " : "   ");
         }
         if (!notes_.empty()) y -= line_ + 0.2 * line_;
-        if (!on(kProblems) || g_.problems.empty()) return;
-        std::string problems;
-        for (const auto& p : g_.problems)
-            problems += (problems.empty() ? "" : "\n") + fitLine(p, o_.textPt);
-        text(s, {x0, y}, problems, {}, Mark::Error, HAlign::Left, VAlign::Top).level = kNotes;
+        if (on(kProblems) && !g_.problems.empty()) {
+            std::string problems;
+            for (const auto& p : g_.problems)
+                problems += (problems.empty() ? "" : "\n") + fitText(p, titleRoomEm(drawn, o_.textPt));
+            text(s, {x0, y}, problems, {}, Mark::Error, HAlign::Left, VAlign::Top).level = kNotes;
+        }
+        placeLabels(s, pt_);
+        append(scene, std::move(s), {0, 0});
     }
 
     struct Note {
@@ -888,34 +875,6 @@ class Builder {
 };
 
 } // namespace
-
-double textWidthEm(const std::string& text) {
-    double widest = 0, w = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const unsigned char c = static_cast<unsigned char>(text[i]);
-        if (c == '\n') {
-            widest = std::max(widest, w);
-            w = 0;
-            continue;
-        }
-        if ((c & 0xC0) == 0x80) continue; // the rest of a character already counted
-        if (c >= '0' && c <= '9')
-            w += 0.64;
-        else if (c == ' ' || c == '.' || c == ',' || c == ':' || c == ';')
-            w += 0.32;
-        else if (c == 'i' || c == 'l' || c == 'j' || c == 'I' || c == '\'' || c == '|' || c == '!')
-            w += 0.28;
-        else if (c == 'f' || c == 't' || c == 'r' || c == '(' || c == ')' || c == '-' || c == '"')
-            w += 0.42;
-        else if (c == 'm' || c == 'w' || c == 'M' || c == 'W')
-            w += 0.98;
-        else if (c >= 'A' && c <= 'Z')
-            w += 0.74;
-        else
-            w += 0.62;
-    }
-    return std::max(widest, w);
-}
 
 Scene drawBent(const BentInputs& in, const DrawOptions& options, double feetPerPoint) {
     const BentGeometry g = bentGeometry(in);
@@ -949,7 +908,9 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
         double x0 = bare, f0 = 0, x1 = bare;
         Scene scene;
         overflow = false;
+        double built = x1;
         for (int round = 0; round < 8; ++round) {
+            built = x1;
             scene = Builder(in, g, o, x1, compact).build();
             const double f1 = feetPerPointToFit(scene.bounds(), widthPt, heightPt, margin);
             if (std::abs(f1 - x1) <= 0.02 * x1) break;
@@ -966,7 +927,8 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
             f0 = f1;
             x1 = std::max(bare, next);
         }
-        fpp = x1;
+        // The scale the scene was laid out for, which its labels' room was worked out at.
+        fpp = built;
         return scene;
     };
     // When the dimensions beside the plan would leave the bent less than

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/drawing/BentGeometry.h"
+#include "core/drawing/Labels.h"
 #include "core/drawing/Scene.h"
 
 #include <string>
@@ -73,8 +74,5 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
 
 // The feet per point at which a scene of `box` fills the view.
 double feetPerPointToFit(const Box& box, double widthPt, double heightPt, double margin = 0.05);
-
-// The width of `text` in ems of the drawing font (lines split at '\n').
-double textWidthEm(const std::string& text);
 
 } // namespace tw::drawing

@@ -68,6 +68,9 @@ struct Shape {
     // to the left of the direction points[0] -> points[1] (negative: to the right).
     double offset = 0;
 
+    // A label that stays where it is put (a number in its bubble): others make way for it.
+    bool pinned = false;
+
     int level = 0;      // the layer the shape belongs to (a DGN level)
     std::string source; // the input it shows, as a control name ("txtCapStep(3)"); empty for none
     Mark mark = Mark::Normal;

@@ -243,12 +243,14 @@ const char* kDisclaimer =
     "Norvale accepts no liability for the use of this program or of its results. "
     "Support: Norvale Bridge Design Office, bridge.software@norvale.example, (555) 014-2260.";
 
-// The splash and the About box: the title, the version, the disclaimer and OK.
+// The splash and the About box: the title, the version, the disclaimer (and in About the licence) and OK.
 void titleControls(Builder& b, bool disclaimerHeading) {
     b.label(Ctl::lblTitle, kAppTitle);
     b.label(Ctl::lblVersion, versionText());
     if (disclaimerHeading) b.label(Ctl::lblLabel, "DISCLAIMER");
     b.label(Ctl::lblDisclaimer, kDisclaimer);
+    // The About box names the licence the program is released under.
+    if (!disclaimerHeading) b.label(Ctl::lblLicense, TW_LICENSE_LINE);
     b.button(Ctl::cmdOK, "OK");
 }
 

@@ -158,6 +158,7 @@ namespace tw {
     X(lblVersion, 0)                                                                                                   \
     X(lblLabel, 0)                                                                                                     \
     X(lblDisclaimer, 0)                                                                                                \
+    X(lblLicense, 0)                                                                                                   \
     X(cmdOK, 0)                                                                                                        \
     /* frmIPrinter */                                                                                                  \
     X(PrintIt, 0)                                                                                                      \

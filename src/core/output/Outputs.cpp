@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/output/Outputs.h"
 
+#include "core/EngineListing.h"
 #include "core/drawing/SketchTable.h"
 #include "core/form/Session.h"
 #include "core/model/Choices.h"
@@ -135,17 +136,6 @@ std::string dottedBase(const std::string& currentFile) {
 std::string plainBase(const std::string& currentFile) {
     const auto dot = currentFile.find('.');
     return dot == std::string::npos ? currentFile : currentFile.substr(0, dot);
-}
-
-bool concreteDataIsClean(const std::string& concreteFile) {
-    std::ifstream in(concreteFile, std::ios::binary);
-    if (!in) return true;
-    // Read as comma-separated items, as the listing is; the marker holds
-    // neither a comma nor a line break, so it never spans two items.
-    std::string item;
-    while (std::getline(in, item, ','))
-        if (item.find("ERROR LINE") != std::string::npos) return false;
-    return true;
 }
 
 void showSketch(Session& s, Ctl label) {

@@ -16,9 +16,6 @@ class Session;
 std::string dottedBase(const std::string& currentFile);
 std::string plainBase(const std::string& currentFile);
 
-// True when the concrete data file holds no "ERROR LINE" (or cannot be read).
-bool concreteDataIsClean(const std::string& concreteFile);
-
 // Print (menu and toolbar): the printer window, when Run has been.
 void printCommand(Session& s);
 // The printer window's list of outputs shows another entry.

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/run/Run.h"
 
+#include "core/EngineListing.h"
 #include "core/form/FileCommands.h"
 #include "core/form/Session.h"
 #include "core/model/Numeric.h"
 
+#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -126,7 +128,15 @@ void steps(Session& s) {
               kAppTitle, MsgButtons::OK, MsgIcon::None);
     const auto after = drawingStamp(drawing);
     const Drawing drew = !after ? Drawing::Missing : after == before ? Drawing::Unchanged : Drawing::New;
-    const std::string warning = batchWarning(started, drew, drawing);
+    std::string warning = batchWarning(started, drew, drawing);
+    // The engine tells of input it could not use only in its concrete data listing:
+    // the status bar says so first, then what the batch program left undone.
+    const std::string listing = base + ".ebntc";
+    if (!concreteDataIsClean(listing)) {
+        const std::string engine = "The engine reported an error: see its listing " + listing;
+        if (!warning.empty()) warning[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(warning[0])));
+        warning = warning.empty() ? engine : engine + "; " + warning;
+    }
     if (!warning.empty()) s.notice(warning);
 
     std::error_code ec;

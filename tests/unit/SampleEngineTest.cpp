@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: Apache-2.0
+// The sample engine of the program folder, called as Run calls it.
+#include "TestFiles.h"
+#include "core/EngineListing.h"
+#include "core/run/Run.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <dlfcn.h>
+#include <fstream>
+#include <string>
+
+namespace tw {
+namespace {
+
+using Rout = void (*)(char*, int*, char*, int*, char*, int*, char*, int*, char*, int*, char*, int*, char*, int*, char*,
+                      int*, char*, int*, char*, int*);
+
+// Runs the engine on `input`; the concrete data listing it leaves.
+std::string runEngine(const std::string& input) {
+    void* lib = dlopen((std::string(TW_PROGRAM_DIR) + "/libcalbnt.so").c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!lib) {
+        ADD_FAILURE() << dlerror();
+        return {};
+    }
+    const auto rout = reinterpret_cast<Rout>(dlsym(lib, "DLL_ROUT"));
+    EXPECT_NE(rout, nullptr);
+    const std::string base = runBaseName(input);
+    std::array<std::string, 10> names = {input};
+    for (std::size_t i = 0; i < kOutputSuffixes.size(); ++i)
+        names[i + 1] = base + kOutputSuffixes[i];
+    std::array<int, 10> lengths{};
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        names[i] = padName(names[i]);
+        lengths[i] = static_cast<int>(names[i].size());
+    }
+    if (rout)
+        rout(names[0].data(), &lengths[0], names[1].data(), &lengths[1], names[2].data(), &lengths[2], names[3].data(),
+             &lengths[3], names[4].data(), &lengths[4], names[5].data(), &lengths[5], names[6].data(), &lengths[6],
+             names[7].data(), &lengths[7], names[8].data(), &lengths[8], names[9].data(), &lengths[9]);
+    dlclose(lib);
+    return base + ".ebntc";
+}
+
+TEST(SampleEngine, AnInputItCannotReadEndsInItsErrorLine) {
+    const auto dir = test::freshFolder("engine-");
+    // No file at all, a file that is no project, and a project it reads.
+    const std::string missing = runEngine((dir / "missing.ebnt").string());
+    EXPECT_FALSE(concreteDataIsClean(missing));
+    EXPECT_NE(test::slurp(missing).find("ERROR LINE: THE INPUT FILE COULD NOT BE READ"), std::string::npos);
+    std::ofstream(dir / "garbage.ebnt") << "not a project\r\n";
+    EXPECT_FALSE(concreteDataIsClean(runEngine((dir / "garbage.ebnt").string())));
+    std::filesystem::copy_file(std::string(TW_SOURCE_DIR) + "/samples/intermediate.ebnt", dir / "sample.ebnt");
+    EXPECT_TRUE(concreteDataIsClean(runEngine((dir / "sample.ebnt").string())));
+}
+
+} // namespace
+} // namespace tw
