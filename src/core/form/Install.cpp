@@ -2,6 +2,7 @@
 #include "core/App.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/Toolbar.h"
 
 namespace tw {
 
@@ -24,10 +25,7 @@ void installShell(App& app) {
     app.on(kFrmMain, Ctl::mnuExit, Event::Click, [](App& a, EventArgs&) { unloadMainForm(a); });
     // Each toolbar button does what the menu item of the same name does.
     app.on(kFrmMain, Ctl::Toolbar1, Event::Click, [](App& a, EventArgs& e) {
-        const std::pair<const char*, Ctl> keys[] = {{"New", Ctl::mnuNew},     {"Open", Ctl::mnuOpen},
-                                                    {"Save", Ctl::mnuSave},   {"Run", Ctl::mnuRun},
-                                                    {"Print", Ctl::mnuPrint}, {"Exit", Ctl::mnuExit}};
-        for (const auto& [key, menu] : keys) {
+        for (const auto& [key, menu] : kToolbarButtons) {
             if (e.text != key) continue;
             a.fire(menu, Event::Click);
             return;
