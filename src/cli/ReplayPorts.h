@@ -56,9 +56,9 @@ class ReplaySystem : public SystemPorts {
     ReplaySystem(std::ostream& out, SystemPorts& platform) : out_(out), platform_(platform) {}
 
     bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
-    ProcessResult startAndWait(const std::string& commandLine) override;
+    ProcessResult startAndWait(const ProgramCall& call) override;
     void cancelWaits() override { platform_.cancelWaits(); }
-    bool startDetached(const std::string& commandLine) override;
+    bool startDetached(const ProgramCall& call) override;
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
     std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override {
         return platform_.readSetting(app, section, key);

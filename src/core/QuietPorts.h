@@ -29,9 +29,9 @@ class QuietPorts : public UserPorts, public SystemPorts {
     void pictureLoaded(const std::string&, const std::string&) override {}
 
     bool shellOpen(const std::string&, const std::string&, const std::string&) override { return true; }
-    ProcessResult startAndWait(const std::string&) override { return {}; }
+    ProcessResult startAndWait(const ProgramCall&) override { return {}; }
     void cancelWaits() override {}
-    bool startDetached(const std::string&) override { return false; }
+    bool startDetached(const ProgramCall&) override { return false; }
     EngineResult callEngine(const std::string&, const std::array<std::string, 10>&) override { return {}; }
     std::string readSetting(const std::string& a, const std::string& s, const std::string& k) override {
         return settings_[a + "/" + s + "/" + k];

@@ -84,7 +84,7 @@ void openDrawing(App& app) {
     if (percent == std::string::npos || percent < 2)
         throw RuntimeError(err::kInvalidCall, "Invalid procedure call or argument (association " + assoc.command + ")");
     const std::string program = assoc.command.substr(0, percent - 2);
-    if (!app.system.startDetached(program + " \"" + drawing + "\""))
+    if (!app.system.startDetached({program, {drawing}}))
         throw RuntimeError(err::kFileNotFound, "File not found: " + program);
 }
 

@@ -108,7 +108,8 @@ void steps(App& app) {
         throw RuntimeError(err::kFileNotFound,
                            "The drawing batch program is not set: [microstation] dgnbatch in " + ini);
     const std::string drawingBase = runBaseName(app.currentFile.empty() ? input : app.currentFile);
-    const std::string command = batch + " \"" + drawingBase + "e.sif\"";
+    // The setting is the user's program and its options; the script's name is one word, whatever it holds.
+    const ProgramCall command{batch, {drawingBase + "e.sif"}};
     const std::string drawing = drawingBase + "e.dgn";
     const auto before = drawingStamp(drawing);
     ProcessResult started;
@@ -119,7 +120,8 @@ void steps(App& app) {
     stopWhenEndedEarly(app, started.end, "the drawing batch program");
     if (!started.started)
         throw RuntimeError(err::kFileNotFound, "File not found: the drawing batch program could not be started (" +
-                                                   (started.error.empty() ? command : started.error) + ")");
+                                                   (started.error.empty() ? command.commandLine() : started.error) +
+                                                   ")");
     app.user.setBusyCursor(false);
 
     app.message("The program has finished running.\r\n\r\nClick the printer icon to preview or print the files.",
