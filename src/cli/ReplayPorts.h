@@ -72,6 +72,7 @@ class ReplaySystem : public SystemPorts {
         return platform_.readIni(path, section, key, defaultValue);
     }
     AssociatedProgram associatedProgram(const std::string& file) override { return platform_.associatedProgram(file); }
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override { return platform_.emptyFiles(paths); }
     WriteResult writeFile(const std::string& path, const std::string& bytes) override {
         return platform_.writeFile(path, bytes);
     }

@@ -43,6 +43,10 @@ class QuietPorts : public UserPorts, public SystemPorts {
         return d;
     }
     AssociatedProgram associatedProgram(const std::string&) override { return {}; }
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override {
+        return {err::kFileAccess, "Path/File access error: nothing is written here, so " +
+                                      (paths.empty() ? std::string("nothing") : paths.front()) + " was left alone"};
+    }
     WriteResult writeFile(const std::string& path, const std::string&) override {
         return {err::kFileAccess, "Path/File access error: nothing is written here, so " + path + " was left alone"};
     }

@@ -148,6 +148,11 @@ class SystemPorts {
                                 const std::string& defaultValue) = 0;
     virtual AssociatedProgram associatedProgram(const std::string& file) = 0;
 
+    // Empties the outputs Run names, creating the ones that do not exist;
+    // refuses, emptying none, when one is not a plain file of its own (a
+    // link, a folder, a pipe, a device). Never follows a link nor waits.
+    virtual WriteResult emptyFiles(const std::vector<std::string>& paths) = 0;
+
     // Puts `bytes` in the file at `path` so that a failure leaves the
     // previous file as it was, and the file stays the user's: its mode,
     // owner and group, a symbolic link to it, and a read-only file refused.

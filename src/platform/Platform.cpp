@@ -5,6 +5,7 @@
 
 #include "platform/ChildGuard.h"
 #include "platform/DesktopEntry.h"
+#include "platform/OutputFiles.h"
 #include "platform/SafeFile.h"
 
 #include <QCoreApplication>
@@ -89,6 +90,8 @@ void Platform::cancelWaits() {
         w->stop();
     }
 }
+
+WriteResult Platform::emptyFiles(const std::vector<std::string>& paths) { return emptyOutputFiles(paths); }
 
 WriteResult Platform::writeFile(const std::string& path, const std::string& bytes) { return replaceFile(path, bytes); }
 

@@ -35,6 +35,7 @@ class Platform : public SystemPorts {
                         const std::string& defaultValue) override;
     // The desktop's program for the file's type.
     AssociatedProgram associatedProgram(const std::string& file) override;
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override;
     WriteResult writeFile(const std::string& path, const std::string& bytes) override;
 
   private:

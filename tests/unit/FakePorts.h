@@ -4,6 +4,7 @@
 #include "core/App.h"
 #include "core/form/MainForm.h"
 #include "core/ports.h"
+#include "platform/OutputFiles.h"
 
 #include <deque>
 #include <fstream>
@@ -88,6 +89,8 @@ class FakePorts : public UserPorts, public SystemPorts {
         if (!out) return {err::kPathNotFound, "Path/File access error: cannot write " + path};
         return {};
     }
+    // Emptied for real: Run's tests look at the files.
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override { return emptyOutputFiles(paths); }
     void waitBegins(const std::string& what, std::function<void()>) override { waits.push_back("begin " + what); }
     void waitEnds() override { waits.push_back("end"); }
     void notice(const std::string& text) override { notices.push_back(text); }

@@ -6,7 +6,6 @@
 #include "core/model/Numeric.h"
 
 #include <filesystem>
-#include <fstream>
 #include <optional>
 
 namespace tw {
@@ -19,11 +18,6 @@ std::string stripTrailingBlanks(std::string s) {
     while (!s.empty() && s.back() == ' ')
         s.pop_back();
     return s;
-}
-
-void emptyFile(const std::string& name) {
-    std::ofstream out(name, std::ios::binary | std::ios::trunc);
-    if (!out) throw RuntimeError(err::kFileAccess, "Path/File access error: cannot write " + name);
 }
 
 // The user sees what Run waits for, and may cancel it, for as long as it lasts.
@@ -81,11 +75,11 @@ void steps(App& app) {
 
     std::array<std::string, 10> names;
     names[0] = input;
-    for (size_t i = 0; i < kOutputSuffixes.size(); ++i) {
-        const std::string out = base + kOutputSuffixes[i];
-        emptyFile(out);
-        names[i + 1] = out;
-    }
+    for (size_t i = 0; i < kOutputSuffixes.size(); ++i)
+        names[i + 1] = base + kOutputSuffixes[i];
+    // All or none: an output that is no plain file of its own is refused before any is emptied.
+    if (const WriteResult emptied = app.system.emptyFiles({names.begin() + 1, names.end()}); emptied.errorNumber)
+        throw RuntimeError(emptied.errorNumber, emptied.error);
     // The engine takes the outputs in its own order: script, concrete, rebar,
     // general, bent, elevation, beam, pile, quantities -- the order above.
     for (auto& n : names)
