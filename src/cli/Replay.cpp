@@ -1,8 +1,12 @@
 #include "cli/Replay.h"
 
 #include "cli/Printing.h"
+#include "cli/ReplayArguments.h"
+#include "cli/ScriptReader.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+
+#include <algorithm>
 
 namespace tw {
 
@@ -149,7 +153,10 @@ bool Replay::dblclick(const Line& l) {
 
 bool Replay::toolbar(const Line& l) {
     if (!need(l, 2)) return false;
-    app_.actions.toolbar(textFrom(l, 1));
+    const std::string key = textFrom(l, 1);
+    if (std::find(toolbarKeys().begin(), toolbarKeys().end(), key) == toolbarKeys().end())
+        return fail(l, "no toolbar button " + quote(key));
+    app_.actions.toolbar(key);
     return true;
 }
 
@@ -278,17 +285,27 @@ bool Replay::runLine(const std::string& raw, int number) {
     if (!words) return fail(l, why);
     l.words = std::move(*words);
     if (l.words.empty() || (!l.words[0].quoted && l.words[0].text[0] == '#')) return true;
-    for (const auto& [name, verb] : verbs())
-        if (l.words[0].text == name) return (this->*verb)(l);
+    for (const auto& [name, verb] : verbs()) {
+        if (l.words[0].text != name) continue;
+        if (const auto most = mostArguments(name); most && l.words.size() > *most + 1)
+            return fail(l, name + " takes " + (*most ? "at most " + std::to_string(*most) : "no") + " argument(s)");
+        return (this->*verb)(l);
+    }
     return fail(l, "unknown verb " + l.words[0].text);
 }
 
 int Replay::run(std::istream& script) {
     std::string line;
     int n = 0;
-    while (std::getline(script, line)) {
+    for (ScriptLine got; (got = nextScriptLine(script, line)) != ScriptLine::End;) {
         ++n;
+        if (got == ScriptLine::TooLong) {
+            fail(Line{{}, n}, "the line is longer than " + std::to_string(kMaxScriptLine / 1024) + " KiB");
+            return 2;
+        }
         if (!runLine(line, n)) return 2;
+        // Whoever drives the replay line by line sees each line's output before sending the next.
+        out_.flush();
         if (app_.mainUnloaded()) break;
     }
     out_.flush();

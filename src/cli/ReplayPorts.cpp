@@ -88,16 +88,16 @@ bool ReplaySystem::shellOpen(const std::string& file, const std::string& paramet
     return true;
 }
 
-ProcessResult ReplaySystem::startAndWait(const std::string& commandLine) {
-    out_ << "start " << quote(commandLine) << '\n';
+ProcessResult ReplaySystem::startAndWait(const ProgramCall& call) {
+    out_ << "start " << quote(call.commandLine()) << '\n';
     out_.flush();
-    return platform_.startAndWait(commandLine);
+    return platform_.startAndWait(call);
 }
 
-bool ReplaySystem::startDetached(const std::string& commandLine) {
-    out_ << "start " << quote(commandLine) << '\n';
+bool ReplaySystem::startDetached(const ProgramCall& call) {
+    out_ << "start " << quote(call.commandLine()) << '\n';
     out_.flush();
-    return platform_.startDetached(commandLine);
+    return platform_.startDetached(call);
 }
 
 EngineResult ReplaySystem::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {

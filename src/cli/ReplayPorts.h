@@ -56,9 +56,9 @@ class ReplaySystem : public SystemPorts {
     ReplaySystem(std::ostream& out, SystemPorts& platform) : out_(out), platform_(platform) {}
 
     bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
-    ProcessResult startAndWait(const std::string& commandLine) override;
+    ProcessResult startAndWait(const ProgramCall& call) override;
     void cancelWaits() override { platform_.cancelWaits(); }
-    bool startDetached(const std::string& commandLine) override;
+    bool startDetached(const ProgramCall& call) override;
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
     std::string readSetting(const std::string& app, const std::string& section, const std::string& key) override {
         return platform_.readSetting(app, section, key);
@@ -72,6 +72,7 @@ class ReplaySystem : public SystemPorts {
         return platform_.readIni(path, section, key, defaultValue);
     }
     AssociatedProgram associatedProgram(const std::string& file) override { return platform_.associatedProgram(file); }
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override { return platform_.emptyFiles(paths); }
     WriteResult writeFile(const std::string& path, const std::string& bytes) override {
         return platform_.writeFile(path, bytes);
     }

@@ -31,9 +31,9 @@ class QuietPorts : public UserPorts, public SystemPorts {
     void pictureLoaded(const std::string&, const std::string&) override {}
 
     bool shellOpen(const std::string&, const std::string&, const std::string&) override { return true; }
-    ProcessResult startAndWait(const std::string&) override { return {}; }
+    ProcessResult startAndWait(const ProgramCall&) override { return {}; }
     void cancelWaits() override {}
-    bool startDetached(const std::string&) override { return false; }
+    bool startDetached(const ProgramCall&) override { return false; }
     EngineResult callEngine(const std::string&, const std::array<std::string, 10>&) override { return {}; }
     std::string readSetting(const std::string& a, const std::string& s, const std::string& k) override {
         return settings_[a + "/" + s + "/" + k];
@@ -45,6 +45,10 @@ class QuietPorts : public UserPorts, public SystemPorts {
         return d;
     }
     AssociatedProgram associatedProgram(const std::string&) override { return {}; }
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override {
+        return {err::kFileAccess, "Path/File access error: nothing is written here, so " +
+                                      (paths.empty() ? std::string("nothing") : paths.front()) + " was left alone"};
+    }
     WriteResult writeFile(const std::string& path, const std::string&) override {
         return {err::kFileAccess, "Path/File access error: nothing is written here, so " + path + " was left alone"};
     }

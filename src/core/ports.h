@@ -31,6 +31,22 @@ struct FileDialogRequest {
     std::string fileName; // the dialog's current file name
 };
 
+// A program to start and what it is given. `program` is the user's own
+// setting -- a program, possibly followed by options of its own -- and is
+// split into words as a command line is; each of `arguments` reaches the
+// program as one word, as it stands, whatever it holds.
+struct ProgramCall {
+    std::string program;
+    std::vector<std::string> arguments;
+    // The call as the one command line it once was: the program, then each argument in double quotes.
+    std::string commandLine() const {
+        std::string line = program;
+        for (const auto& a : arguments)
+            line += " \"" + a + "\"";
+        return line;
+    }
+};
+
 // How a wait for a program ended, when the program did not end by itself.
 struct WaitEnd {
     bool cancelled = false; // the user cancelled the wait (or left the program)
@@ -123,15 +139,15 @@ class SystemPorts {
     // Opens a document with the desktop's program for it; a relative name is
     // taken from `folder`. False when the desktop has no program to open it with.
     virtual bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) = 0;
-    // Starts a command line without a shell and waits for its end while the
+    // Starts a program without a shell and waits for its end while the
     // user interface keeps processing events. The program, and what it
     // starts, ends with this program.
-    virtual ProcessResult startAndWait(const std::string& commandLine) = 0;
+    virtual ProcessResult startAndWait(const ProgramCall& call) = 0;
     // Ends every program now waited for (by startAndWait or callEngine);
     // their waits return as cancelled.
     virtual void cancelWaits() = 0;
-    // Starts a command line without a shell and goes on; false when it cannot start.
-    virtual bool startDetached(const std::string& commandLine) = 0;
+    // Starts a program without a shell and goes on; false when it cannot start.
+    virtual bool startDetached(const ProgramCall& call) = 0;
     // Calls DLL_ROUT of the engine library in the program folder with the ten names.
     virtual EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) = 0;
 
@@ -142,6 +158,11 @@ class SystemPorts {
     virtual std::string readIni(const std::string& path, const std::string& section, const std::string& key,
                                 const std::string& defaultValue) = 0;
     virtual AssociatedProgram associatedProgram(const std::string& file) = 0;
+
+    // Empties the outputs Run names, creating the ones that do not exist;
+    // refuses, emptying none, when one is not a plain file of its own (a
+    // link, a folder, a pipe, a device). Never follows a link nor waits.
+    virtual WriteResult emptyFiles(const std::vector<std::string>& paths) = 0;
 
     // Puts `bytes` in the file at `path` so that a failure leaves the
     // previous file as it was, and the file stays the user's: its mode,

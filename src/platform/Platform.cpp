@@ -6,6 +6,7 @@
 #include "platform/ChildGuard.h"
 #include "platform/DesktopEntry.h"
 #include "platform/FileRead.h"
+#include "platform/OutputFiles.h"
 #include "platform/SafeFile.h"
 
 #include <QCoreApplication>
@@ -91,6 +92,8 @@ void Platform::cancelWaits() {
     }
 }
 
+WriteResult Platform::emptyFiles(const std::vector<std::string>& paths) { return emptyOutputFiles(paths); }
+
 WriteResult Platform::writeFile(const std::string& path, const std::string& bytes) { return replaceFile(path, bytes); }
 
 ReadResult Platform::readFile(const std::string& path, std::uintmax_t maxBytes) {
@@ -108,14 +111,29 @@ void Platform::writeSetting(const std::string& app, const std::string& section, 
     s.sync();
 }
 
-ProcessResult Platform::startAndWait(const std::string& commandLine) {
+namespace {
+
+// The program and its words: the user's setting split as a command line is,
+// then each argument as one word. Nothing when there is no program, which
+// would crash QProcess: it is simply a program that cannot start.
+std::optional<QStringList> wordsOf(const ProgramCall& call) {
+    QStringList words = QProcess::splitCommand(q(call.program));
+    if (words.isEmpty() || words.first().trimmed().isEmpty()) return std::nullopt;
+    for (const auto& a : call.arguments)
+        words << q(a);
+    return words;
+}
+
+} // namespace
+
+ProcessResult Platform::startAndWait(const ProgramCall& call) {
     ProcessResult result;
-    const QStringList parts = QProcess::splitCommand(q(commandLine));
-    // An empty command would crash QProcess; it is simply a program that cannot start.
-    if (parts.isEmpty() || parts.first().trimmed().isEmpty()) {
+    const auto words = wordsOf(call);
+    if (!words) {
         result.error = "The command line is empty";
         return result;
     }
+    const QStringList& parts = *words;
     QProcess proc;
     proc.setProcessChannelMode(QProcess::ForwardedChannels);
     result.end = runAndWait(proc, parts.first(), parts.mid(1));
@@ -129,10 +147,9 @@ ProcessResult Platform::startAndWait(const std::string& commandLine) {
     return result;
 }
 
-bool Platform::startDetached(const std::string& commandLine) {
-    const QStringList parts = QProcess::splitCommand(q(commandLine));
-    if (parts.isEmpty() || parts.first().trimmed().isEmpty()) return false;
-    return QProcess::startDetached(parts.first(), parts.mid(1));
+bool Platform::startDetached(const ProgramCall& call) {
+    const auto words = wordsOf(call);
+    return words && QProcess::startDetached(words->first(), words->mid(1));
 }
 
 EngineResult Platform::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
@@ -227,6 +244,8 @@ AssociatedProgram Platform::associatedProgram(const std::string& file) {
 bool Platform::shellOpen(const std::string& file, const std::string&, const std::string& folder) {
     QString path = q(file);
     if (QFileInfo(path).isRelative() && !folder.empty()) path = QDir(q(folder)).filePath(path);
+    // Whole, so that no name can pass for an option of xdg-open.
+    path = QFileInfo(path).absoluteFilePath();
     // xdg-open says yes even where nothing can open the file: ask the desktop first.
     if (associatedProgram(path.toStdString()).status != AssociatedProgram::Status::Found) return false;
     return QProcess::startDetached(QStringLiteral("xdg-open"), {path}, q(folder));

@@ -20,11 +20,11 @@ namespace tw {
 class Platform : public SystemPorts {
   public:
     bool shellOpen(const std::string& file, const std::string& parameters, const std::string& folder) override;
-    ProcessResult startAndWait(const std::string& commandLine) override;
+    ProcessResult startAndWait(const ProgramCall& call) override;
     void cancelWaits() override;
     // A program waited for that still runs after this many seconds is ended (0: no limit).
     void setTimeLimit(int seconds) { timeLimit_ = std::clamp(seconds, 0, kLongestTimeLimit); }
-    bool startDetached(const std::string& commandLine) override;
+    bool startDetached(const ProgramCall& call) override;
     // The engine runs in a child process of ours (see callEngineHere).
     EngineResult callEngine(const std::string& programDir, const std::array<std::string, 10>& names) override;
     // Per-user settings, one text value by application, section and key.
@@ -35,6 +35,7 @@ class Platform : public SystemPorts {
                         const std::string& defaultValue) override;
     // The desktop's program for the file's type.
     AssociatedProgram associatedProgram(const std::string& file) override;
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override;
     WriteResult writeFile(const std::string& path, const std::string& bytes) override;
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override;
 

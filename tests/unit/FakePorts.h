@@ -7,6 +7,7 @@
 #include "core/form/Recovery.h"
 #include "core/ports.h"
 #include "platform/FileRead.h"
+#include "platform/OutputFiles.h"
 
 #include <deque>
 #include <fstream>
@@ -34,7 +35,8 @@ class FakePorts : public UserPorts, public SystemPorts {
     std::vector<ShownMessage> messages;
     std::vector<FileDialogRequest> dialogs;
     std::vector<PrintDocument> printed;
-    std::vector<std::string> started;
+    std::vector<std::string> started; // as command lines
+    std::vector<ProgramCall> calls;   // as the programs get them
     std::vector<std::array<std::string, 10>> engineCalls;
     std::vector<std::string> log; // window, picture and shell events
     std::map<std::string, std::string> settings;
@@ -77,8 +79,9 @@ class FakePorts : public UserPorts, public SystemPorts {
         return desktopOpens;
     }
     void showDocument(const std::string& f) override { log.push_back("document " + f); }
-    ProcessResult startAndWait(const std::string& cmd) override {
-        started.push_back(cmd);
+    ProcessResult startAndWait(const ProgramCall& call) override {
+        started.push_back(call.commandLine());
+        calls.push_back(call);
         if (duringWait) duringWait();
         return processResult;
     }
@@ -97,11 +100,14 @@ class FakePorts : public UserPorts, public SystemPorts {
         if (!out) return {err::kPathNotFound, "Path/File access error: cannot write " + path};
         return {};
     }
+    // Emptied for real: Run's tests look at the files.
+    WriteResult emptyFiles(const std::vector<std::string>& paths) override { return emptyOutputFiles(paths); }
     void waitBegins(const std::string& what, std::function<void()>) override { waits.push_back("begin " + what); }
     void waitEnds() override { waits.push_back("end"); }
     void notice(const std::string& text) override { notices.push_back(text); }
-    bool startDetached(const std::string& cmd) override {
-        started.push_back(cmd);
+    bool startDetached(const ProgramCall& call) override {
+        started.push_back(call.commandLine());
+        calls.push_back(call);
         return processResult.started;
     }
     EngineResult callEngine(const std::string&, const std::array<std::string, 10>& names) override {

@@ -44,7 +44,7 @@ void openDrawing(Session& s) {
     if (percent == std::string::npos || percent < 2)
         throw RuntimeError(err::kInvalidCall, "Invalid procedure call or argument (association " + assoc.command + ")");
     const std::string program = assoc.command.substr(0, percent - 2);
-    if (!s.system.startDetached(program + " \"" + drawing + "\""))
+    if (!s.system.startDetached({program, {drawing}}))
         throw RuntimeError(err::kFileNotFound, "File not found: " + program);
 }
 

@@ -8,7 +8,6 @@
 
 #include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 
 namespace tw {
@@ -21,11 +20,6 @@ std::string stripTrailingBlanks(std::string s) {
     while (!s.empty() && s.back() == ' ')
         s.pop_back();
     return s;
-}
-
-void emptyFile(const std::string& name) {
-    std::ofstream out(name, std::ios::binary | std::ios::trunc);
-    if (!out) throw RuntimeError(err::kFileAccess, "Path/File access error: cannot write " + name);
 }
 
 // The user sees what Run waits for, and may cancel it, for as long as it lasts.
@@ -83,11 +77,11 @@ void steps(Session& s) {
 
     std::array<std::string, 10> names;
     names[0] = input;
-    for (size_t i = 0; i < kOutputSuffixes.size(); ++i) {
-        const std::string out = base + kOutputSuffixes[i];
-        emptyFile(out);
-        names[i + 1] = out;
-    }
+    for (size_t i = 0; i < kOutputSuffixes.size(); ++i)
+        names[i + 1] = base + kOutputSuffixes[i];
+    // All or none: an output that is no plain file of its own is refused before any is emptied.
+    if (const WriteResult emptied = s.system.emptyFiles({names.begin() + 1, names.end()}); emptied.errorNumber)
+        throw RuntimeError(emptied.errorNumber, emptied.error);
     // The engine takes the outputs in its own order: script, concrete, rebar,
     // general, bent, elevation, beam, pile, quantities -- the order above.
     for (auto& n : names)
@@ -110,7 +104,8 @@ void steps(Session& s) {
         throw RuntimeError(err::kFileNotFound,
                            "The drawing batch program is not set: [microstation] dgnbatch in " + ini);
     const std::string drawingBase = runBaseName(s.project().currentFile.empty() ? input : s.project().currentFile);
-    const std::string command = batch + " \"" + drawingBase + "e.sif\"";
+    // The setting is the user's program and its options; the script's name is one word, whatever it holds.
+    const ProgramCall command{batch, {drawingBase + "e.sif"}};
     const std::string drawing = drawingBase + "e.dgn";
     const auto before = drawingStamp(drawing);
     ProcessResult started;
@@ -121,7 +116,8 @@ void steps(Session& s) {
     stopWhenEndedEarly(s, started.end, "the drawing batch program");
     if (!started.started)
         throw RuntimeError(err::kFileNotFound, "File not found: the drawing batch program could not be started (" +
-                                                   (started.error.empty() ? command : started.error) + ")");
+                                                   (started.error.empty() ? command.commandLine() : started.error) +
+                                                   ")");
     s.user.setBusyCursor(false);
 
     s.message("The program has finished running.\r\n\r\nClick the printer icon to preview or print the files.",

@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: Apache-2.0
+// What a replay takes as its script, and which lines it refuses: only a
+// regular file or standard input, lines of a bounded length, every line
+// carried out whole or not at all; standard input is played live.
+#include "RunTarnwick.h"
+
+#include "cli/Replay.h"
+#include "cli/ScriptReader.h"
+#include "cli/QuietProject.h"
+
+#include <gtest/gtest.h>
+
+#include <poll.h>
+#include <sstream>
+#include <sys/stat.h>
+
+namespace tw {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A replay of `script` against the form alone; its status, output and errors.
+struct Played {
+    int status;
+    std::string out, err;
+};
+Played play(const std::string& script) {
+    std::ostringstream out, err;
+    ReplayPorts ports(out, "/nonexistent");
+    QuietFilePorts quiet;
+    ReplaySystem system(out, quiet);
+    App app(ports, system, "/nonexistent");
+    app.loadMainForm();
+    Replay replay(app, ports, out, err);
+    std::istringstream in(script);
+    const int status = replay.run(in);
+    return {status, out.str(), err.str()};
+}
+
+TEST(ReplayLines, EveryLineThatCannotBeCarriedOutWholeEndsTheReplay) {
+    const char* refused[] = {
+        "toolbar NoSuchKey",
+        "toolbar Run Print",
+        "grid extra args",
+        "focus now",
+        "counter 1",
+        "register x",
+        "setting LastTime",
+        "leave txtCapWidth txtCapDepth",
+        "click mnuNew mnuOpen",
+        "dblclick picViewImage twice",
+        "tab 1 2",
+        "select 0 0 0",
+        "answer Yes No",
+        "printer ok ok",
+        "show txtCapWidth txtCapDepth",
+        "state txtCapWidth x",
+    };
+    for (const char* line : refused) {
+        const Played p = play(std::string("show txtCapWidth\n") + line + "\nshow txtCapWidth\n");
+        EXPECT_EQ(p.status, 2) << line;
+        EXPECT_EQ(p.out, "txtCapWidth = \"3.0000\"\n") << line;
+        EXPECT_EQ(p.err.rfind("replay: line 2: ", 0), 0u) << line << ": " << p.err;
+    }
+    // What the verbs do take still works.
+    EXPECT_EQ(play("toolbar \"New\"\nselect 0 0\ntype txtProjectInfo(0) two words\nfile a b.ebnt\n").status, 0);
+}
+
+TEST(ReplayLines, ALineLongerThan64KiBIsRefusedWithItsNumber) {
+    const std::string longest(kMaxScriptLine, 'x');
+    Played p = play("show txtCapWidth\n" + longest + "\n");
+    EXPECT_EQ(p.status, 2);
+    EXPECT_EQ(p.err, "replay: line 2: unknown verb " + longest + "\n");
+    p = play("show txtCapWidth\r\n# " + longest + "\nshow txtCapWidth\n");
+    EXPECT_EQ(p.status, 2);
+    EXPECT_EQ(p.out, "txtCapWidth = \"3.0000\"\n");
+    EXPECT_EQ(p.err, "replay: line 2: the line is longer than 64 KiB\n");
+    // The last line needs no line break.
+    EXPECT_EQ(play("show txtCapWidth").out, "txtCapWidth = \"3.0000\"\n");
+}
+
+class ReplayScript : public ::testing::Test {
+  protected:
+    fs::path dir = test::freshFolder("tarnwick-script-");
+    void TearDown() override { fs::remove_all(dir); }
+};
+
+// Nothing is read that is not a script file, and nothing waits for one that never comes.
+TEST_F(ReplayScript, OnlyARegularFileOrStandardInputIsRead) {
+    fs::create_directories(dir / "folder");
+    ASSERT_EQ(mkfifo((dir / "pipe").c_str(), 0600), 0);
+    const std::pair<std::string, std::string> refused[] = {
+        {"/dev/zero", "it is not a file but a device, a pipe or a socket (\"-\" reads standard input)"},
+        {"pipe", "it is not a file but a device, a pipe or a socket (\"-\" reads standard input)"},
+        {"folder", "it is a folder, not a script"},
+        {"missing.txt", "No such file or directory"},
+    };
+    for (const auto& [script, why] : refused) {
+        const test::Ran ran = test::runTarnwick({"replay", script}, dir);
+        EXPECT_EQ(ran.status, 2) << script;
+        EXPECT_EQ(ran.out, "") << script;
+        EXPECT_EQ(ran.err, "replay: cannot read " + script + ": " + why + "\n");
+    }
+    std::ofstream(dir / "long.txt") << "show txtCapWidth\n" << std::string(200000, 'x');
+    const test::Ran ran = test::runTarnwick({"replay", "long.txt"}, dir);
+    EXPECT_EQ(ran.status, 2);
+    EXPECT_EQ(ran.out, "txtCapWidth = \"3.0000\"\n");
+    EXPECT_EQ(ran.err, "replay: line 2: the line is longer than 64 KiB\n");
+}
+
+// Another program drives the form: each line's answer comes before the next line is sent.
+TEST_F(ReplayScript, StandardInputIsPlayedLineByLineAsItArrives) {
+    int in[2], out[2];
+    ASSERT_EQ(pipe(in), 0);
+    ASSERT_EQ(pipe(out), 0);
+    const pid_t pid = fork();
+    if (pid == 0) {
+        dup2(in[0], 0);
+        dup2(out[1], 1);
+        close(in[1]);
+        close(out[0]);
+        if (chdir(dir.c_str()) != 0) _exit(126);
+        execl(TW_TARNWICK_EXE, TW_TARNWICK_EXE, "replay", "-", nullptr);
+        _exit(127);
+    }
+    close(in[0]);
+    close(out[1]);
+    // One line of output, waiting at most 20 seconds for it (a bound against hanging).
+    auto answer = [&] {
+        std::string line;
+        for (char c = 0; c != '\n';) {
+            pollfd p{out[0], POLLIN, 0};
+            if (poll(&p, 1, 20000) != 1 || read(out[0], &c, 1) != 1) return line + "<no answer>";
+            line += c;
+        }
+        return line;
+    };
+    auto send = [&](const std::string& line) {
+        ASSERT_EQ(write(in[1], line.data(), line.size()), ssize_t(line.size()));
+    };
+    send("show txtCapWidth\n");
+    EXPECT_EQ(answer(), "txtCapWidth = \"3.0000\"\n");
+    send("paste txtCapWidth 4.5\nshow txtCapWidth\n");
+    EXPECT_EQ(answer(), "txtCapWidth = \"4.5\"\n");
+    send("counter\n");
+    EXPECT_EQ(answer(), "counter = 0\n");
+    close(in[1]);
+    int status = 0;
+    waitpid(pid, &status, 0);
+    close(out[0]);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+}
+
+} // namespace
+} // namespace tw
