@@ -110,23 +110,21 @@ struct DatasetCloser {
 
 } // namespace tw
 
-extern "C" __attribute__((visibility("default"))) bool
-tarnwick_read_dgn(const std::string& path, std::vector<tw::drawing::DgnElement>& elements, std::string& error) {
+// With no sink, only whether GDAL's DGN driver takes the file for a drawing.
+extern "C" __attribute__((visibility("default"))) bool tarnwick_read_dgn(const std::string& path,
+                                                                         const tw::drawing::DgnElementSink& each) {
     using namespace tw;
-    elements.clear();
     static std::once_flag registered;
     std::call_once(registered, [] { RegisterOGRDGN(); });
     QuietGdal quiet;
     const char* const drivers[] = {"DGN", nullptr};
     std::unique_ptr<GDALDataset, DatasetCloser> dataset(
         GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, drivers, nullptr, nullptr));
-    if (!dataset || dataset->GetLayerCount() < 1) {
-        error = path + " is not a MicroStation drawing (a DGN file of version 7 or earlier).";
-        return false;
-    }
+    if (!dataset || dataset->GetLayerCount() < 1) return false;
+    if (!each) return true;
     OGRLayer* layer = dataset->GetLayer(0);
     layer->ResetReading();
     while (const OGRFeatureUniquePtr feature{layer->GetNextFeature()})
-        elements.push_back(recordOf(*feature));
+        each(recordOf(*feature));
     return true;
 }

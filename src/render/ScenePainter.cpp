@@ -36,13 +36,13 @@ QColor colorOf(const Shape& s, const PaintOptions& o) {
     return QColor(s.pen.color.r, s.pen.color.g, s.pen.color.b);
 }
 
-QPen penOf(const Shape& s, const PaintOptions& o, double dpi) {
-    double width = std::max(1.0, s.pen.width * dpi / kMmPerInch);
-    if (!o.highlight.empty() && s.source == o.highlight) width = std::max(width * 2.0, 2.5);
-    QPen pen(colorOf(s, o), width);
+QPointF map(const QTransform& t, const drawing::Point& p) { return t.map(QPointF(p.x, p.y)); }
+
+QPen qPen(const QColor& color, double width, drawing::LineStyle style) {
+    QPen pen(color, width);
     pen.setCosmetic(true);
     pen.setJoinStyle(Qt::MiterJoin);
-    switch (s.mark == drawing::Mark::Placeholder ? drawing::LineStyle::Dashed : s.pen.style) {
+    switch (style) {
     case drawing::LineStyle::Solid: break;
     case drawing::LineStyle::Dashed: pen.setDashPattern({6, 4}); break;
     case drawing::LineStyle::Center: pen.setDashPattern({14, 4, 3, 4}); break;
@@ -51,7 +51,33 @@ QPen penOf(const Shape& s, const PaintOptions& o, double dpi) {
     return pen;
 }
 
-QPointF map(const QTransform& t, const drawing::Point& p) { return t.map(QPointF(p.x, p.y)); }
+double deviceWidth(const drawing::Pen& pen, double dpi) { return std::max(1.0, pen.width * dpi / kMmPerInch); }
+
+QPen penOf(const Shape& s, const PaintOptions& o, double dpi) {
+    double width = deviceWidth(s.pen, dpi);
+    if (!o.highlight.empty() && s.source == o.highlight) width = std::max(width * 2.0, 2.5);
+    return qPen(colorOf(s, o), width, s.mark == drawing::Mark::Placeholder ? drawing::LineStyle::Dashed : s.pen.style);
+}
+
+QColor qColor(const drawing::Color& c) { return QColor(c.r, c.g, c.b); }
+
+void paintPolylines(QPainter& p, const drawing::Polylines& lines, const QTransform& t, const PaintOptions& o,
+                    double dpi) {
+    QPolygonF poly;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const drawing::Polylines::Style& style = lines.style(i);
+        if (o.hiddenLevels.count(style.level)) continue;
+        poly.clear();
+        for (const auto& pt : lines.points(i))
+            poly << map(t, pt);
+        p.setPen(qPen(qColor(style.pen.color), deviceWidth(style.pen, dpi), style.pen.style));
+        p.setBrush(style.fill ? QBrush(qColor(*style.fill)) : QBrush(Qt::NoBrush));
+        if (style.closed)
+            p.drawPolygon(poly);
+        else
+            p.drawPolyline(poly);
+    }
+}
 
 // The points of an elliptical arc in device space, fine enough to look round.
 QPolygonF arcPolygon(const Shape& s, const QTransform& t) {
@@ -203,6 +229,7 @@ void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, c
     p.save();
     p.setRenderHint(QPainter::Antialiasing, true);
     p.setRenderHint(QPainter::TextAntialiasing, true);
+    paintPolylines(p, scene.polylines, t, o, dpi);
     // Highlighted shapes last, so they stay on top.
     std::vector<const Shape*> order;
     order.reserve(scene.shapes.size());

@@ -86,7 +86,7 @@ TEST_F(DrawingFile, EveryElementComesBackWithItsSymbology) {
     LoadedDrawing loaded;
     ASSERT_TRUE(loadDrawing(TW_PROGRAM_DIR, drawing().string(), loaded, error)) << error;
     EXPECT_EQ(loaded.elements, 5u);
-    EXPECT_EQ(loaded.scene.shapes.size(), 5u);
+    EXPECT_EQ(loaded.scene.polylines.size() + loaded.scene.shapes.size(), 5u);
     EXPECT_EQ(loaded.scene.levels(), (std::vector<int>{1, 2, 10}));
 }
 
