@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -96,9 +97,16 @@ DgnElement recordOf(const OGRFeature& f) {
     return e;
 }
 
+// GDAL ends the whole process after a fatal error, which is an allocation
+// failing under a memory limit; here it ends the reading instead, and the
+// program says why.
+void CPL_STDCALL quietHandler(CPLErr kind, CPLErrorNum, const char*) {
+    if (kind == CE_Fatal) throw std::bad_alloc();
+}
+
 // GDAL reports through a global handler; a viewer wants its words, not its noise on the terminal.
 struct QuietGdal {
-    QuietGdal() { CPLPushErrorHandler(CPLQuietErrorHandler); }
+    QuietGdal() { CPLPushErrorHandler(quietHandler); }
     ~QuietGdal() { CPLPopErrorHandler(); }
 };
 

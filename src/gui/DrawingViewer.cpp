@@ -1,6 +1,7 @@
 #include "gui/DrawingViewer.h"
 
 #include "gui/SceneView.h"
+#include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
 
 #include <QAction>
@@ -156,7 +157,7 @@ bool DrawingViewer::printTo(QPrinter& printer) {
 }
 
 bool DrawingViewer::exportTo(const QString& path, QString* error) {
-    return exportScene(view_->scene(), path, error, QFileInfo(file_).fileName(), view_->options());
+    return exportScene(view_->scene(), path, error, replaceFile, QFileInfo(file_).fileName(), view_->options());
 }
 
 void DrawingViewer::print() {

@@ -1,5 +1,6 @@
 #include "render/ScenePainter.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImage>
@@ -275,8 +276,8 @@ void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, c
 
 QString exportSuffixes() { return QStringLiteral(".svg, .pdf or .png"); }
 
-bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const QString& title,
-                 const PaintOptions& options) {
+bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const FileWriter& write,
+                 const QString& title, const PaintOptions& options) {
     const QString suffix = QFileInfo(path).suffix().toLower();
     auto fail = [&](const QString& why) {
         if (error) *error = why;
@@ -292,20 +293,22 @@ bool exportScene(const drawing::Scene& scene, const QString& path, QString* erro
         paintScene(p, scene, fitTransform(box, target), options);
         return p.end();
     };
+    // The whole picture is made in memory first, so a failure leaves no part of it on disk.
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    const QString notDrawn = QStringLiteral("%1: the picture cannot be drawn.").arg(path);
     if (suffix == QLatin1String("svg")) {
         QSvgGenerator svg;
-        svg.setFileName(path);
+        svg.setOutputDevice(&buffer);
         const QSize size(1600, static_cast<int>(1600 * aspect));
         svg.setSize(size);
         svg.setViewBox(QRect(QPoint(0, 0), size));
         svg.setResolution(96);
         svg.setTitle(title);
-        if (!paintInto(svg, QRectF(QPointF(0, 0), size)))
-            return fail(QStringLiteral("%1 cannot be written.").arg(path));
-        return QFileInfo::exists(path) ? true : fail(QStringLiteral("%1 cannot be written.").arg(path));
-    }
-    if (suffix == QLatin1String("pdf")) {
-        QPdfWriter pdf(path);
+        if (!paintInto(svg, QRectF(QPointF(0, 0), size))) return fail(notDrawn);
+    } else if (suffix == QLatin1String("pdf")) {
+        QPdfWriter pdf(&buffer);
         pdf.setTitle(title);
         pdf.setCreator(QStringLiteral("Tarnwick"));
         pdf.setResolution(300);
@@ -313,19 +316,22 @@ bool exportScene(const drawing::Scene& scene, const QString& path, QString* erro
                                       aspect > 1 ? QPageLayout::Portrait : QPageLayout::Landscape,
                                       QMarginsF(12, 12, 12, 12), QPageLayout::Millimeter));
         const QRect page = pdf.pageLayout().paintRectPixels(pdf.resolution());
-        if (!paintInto(pdf, QRectF(0, 0, page.width(), page.height())))
-            return fail(QStringLiteral("%1 cannot be written.").arg(path));
-        return true;
-    }
-    if (suffix == QLatin1String("png")) {
+        if (!paintInto(pdf, QRectF(0, 0, page.width(), page.height()))) return fail(notDrawn);
+    } else if (suffix == QLatin1String("png")) {
         QImage image(1600, static_cast<int>(1600 * aspect), QImage::Format_ARGB32_Premultiplied);
+        if (image.isNull()) return fail(notDrawn);
         image.setDotsPerMeterX(3780); // 96 dpi
         image.setDotsPerMeterY(3780);
-        if (!paintInto(image, QRectF(image.rect()))) return fail(QStringLiteral("The picture cannot be drawn."));
-        if (!image.save(path, "PNG")) return fail(QStringLiteral("%1 cannot be written.").arg(path));
-        return true;
+        if (!paintInto(image, QRectF(image.rect())) || !image.save(&buffer, "PNG")) return fail(notDrawn);
+    } else {
+        return fail(
+            QStringLiteral("%1: the picture's type is told by its suffix, one of %2.").arg(path, exportSuffixes()));
     }
-    return fail(QStringLiteral("%1: the picture's type is told by its suffix, one of %2.").arg(path, exportSuffixes()));
+    buffer.close();
+    if (bytes.isEmpty()) return fail(notDrawn);
+    const WriteResult written = write(path.toStdString(), std::string(bytes.constData(), bytes.size()));
+    if (written.errorNumber != 0) return fail(QString::fromStdString(written.error) + QLatin1Char('.'));
+    return true;
 }
 
 } // namespace tw

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/drawing/Scene.h"
+#include "core/ports.h"
 
 #include <QColor>
 #include <QRectF>
@@ -12,6 +13,7 @@
 #include <QString>
 #include <QTransform>
 
+#include <functional>
 #include <set>
 #include <string>
 
@@ -33,10 +35,16 @@ QTransform fitTransform(const drawing::Box& box, const QRectF& target, double ma
 void paintScene(QPainter& painter, const drawing::Scene& scene, const QTransform& worldToDevice,
                 const PaintOptions& options = {});
 
-// Writes the scene fitted to one page or picture: SVG, PDF or PNG by the
-// suffix of `path`. False with a sentence in `error` when it cannot.
-bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const QString& title = {},
-                 const PaintOptions& options = {});
+// How a finished picture reaches its file: all of it or nothing (the
+// program's careful save, replaceFile; a test's stand-in).
+using FileWriter = std::function<WriteResult(const std::string& path, const std::string& bytes)>;
+
+// The scene fitted to one page or picture, drawn in memory and handed to
+// `write` for `path`: SVG, PDF or PNG by the suffix of `path`. False with a
+// sentence in `error` when it cannot be drawn or written; then nothing new
+// stands at `path`.
+bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const FileWriter& write,
+                 const QString& title = {}, const PaintOptions& options = {});
 
 // The suffixes exportScene understands, for messages and file dialogs.
 QString exportSuffixes();

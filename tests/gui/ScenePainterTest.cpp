@@ -1,6 +1,9 @@
 // Drawings reach the screen and the three export formats the same way.
 #include "render/ScenePainter.h"
 
+#include "core/Errors.h"
+#include "platform/SafeFile.h"
+
 #include <QFile>
 #include <QImage>
 #include <QPainter>
@@ -42,20 +45,20 @@ class ScenePainterTest : public QObject {
         QString error;
         const Scene scene = sample();
 
-        QVERIFY2(exportScene(scene, dir.filePath("a.svg"), &error, "Bent"), qPrintable(error));
+        QVERIFY2(exportScene(scene, dir.filePath("a.svg"), &error, replaceFile, "Bent"), qPrintable(error));
         QFile svg(dir.filePath("a.svg"));
         QVERIFY(svg.open(QIODevice::ReadOnly));
         const QString svgText = QString::fromUtf8(svg.readAll());
         QVERIFY(svgText.contains("40.0000"));
         QVERIFY(svgText.contains("CAP ELEVATION"));
 
-        QVERIFY2(exportScene(scene, dir.filePath("a.pdf"), &error), qPrintable(error));
+        QVERIFY2(exportScene(scene, dir.filePath("a.pdf"), &error, replaceFile), qPrintable(error));
         QFile pdf(dir.filePath("a.pdf"));
         QVERIFY(pdf.open(QIODevice::ReadOnly));
         const QString pdfText = QString::fromLatin1(pdf.readAll());
         QCOMPARE(pdfText.count(QRegularExpression("/Type\\s*/Page[^s]")), 1);
 
-        QVERIFY2(exportScene(scene, dir.filePath("a.PNG"), &error), qPrintable(error));
+        QVERIFY2(exportScene(scene, dir.filePath("a.PNG"), &error, replaceFile), qPrintable(error));
         QImage png(dir.filePath("a.PNG"));
         QVERIFY(!png.isNull());
         bool inked = false;
@@ -68,10 +71,29 @@ class ScenePainterTest : public QObject {
     void anUnknownSuffixOrAnUnwritablePathIsRefusedInWords() {
         QTemporaryDir dir;
         QString error;
-        QVERIFY(!exportScene(sample(), dir.filePath("a.dwg"), &error));
+        QVERIFY(!exportScene(sample(), dir.filePath("a.dwg"), &error, replaceFile));
         QVERIFY(error.contains(".svg"));
-        QVERIFY(!exportScene(sample(), dir.filePath("missing/folder/a.png"), &error));
-        QVERIFY(error.contains("cannot be written"));
+        QVERIFY(!QFile::exists(dir.filePath("a.dwg")));
+        QVERIFY(!exportScene(sample(), dir.filePath("missing/folder/a.png"), &error, replaceFile));
+        QVERIFY(error.contains(dir.filePath("missing/folder")));
+    }
+
+    // Every format is drawn whole before anything is written, and a write
+    // that fails (a full disk) is told of in one line, the file left alone.
+    void aWriteThatFailsIsToldOfInOneLine() {
+        QTemporaryDir dir;
+        for (const char* name : {"a.svg", "a.pdf", "a.png"}) {
+            std::string given;
+            const FileWriter full = [&](const std::string&, const std::string& bytes) {
+                given = bytes;
+                return WriteResult{err::kDiskFull, "Disk full: the disk is full"};
+            };
+            QString error;
+            QVERIFY(!exportScene(sample(), dir.filePath(name), &error, full));
+            QVERIFY2(given.size() > 100, name);
+            QCOMPARE(error, QStringLiteral("Disk full: the disk is full."));
+            QVERIFY(!QFile::exists(dir.filePath(name)));
+        }
     }
 
     // A dimension's label stands beyond its line, away from what it measures, on either side.
