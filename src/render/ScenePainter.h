@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/drawing/Scene.h"
+#include "core/drawing/SceneIndex.h"
 #include "core/ports.h"
 
 #include <QColor>
@@ -31,9 +32,12 @@ struct PaintOptions {
 // World to device: the box fitted into `target` with a margin, y pointing up.
 QTransform fitTransform(const drawing::Box& box, const QRectF& target, double marginFraction = 0.05);
 
-// Paints the scene; the painter's own transform is left as it was.
+// Paints the scene; the painter's own transform is left as it was. With the
+// index of the scene's polylines, a view on screen draws only the lines it
+// shows, and small ones as pixels, so a large drawing pans and zooms within
+// a frame; without it (print, export) every line is drawn in full.
 void paintScene(QPainter& painter, const drawing::Scene& scene, const QTransform& worldToDevice,
-                const PaintOptions& options = {});
+                const PaintOptions& options = {}, const drawing::SceneIndex* index = nullptr);
 
 // How a finished picture reaches its file: all of it or nothing (the
 // program's careful save, replaceFile; a test's stand-in).

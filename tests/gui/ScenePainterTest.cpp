@@ -27,7 +27,54 @@ class ScenePainterTest : public QObject {
         return s;
     }
 
+    // How many pixels of an image are near a colour.
+    static int pixelsOf(const QImage& image, QColor color) {
+        int n = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor c = image.pixelColor(x, y);
+                n += std::abs(c.red() - color.red()) + std::abs(c.green() - color.green()) +
+                         std::abs(c.blue() - color.blue()) <
+                     60;
+            }
+        return n;
+    }
+
   private slots:
+    // A view of a large drawing through its index: every line it shows is
+    // drawn (the small ones as pixels), hidden levels are not, and what lies
+    // outside the view costs nothing and shows nothing.
+    void aLargeDrawingIsDrawnByItsIndexAsItIsWithout() {
+        Scene scene;
+        for (int i = 0; i < 5000; ++i) {
+            const double x = i % 100, y = i / 100;
+            scene.polylines.add(std::vector<Point>{{x, y}, {x + 0.5, y + 0.5}},
+                                {{{0, 0, 255}}, std::nullopt, 1, false});
+        }
+        scene.polylines.add(std::vector<Point>{{0, 25}, {100, 25}}, {{{255, 0, 0}, 0.5}, std::nullopt, 2, false});
+        const SceneIndex index(scene.polylines);
+        auto paint = [&](const QTransform& t, const PaintOptions& o, const SceneIndex* by) {
+            QImage image(400, 300, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::white);
+            QPainter p(&image);
+            paintScene(p, scene, t, o, by);
+            return image;
+        };
+        const QTransform fit = fitTransform(scene.bounds(), QRectF(0, 0, 400, 300));
+        const QImage whole = paint(fit, {}, nullptr), byIndex = paint(fit, {}, &index);
+        QVERIFY(pixelsOf(byIndex, Qt::blue) > pixelsOf(whole, Qt::blue) / 2);
+        QVERIFY(pixelsOf(byIndex, Qt::red) > 300);
+        PaintOptions hidden;
+        hidden.hiddenLevels = {1};
+        QCOMPARE(pixelsOf(paint(fit, hidden, &index), Qt::blue), 0);
+        // Zoomed on the lower left corner, far from the red line.
+        QTransform corner = fitTransform(Box{0, 0, 10, 8, false}, QRectF(0, 0, 400, 300), 0);
+        const QImage part = paint(corner, {}, &index);
+        QVERIFY(pixelsOf(part, Qt::blue) > 0);
+        QCOMPARE(pixelsOf(part, Qt::red), 0);
+        QCOMPARE(part, paint(corner, {}, nullptr)); // few lines: drawn in full either way
+    }
+
     void theViewFitsTheDrawingWithYUp() {
         Box box;
         box.add(Point{0, 0});
