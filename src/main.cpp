@@ -155,6 +155,9 @@ int command(int& argc, char** argv, const Arguments& a) {
         if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
         if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
         if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "tarnwick: " << cmd << " needs more memory than the program may use.\n";
+        return 1;
     } catch (const std::exception& e) {
         std::cerr << "tarnwick: internal error: " << e.what() << '\n';
         return 1;

@@ -3,6 +3,7 @@
 #include "cli/Cli.h"
 #include "cli/QuietProject.h"
 #include "core/drawing/BentDrawing.h"
+#include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
 
 #include <QFileInfo>
@@ -77,7 +78,7 @@ int cliDraw(const CliOptions& opt, const std::vector<std::string>& args) {
     const Page page = pageFor(out);
     const drawing::Scene scene = drawing::drawBentToFit(inputs, {}, page.width, page.height);
     QString error;
-    if (!exportScene(scene, out, &error, QStringLiteral("Tarnwick bent drawing"))) {
+    if (!exportScene(scene, out, &error, replaceFile, QStringLiteral("Tarnwick bent drawing"))) {
         std::cerr << "tarnwick: " << error.toStdString() << '\n';
         return 1;
     }

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -96,9 +97,16 @@ DgnElement recordOf(const OGRFeature& f) {
     return e;
 }
 
+// GDAL ends the whole process after a fatal error, which is an allocation
+// failing under a memory limit; here it ends the reading instead, and the
+// program says why.
+void CPL_STDCALL quietHandler(CPLErr kind, CPLErrorNum, const char*) {
+    if (kind == CE_Fatal) throw std::bad_alloc();
+}
+
 // GDAL reports through a global handler; a viewer wants its words, not its noise on the terminal.
 struct QuietGdal {
-    QuietGdal() { CPLPushErrorHandler(CPLQuietErrorHandler); }
+    QuietGdal() { CPLPushErrorHandler(quietHandler); }
     ~QuietGdal() { CPLPopErrorHandler(); }
 };
 
@@ -110,23 +118,21 @@ struct DatasetCloser {
 
 } // namespace tw
 
-extern "C" __attribute__((visibility("default"))) bool
-tarnwick_read_dgn(const std::string& path, std::vector<tw::drawing::DgnElement>& elements, std::string& error) {
+// With no sink, only whether GDAL's DGN driver takes the file for a drawing.
+extern "C" __attribute__((visibility("default"))) bool tarnwick_read_dgn(const std::string& path,
+                                                                         const tw::drawing::DgnElementSink& each) {
     using namespace tw;
-    elements.clear();
     static std::once_flag registered;
     std::call_once(registered, [] { RegisterOGRDGN(); });
     QuietGdal quiet;
     const char* const drivers[] = {"DGN", nullptr};
     std::unique_ptr<GDALDataset, DatasetCloser> dataset(
         GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY, drivers, nullptr, nullptr));
-    if (!dataset || dataset->GetLayerCount() < 1) {
-        error = path + " is not a MicroStation drawing (a DGN file of version 7 or earlier).";
-        return false;
-    }
+    if (!dataset || dataset->GetLayerCount() < 1) return false;
+    if (!each) return true;
     OGRLayer* layer = dataset->GetLayer(0);
     layer->ResetReading();
     while (const OGRFeatureUniquePtr feature{layer->GetNextFeature()})
-        elements.push_back(recordOf(*feature));
+        each(recordOf(*feature));
     return true;
 }

@@ -1,6 +1,7 @@
 #include "gui/DrawingViewer.h"
 
 #include "gui/SceneView.h"
+#include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
 
 #include <QAction>
@@ -47,10 +48,13 @@ DrawingViewer::DrawingViewer(drawing::Scene scene, const QString& file, size_t e
 
     // Levels in use, with how many shapes each holds and the colour of its first.
     std::map<int, std::pair<int, drawing::Color>> perLevel;
-    for (const auto& s : scene.shapes) {
-        auto [it, added] = perLevel.try_emplace(s.level, 0, s.pen.color);
-        ++it->second.first;
-    }
+    auto count = [&](int level, const drawing::Color& color) {
+        ++perLevel.try_emplace(level, 0, color).first->second.first;
+    };
+    for (std::size_t i = 0; i < scene.polylines.size(); ++i)
+        count(scene.polylines.style(i).level, scene.polylines.style(i).pen.color);
+    for (const auto& s : scene.shapes)
+        count(s.level, s.pen.color);
 
     view_ = new SceneView;
     view_->setScene(std::move(scene));
@@ -153,7 +157,7 @@ bool DrawingViewer::printTo(QPrinter& printer) {
 }
 
 bool DrawingViewer::exportTo(const QString& path, QString* error) {
-    return exportScene(view_->scene(), path, error, QFileInfo(file_).fileName(), view_->options());
+    return exportScene(view_->scene(), path, error, replaceFile, QFileInfo(file_).fileName(), view_->options());
 }
 
 void DrawingViewer::print() {

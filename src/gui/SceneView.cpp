@@ -26,6 +26,9 @@ SceneView::SceneView(QWidget* parent) : QWidget(parent) {
 
 void SceneView::setScene(drawing::Scene scene) {
     scene_ = std::move(scene);
+    // Kept with the scene: a frame of a large drawing cannot afford to look at every point.
+    index_ = drawing::SceneIndex(scene_.polylines);
+    bounds_ = scene_.bounds();
     update();
 }
 
@@ -35,7 +38,7 @@ void SceneView::setOptions(const PaintOptions& options) {
 }
 
 QTransform SceneView::transform() const {
-    if (fitted_) return fitTransform(scene_.bounds(), QRectF(rect()));
+    if (fitted_) return fitTransform(bounds_, QRectF(rect()));
     const QTransform& base = frozen_;
     const QPointF c = QRectF(rect()).center();
     QTransform user;
@@ -56,7 +59,7 @@ void SceneView::fit() {
 void SceneView::unfit() {
     if (!fitted_) return;
     // Later scenes are drawn in the same frame, so the drawing does not jump while the user looks at a part of it.
-    frozen_ = fitTransform(scene_.bounds(), QRectF(rect()));
+    frozen_ = fitTransform(bounds_, QRectF(rect()));
     fitted_ = false;
 }
 
@@ -78,7 +81,7 @@ void SceneView::zoomAbout(const QPointF& at, double factor) {
 void SceneView::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), options_.background);
-    paintScene(p, scene_, transform(), options_);
+    paintScene(p, scene_, transform(), options_, &index_);
 }
 
 void SceneView::wheelEvent(QWheelEvent* event) {

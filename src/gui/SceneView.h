@@ -51,6 +51,8 @@ class SceneView : public QWidget {
     void unfit();
 
     drawing::Scene scene_;
+    drawing::SceneIndex index_;
+    drawing::Box bounds_;
     PaintOptions options_;
     // The user's view, applied after fitting: zoom about the widget centre, then a pan.
     QTransform frozen_; // the fitted view when the user left it

@@ -2,6 +2,7 @@
 
 #include "gui/DrawingViewer.h"
 #include "platform/GdalDrawingReader.h"
+#include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <new>
 
 namespace tw {
 
@@ -30,7 +32,7 @@ int exportDrawing(int& argc, char** argv, const std::string& programDir, const s
     if (!hasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
     QString why;
-    if (!exportScene(drawing.scene, QString::fromStdString(out), &why,
+    if (!exportScene(drawing.scene, QString::fromStdString(out), &why, replaceFile,
                      QFileInfo(QString::fromStdString(file)).fileName())) {
         std::cerr << "tarnwick: " << why.toStdString() << '\n';
         return 1;
@@ -68,8 +70,14 @@ bool isDrawingFileName(const std::string& arg) {
 }
 
 int runView(int& argc, char** argv, const std::string& programDir, const std::vector<std::string>& args) {
-    if (args.size() == 1 && args[0].rfind("--", 0) != 0) return showDrawing(argc, argv, programDir, args[0]);
-    if (args.size() == 3 && args[1] == "--export") return exportDrawing(argc, argv, programDir, args[0], args[2]);
+    try {
+        if (args.size() == 1 && args[0].rfind("--", 0) != 0) return showDrawing(argc, argv, programDir, args[0]);
+        if (args.size() == 3 && args[1] == "--export") return exportDrawing(argc, argv, programDir, args[0], args[2]);
+    } catch (const std::bad_alloc&) {
+        // Under a memory limit: a sentence and a failure, never an abort.
+        std::cerr << "tarnwick: " << args[0] << " cannot be drawn: it needs more memory than the program may use.\n";
+        return 1;
+    }
     std::cerr << "tarnwick: view needs a drawing, and --export OUT to write it without a window\n";
     return 2;
 }

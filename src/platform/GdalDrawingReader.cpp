@@ -2,9 +2,14 @@
 
 #include "platform/QtText.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QLibrary>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace tw {
 
@@ -20,52 +25,99 @@ drawing::ReadDgnEntry* readerEntry(const std::string& programDir, std::string& w
     return entry;
 }
 
+std::string whatItIs(mode_t mode) {
+    if (S_ISDIR(mode)) return "a folder";
+    if (S_ISCHR(mode)) return "a character device";
+    if (S_ISBLK(mode)) return "a block device";
+    if (S_ISFIFO(mode)) return "a pipe";
+    if (S_ISSOCK(mode)) return "a socket";
+    return "not a plain file";
+}
+
+std::string mib(unsigned long long bytes) { return std::to_string(bytes >> 20) + " MiB"; }
+
+struct Descriptor {
+    int fd = -1;
+    ~Descriptor() {
+        if (fd >= 0) ::close(fd);
+    }
+};
+
 } // namespace
 
-bool GdalDrawingReader::read(const std::string& path, std::vector<DgnElement>& elements, std::string& error) {
-    elements.clear();
-    const QString name = q(path);
-    const QFileInfo info(name);
-    if (!info.exists()) {
-        error = path + ": no such file.";
+bool GdalDrawingReader::read(const std::string& path, const drawing::DgnElementSink& each, std::string& error) {
+    chainElements_ = 0;
+    auto refuse = [&](const std::string& why) {
+        error = path + why;
         return false;
+    };
+    auto cannotRead = [&](int e) { return refuse(" cannot be read: " + std::string(std::strerror(e)) + "."); };
+    // Only a plain file of bounded size is read: a device, a pipe or a socket
+    // may never end or never answer. Opened without waiting for a writer, and
+    // looked at through the descriptor, so it cannot be swapped meanwhile.
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0) return errno == ENOENT ? refuse(": no such file.") : cannotRead(errno);
+    if (!S_ISREG(st.st_mode)) return refuse(" is " + whatItIs(st.st_mode) + ", not a drawing.");
+    Descriptor file{::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK)};
+    if (file.fd < 0 || ::fstat(file.fd, &st) != 0) return cannotRead(errno);
+    if (!S_ISREG(st.st_mode)) return refuse(" is " + whatItIs(st.st_mode) + ", not a drawing.");
+    const auto tooLarge = [&] {
+        return refuse(" is larger than a drawing can be (" + mib(kMaxDrawingBytes) +
+                      "): " + mib(static_cast<unsigned long long>(st.st_size)) + ".");
+    };
+    if (static_cast<unsigned long long>(st.st_size) > kMaxDrawingBytes) return tooLarge();
+
+    // The element chain, walked as the bytes stream past.
+    drawing::DgnChainWalk walk;
+    unsigned long long total = 0;
+    char buffer[65536];
+    while (!walk.ended()) {
+        const ssize_t n = ::read(file.fd, buffer, sizeof buffer);
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) return cannotRead(errno);
+        if (n == 0) break;
+        total += static_cast<unsigned long long>(n);
+        if (total > kMaxDrawingBytes) return tooLarge();
+        walk.feed(std::string_view(buffer, static_cast<size_t>(n)));
     }
-    if (info.isDir()) {
-        error = path + " is a folder, not a drawing.";
-        return false;
-    }
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = path + " cannot be read: " + file.errorString().toStdString() + ".";
-        return false;
-    }
-    const QByteArray bytes = file.readAll();
-    file.close();
-    if (bytes.isEmpty()) {
-        error = path + " is empty, not a drawing.";
-        return false;
-    }
+    if (total == 0) return refuse(" is empty, not a drawing.");
+
     std::string why;
     auto* entry = readerEntry(programDir_, why);
-    if (!entry) {
-        error = path + " cannot be read: the program's drawing reader (" + drawing::kDrawingReaderLibrary + " in " +
-                programDir_ + ") cannot be loaded: " + why + ".";
-        return false;
+    if (!entry)
+        return refuse(" cannot be read: the program's drawing reader (" + std::string(drawing::kDrawingReaderLibrary) +
+                      " in " + programDir_ + ") cannot be loaded: " + why + ".");
+    // GDAL reads the file this descriptor holds open, whatever the name means by now.
+    const std::string opened = "/proc/self/fd/" + std::to_string(file.fd);
+    const auto problem = walk.problem();
+    if (problem) {
+        if (!entry(opened, {})) return refuse(" is not a MicroStation drawing (a DGN file of version 7 or earlier).");
+        return refuse(" is damaged: " + *problem + ".");
     }
-    if (!entry(path, elements, error)) return false;
-    if (const auto problem = drawing::dgnChainProblem(std::string_view(bytes.constData(), bytes.size()))) {
-        elements.clear();
-        error = path + " is damaged: " + *problem + ".";
-        return false;
-    }
+    chainElements_ = walk.elements();
+    if (!entry(opened, each)) return refuse(" is not a MicroStation drawing (a DGN file of version 7 or earlier).");
     return true;
 }
 
 bool loadDrawing(const std::string& programDir, const std::string& path, LoadedDrawing& drawing, std::string& error) {
-    std::vector<DgnElement> elements;
-    if (!GdalDrawingReader(programDir).read(path, elements, error)) return false;
-    drawing.elements = elements.size();
-    drawing.scene = drawing::sceneFromDgn(elements);
+    GdalDrawingReader reader(programDir);
+    drawing::DgnSceneBuilder builder;
+    size_t elements = 0;
+    try {
+        const bool read = reader.read(
+            path,
+            [&](const DgnElement& e) {
+                if (elements++ == 0) builder.reserve(static_cast<size_t>(reader.chainElements()));
+                builder.add(e);
+            },
+            error);
+        if (!read) return false;
+        drawing.scene = builder.take();
+    } catch (const std::bad_alloc&) {
+        error = path + " cannot be read: it needs more memory than the program may use.";
+        return false;
+    }
+    drawing.elements = elements;
     return true;
 }
 

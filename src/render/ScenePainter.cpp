@@ -1,10 +1,12 @@
 #include "render/ScenePainter.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QPageLayout>
 #include <QPageSize>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPdfWriter>
@@ -36,13 +38,13 @@ QColor colorOf(const Shape& s, const PaintOptions& o) {
     return QColor(s.pen.color.r, s.pen.color.g, s.pen.color.b);
 }
 
-QPen penOf(const Shape& s, const PaintOptions& o, double dpi) {
-    double width = std::max(1.0, s.pen.width * dpi / kMmPerInch);
-    if (!o.highlight.empty() && s.source == o.highlight) width = std::max(width * 2.0, 2.5);
-    QPen pen(colorOf(s, o), width);
+QPointF map(const QTransform& t, const drawing::Point& p) { return t.map(QPointF(p.x, p.y)); }
+
+QPen qPen(const QColor& color, double width, drawing::LineStyle style) {
+    QPen pen(color, width);
     pen.setCosmetic(true);
     pen.setJoinStyle(Qt::MiterJoin);
-    switch (s.mark == drawing::Mark::Placeholder ? drawing::LineStyle::Dashed : s.pen.style) {
+    switch (style) {
     case drawing::LineStyle::Solid: break;
     case drawing::LineStyle::Dashed: pen.setDashPattern({6, 4}); break;
     case drawing::LineStyle::Center: pen.setDashPattern({14, 4, 3, 4}); break;
@@ -51,7 +53,167 @@ QPen penOf(const Shape& s, const PaintOptions& o, double dpi) {
     return pen;
 }
 
-QPointF map(const QTransform& t, const drawing::Point& p) { return t.map(QPointF(p.x, p.y)); }
+double deviceWidth(const drawing::Pen& pen, double dpi) { return std::max(1.0, pen.width * dpi / kMmPerInch); }
+
+QPen penOf(const Shape& s, const PaintOptions& o, double dpi) {
+    double width = deviceWidth(s.pen, dpi);
+    if (!o.highlight.empty() && s.source == o.highlight) width = std::max(width * 2.0, 2.5);
+    return qPen(colorOf(s, o), width, s.mark == drawing::Mark::Placeholder ? drawing::LineStyle::Dashed : s.pen.style);
+}
+
+QColor qColor(const drawing::Color& c) { return QColor(c.r, c.g, c.b); }
+
+void paintPolyline(QPainter& p, const drawing::Polylines& lines, std::size_t i, const QTransform& t, double dpi,
+                   QPolygonF& poly) {
+    const drawing::Polylines::Style& style = lines.style(i);
+    poly.clear();
+    for (const auto& pt : lines.points(i))
+        poly << map(t, pt);
+    p.setPen(qPen(qColor(style.pen.color), deviceWidth(style.pen, dpi), style.pen.style));
+    p.setBrush(style.fill ? QBrush(qColor(*style.fill)) : QBrush(Qt::NoBrush));
+    if (style.closed)
+        p.drawPolygon(poly);
+    else
+        p.drawPolyline(poly);
+}
+
+// Levels are looked up once a line: the usual ones (a design file has 64) in a table.
+class HiddenLevels {
+  public:
+    explicit HiddenLevels(const std::set<int>& hidden) : hidden_(hidden) {
+        for (int level : hidden)
+            if (level >= 0 && level < 64) table_[level] = true;
+    }
+    bool operator()(int level) const { return level >= 0 && level < 64 ? table_[level] : hidden_.count(level) > 0; }
+
+  private:
+    const std::set<int>& hidden_;
+    bool table_[64] = {};
+};
+
+void paintPolylines(QPainter& p, const drawing::Polylines& lines, const QTransform& t, const PaintOptions& o,
+                    double dpi) {
+    const HiddenLevels hidden(o.hiddenLevels);
+    QPolygonF poly;
+    for (std::size_t i = 0; i < lines.size(); ++i)
+        if (!hidden(lines.style(i).level)) paintPolyline(p, lines, i, t, dpi, poly);
+}
+
+// A view of a large drawing draws each line at the size it can show: lines
+// a few pixels long as plain pixels on a layer of their own (a pen's width,
+// dashes and antialiasing cannot show at that size), the largest with the
+// painter, and nothing outside the view.
+constexpr std::size_t kDetailedLines = 3000; // what the painter draws within a frame, with time to spare
+constexpr double kPlainPixels = 16;          // lines at most this long may be drawn as pixels
+
+class PixelLayer {
+  public:
+    PixelLayer(int width, int height)
+        : image_(width, height, QImage::Format_ARGB32_Premultiplied), width_(width), height_(height) {
+        image_.fill(Qt::transparent);
+        bits_ = reinterpret_cast<quint32*>(image_.bits());
+        stride_ = image_.bytesPerLine() / 4;
+    }
+    const QImage& image() const { return image_; }
+    void plot(int x, int y, quint32 color) {
+        if (x >= 0 && y >= 0 && x < width_ && y < height_) bits_[y * stride_ + x] = color;
+    }
+    // Bresenham's line, ends included.
+    void line(int x0, int y0, int x1, int y1, quint32 color) {
+        const int dx = std::abs(x1 - x0), dy = -std::abs(y1 - y0);
+        const int sx = x0 < x1 ? 1 : -1, sy = y0 < y1 ? 1 : -1;
+        int e = dx + dy;
+        for (;;) {
+            plot(x0, y0, color);
+            if (x0 == x1 && y0 == y1) return;
+            const int e2 = 2 * e;
+            if (e2 >= dy) {
+                e += dy;
+                x0 += sx;
+            }
+            if (e2 <= dx) {
+                e += dx;
+                y0 += sy;
+            }
+        }
+    }
+
+  private:
+    QImage image_;
+    int width_ = 0, height_ = 0;
+    quint32* bits_ = nullptr;
+    qsizetype stride_ = 0;
+};
+
+void paintPolylinesByDetail(QPainter& p, const drawing::Polylines& lines, const drawing::SceneIndex& index,
+                            const QTransform& t, const PaintOptions& o, double dpi) {
+    const QSize size(p.device()->width(), p.device()->height());
+    const double ratio = p.device()->devicePixelRatio();
+    const double scale = std::abs(t.m11()), sx = t.m11() * ratio, sy = t.m22() * ratio, dx = t.dx() * ratio,
+                 dy = t.dy() * ratio;
+    const QRectF seen =
+        t.inverted().mapRect(QRectF(QPointF(0, 0), size)).adjusted(-2 / scale, -2 / scale, 2 / scale, 2 / scale);
+    drawing::Box view;
+    view.add(drawing::Point{seen.left(), seen.top()});
+    view.add(drawing::Point{seen.right(), seen.bottom()});
+    const HiddenLevels hidden(o.hiddenLevels);
+    std::vector<std::uint32_t> visible;
+    index.visit(view, [&](std::uint32_t i) {
+        if (!hidden(lines.style(i).level)) visible.push_back(i);
+    });
+    auto extent = [&](std::uint32_t i) {
+        const auto& b = index.box(i);
+        return std::max(b.maxX - b.minX, b.maxY - b.minY) * scale;
+    };
+    // The largest lines, up to what the painter draws in a frame, keep every
+    // detail: a count of the lines by their length in pixels finds the cut.
+    double plainUpTo = 0;
+    if (visible.size() > kDetailedLines) {
+        constexpr int kBins = 1024;
+        std::vector<std::uint32_t> longer(kBins + 1, 0);
+        for (const auto i : visible)
+            ++longer[std::min(kBins, static_cast<int>(extent(i)))];
+        std::size_t above = 0;
+        int bin = kBins;
+        while (bin > 0 && above + longer[bin] <= kDetailedLines)
+            above += longer[bin--];
+        plainUpTo = std::max(kPlainPixels, static_cast<double>(bin + 1));
+    }
+    std::vector<std::uint32_t> detailed;
+    if (plainUpTo > 0) {
+        PixelLayer layer(static_cast<int>(std::ceil(size.width() * ratio)),
+                         static_cast<int>(std::ceil(size.height() * ratio)));
+        for (const auto i : visible) {
+            if (extent(i) > plainUpTo) {
+                detailed.push_back(i);
+                continue;
+            }
+            const auto& c = lines.style(i).pen.color;
+            const quint32 color = qRgb(c.r, c.g, c.b);
+            const auto points = lines.points(i);
+            // Truncated, not floored: a pixel's difference only left of or above the view.
+            int x0 = static_cast<int>(points[0].x * sx + dx), y0 = static_cast<int>(points[0].y * sy + dy);
+            for (std::size_t k = 1; k < points.size(); ++k) {
+                const int x1 = static_cast<int>(points[k].x * sx + dx), y1 = static_cast<int>(points[k].y * sy + dy);
+                layer.line(x0, y0, x1, y1, color);
+                x0 = x1;
+                y0 = y1;
+            }
+            if (points.size() == 1) layer.plot(x0, y0, color);
+        }
+        QImage image = layer.image();
+        image.setDevicePixelRatio(ratio);
+        p.save();
+        p.resetTransform();
+        p.drawImage(QPointF(0, 0), image);
+        p.restore();
+    } else {
+        detailed = std::move(visible);
+    }
+    QPolygonF poly;
+    for (const auto i : detailed)
+        paintPolyline(p, lines, i, t, dpi, poly);
+}
 
 // The points of an elliptical arc in device space, fine enough to look round.
 QPolygonF arcPolygon(const Shape& s, const QTransform& t) {
@@ -198,11 +360,20 @@ QTransform fitTransform(const drawing::Box& box, const QRectF& target, double ma
     return t;
 }
 
-void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, const PaintOptions& o) {
+void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, const PaintOptions& o,
+                const drawing::SceneIndex* index) {
     const double dpi = deviceDpi(p);
     p.save();
     p.setRenderHint(QPainter::Antialiasing, true);
     p.setRenderHint(QPainter::TextAntialiasing, true);
+    // Pixels of our own only where the painter's are pixels, and the view is not turned.
+    const bool byDetail = index && index->size() == scene.polylines.size() && p.paintEngine() &&
+                          p.paintEngine()->type() == QPaintEngine::Raster && t.type() <= QTransform::TxScale &&
+                          p.transform().isIdentity();
+    if (byDetail)
+        paintPolylinesByDetail(p, scene.polylines, *index, t, o, dpi);
+    else
+        paintPolylines(p, scene.polylines, t, o, dpi);
     // Highlighted shapes last, so they stay on top.
     std::vector<const Shape*> order;
     order.reserve(scene.shapes.size());
@@ -248,8 +419,8 @@ void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, c
 
 QString exportSuffixes() { return QStringLiteral(".svg, .pdf or .png"); }
 
-bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const QString& title,
-                 const PaintOptions& options) {
+bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const FileWriter& write,
+                 const QString& title, const PaintOptions& options) {
     const QString suffix = QFileInfo(path).suffix().toLower();
     auto fail = [&](const QString& why) {
         if (error) *error = why;
@@ -265,20 +436,22 @@ bool exportScene(const drawing::Scene& scene, const QString& path, QString* erro
         paintScene(p, scene, fitTransform(box, target), options);
         return p.end();
     };
+    // The whole picture is made in memory first, so a failure leaves no part of it on disk.
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    const QString notDrawn = QStringLiteral("%1: the picture cannot be drawn.").arg(path);
     if (suffix == QLatin1String("svg")) {
         QSvgGenerator svg;
-        svg.setFileName(path);
+        svg.setOutputDevice(&buffer);
         const QSize size(1600, static_cast<int>(1600 * aspect));
         svg.setSize(size);
         svg.setViewBox(QRect(QPoint(0, 0), size));
         svg.setResolution(96);
         svg.setTitle(title);
-        if (!paintInto(svg, QRectF(QPointF(0, 0), size)))
-            return fail(QStringLiteral("%1 cannot be written.").arg(path));
-        return QFileInfo::exists(path) ? true : fail(QStringLiteral("%1 cannot be written.").arg(path));
-    }
-    if (suffix == QLatin1String("pdf")) {
-        QPdfWriter pdf(path);
+        if (!paintInto(svg, QRectF(QPointF(0, 0), size))) return fail(notDrawn);
+    } else if (suffix == QLatin1String("pdf")) {
+        QPdfWriter pdf(&buffer);
         pdf.setTitle(title);
         pdf.setCreator(QStringLiteral("Tarnwick"));
         pdf.setResolution(300);
@@ -286,19 +459,22 @@ bool exportScene(const drawing::Scene& scene, const QString& path, QString* erro
                                       aspect > 1 ? QPageLayout::Portrait : QPageLayout::Landscape,
                                       QMarginsF(12, 12, 12, 12), QPageLayout::Millimeter));
         const QRect page = pdf.pageLayout().paintRectPixels(pdf.resolution());
-        if (!paintInto(pdf, QRectF(0, 0, page.width(), page.height())))
-            return fail(QStringLiteral("%1 cannot be written.").arg(path));
-        return true;
-    }
-    if (suffix == QLatin1String("png")) {
+        if (!paintInto(pdf, QRectF(0, 0, page.width(), page.height()))) return fail(notDrawn);
+    } else if (suffix == QLatin1String("png")) {
         QImage image(1600, static_cast<int>(1600 * aspect), QImage::Format_ARGB32_Premultiplied);
+        if (image.isNull()) return fail(notDrawn);
         image.setDotsPerMeterX(3780); // 96 dpi
         image.setDotsPerMeterY(3780);
-        if (!paintInto(image, QRectF(image.rect()))) return fail(QStringLiteral("The picture cannot be drawn."));
-        if (!image.save(path, "PNG")) return fail(QStringLiteral("%1 cannot be written.").arg(path));
-        return true;
+        if (!paintInto(image, QRectF(image.rect())) || !image.save(&buffer, "PNG")) return fail(notDrawn);
+    } else {
+        return fail(
+            QStringLiteral("%1: the picture's type is told by its suffix, one of %2.").arg(path, exportSuffixes()));
     }
-    return fail(QStringLiteral("%1: the picture's type is told by its suffix, one of %2.").arg(path, exportSuffixes()));
+    buffer.close();
+    if (bytes.isEmpty()) return fail(notDrawn);
+    const WriteResult written = write(path.toStdString(), std::string(bytes.constData(), bytes.size()));
+    if (written.errorNumber != 0) return fail(QString::fromStdString(written.error) + QLatin1Char('.'));
+    return true;
 }
 
 } // namespace tw

@@ -5,6 +5,8 @@
 #pragma once
 
 #include "core/drawing/Scene.h"
+#include "core/drawing/SceneIndex.h"
+#include "core/ports.h"
 
 #include <QColor>
 #include <QRectF>
@@ -12,6 +14,7 @@
 #include <QString>
 #include <QTransform>
 
+#include <functional>
 #include <set>
 #include <string>
 
@@ -29,14 +32,23 @@ struct PaintOptions {
 // World to device: the box fitted into `target` with a margin, y pointing up.
 QTransform fitTransform(const drawing::Box& box, const QRectF& target, double marginFraction = 0.05);
 
-// Paints the scene; the painter's own transform is left as it was.
+// Paints the scene; the painter's own transform is left as it was. With the
+// index of the scene's polylines, a view on screen draws only the lines it
+// shows, and small ones as pixels, so a large drawing pans and zooms within
+// a frame; without it (print, export) every line is drawn in full.
 void paintScene(QPainter& painter, const drawing::Scene& scene, const QTransform& worldToDevice,
-                const PaintOptions& options = {});
+                const PaintOptions& options = {}, const drawing::SceneIndex* index = nullptr);
 
-// Writes the scene fitted to one page or picture: SVG, PDF or PNG by the
-// suffix of `path`. False with a sentence in `error` when it cannot.
-bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const QString& title = {},
-                 const PaintOptions& options = {});
+// How a finished picture reaches its file: all of it or nothing (the
+// program's careful save, replaceFile; a test's stand-in).
+using FileWriter = std::function<WriteResult(const std::string& path, const std::string& bytes)>;
+
+// The scene fitted to one page or picture, drawn in memory and handed to
+// `write` for `path`: SVG, PDF or PNG by the suffix of `path`. False with a
+// sentence in `error` when it cannot be drawn or written; then nothing new
+// stands at `path`.
+bool exportScene(const drawing::Scene& scene, const QString& path, QString* error, const FileWriter& write,
+                 const QString& title = {}, const PaintOptions& options = {});
 
 // The suffixes exportScene understands, for messages and file dialogs.
 QString exportSuffixes();

@@ -98,7 +98,7 @@ class DrawingViewerTest : public QObject {
             std::string error;
             QVERIFY2(loadDrawing(TW_PROGRAM_DIR, drawing.toStdString(), loaded, error), error.c_str());
             QCOMPARE(loaded.elements, script.elements);
-            QCOMPARE(loaded.scene.shapes.size(), script.elements);
+            QCOMPARE(loaded.scene.shapes.size() + loaded.scene.polylines.size(), script.elements);
             QVERIFY2(loaded.scene.levels().size() >= 4, qPrintable(name));
 
             DrawingViewer viewer(std::move(loaded.scene), drawing, loaded.elements);

@@ -1,6 +1,9 @@
 // Drawings reach the screen and the three export formats the same way.
 #include "render/ScenePainter.h"
 
+#include "core/Errors.h"
+#include "platform/SafeFile.h"
+
 #include <QFile>
 #include <QImage>
 #include <QPainter>
@@ -24,7 +27,54 @@ class ScenePainterTest : public QObject {
         return s;
     }
 
+    // How many pixels of an image are near a colour.
+    static int pixelsOf(const QImage& image, QColor color) {
+        int n = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor c = image.pixelColor(x, y);
+                n += std::abs(c.red() - color.red()) + std::abs(c.green() - color.green()) +
+                         std::abs(c.blue() - color.blue()) <
+                     60;
+            }
+        return n;
+    }
+
   private slots:
+    // A view of a large drawing through its index: every line it shows is
+    // drawn (the small ones as pixels), hidden levels are not, and what lies
+    // outside the view costs nothing and shows nothing.
+    void aLargeDrawingIsDrawnByItsIndexAsItIsWithout() {
+        Scene scene;
+        for (int i = 0; i < 5000; ++i) {
+            const double x = i % 100, y = i / 100;
+            scene.polylines.add(std::vector<Point>{{x, y}, {x + 0.5, y + 0.5}},
+                                {{{0, 0, 255}}, std::nullopt, 1, false});
+        }
+        scene.polylines.add(std::vector<Point>{{0, 25}, {100, 25}}, {{{255, 0, 0}, 0.5}, std::nullopt, 2, false});
+        const SceneIndex index(scene.polylines);
+        auto paint = [&](const QTransform& t, const PaintOptions& o, const SceneIndex* by) {
+            QImage image(400, 300, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::white);
+            QPainter p(&image);
+            paintScene(p, scene, t, o, by);
+            return image;
+        };
+        const QTransform fit = fitTransform(scene.bounds(), QRectF(0, 0, 400, 300));
+        const QImage whole = paint(fit, {}, nullptr), byIndex = paint(fit, {}, &index);
+        QVERIFY(pixelsOf(byIndex, Qt::blue) > pixelsOf(whole, Qt::blue) / 2);
+        QVERIFY(pixelsOf(byIndex, Qt::red) > 300);
+        PaintOptions hidden;
+        hidden.hiddenLevels = {1};
+        QCOMPARE(pixelsOf(paint(fit, hidden, &index), Qt::blue), 0);
+        // Zoomed on the lower left corner, far from the red line.
+        QTransform corner = fitTransform(Box{0, 0, 10, 8, false}, QRectF(0, 0, 400, 300), 0);
+        const QImage part = paint(corner, {}, &index);
+        QVERIFY(pixelsOf(part, Qt::blue) > 0);
+        QCOMPARE(pixelsOf(part, Qt::red), 0);
+        QCOMPARE(part, paint(corner, {}, nullptr)); // few lines: drawn in full either way
+    }
+
     void theViewFitsTheDrawingWithYUp() {
         Box box;
         box.add(Point{0, 0});
@@ -42,20 +92,20 @@ class ScenePainterTest : public QObject {
         QString error;
         const Scene scene = sample();
 
-        QVERIFY2(exportScene(scene, dir.filePath("a.svg"), &error, "Bent"), qPrintable(error));
+        QVERIFY2(exportScene(scene, dir.filePath("a.svg"), &error, replaceFile, "Bent"), qPrintable(error));
         QFile svg(dir.filePath("a.svg"));
         QVERIFY(svg.open(QIODevice::ReadOnly));
         const QString svgText = QString::fromUtf8(svg.readAll());
         QVERIFY(svgText.contains("40.0000"));
         QVERIFY(svgText.contains("CAP ELEVATION"));
 
-        QVERIFY2(exportScene(scene, dir.filePath("a.pdf"), &error), qPrintable(error));
+        QVERIFY2(exportScene(scene, dir.filePath("a.pdf"), &error, replaceFile), qPrintable(error));
         QFile pdf(dir.filePath("a.pdf"));
         QVERIFY(pdf.open(QIODevice::ReadOnly));
         const QString pdfText = QString::fromLatin1(pdf.readAll());
         QCOMPARE(pdfText.count(QRegularExpression("/Type\\s*/Page[^s]")), 1);
 
-        QVERIFY2(exportScene(scene, dir.filePath("a.PNG"), &error), qPrintable(error));
+        QVERIFY2(exportScene(scene, dir.filePath("a.PNG"), &error, replaceFile), qPrintable(error));
         QImage png(dir.filePath("a.PNG"));
         QVERIFY(!png.isNull());
         bool inked = false;
@@ -68,10 +118,29 @@ class ScenePainterTest : public QObject {
     void anUnknownSuffixOrAnUnwritablePathIsRefusedInWords() {
         QTemporaryDir dir;
         QString error;
-        QVERIFY(!exportScene(sample(), dir.filePath("a.dwg"), &error));
+        QVERIFY(!exportScene(sample(), dir.filePath("a.dwg"), &error, replaceFile));
         QVERIFY(error.contains(".svg"));
-        QVERIFY(!exportScene(sample(), dir.filePath("missing/folder/a.png"), &error));
-        QVERIFY(error.contains("cannot be written"));
+        QVERIFY(!QFile::exists(dir.filePath("a.dwg")));
+        QVERIFY(!exportScene(sample(), dir.filePath("missing/folder/a.png"), &error, replaceFile));
+        QVERIFY(error.contains(dir.filePath("missing/folder")));
+    }
+
+    // Every format is drawn whole before anything is written, and a write
+    // that fails (a full disk) is told of in one line, the file left alone.
+    void aWriteThatFailsIsToldOfInOneLine() {
+        QTemporaryDir dir;
+        for (const char* name : {"a.svg", "a.pdf", "a.png"}) {
+            std::string given;
+            const FileWriter full = [&](const std::string&, const std::string& bytes) {
+                given = bytes;
+                return WriteResult{err::kDiskFull, "Disk full: the disk is full"};
+            };
+            QString error;
+            QVERIFY(!exportScene(sample(), dir.filePath(name), &error, full));
+            QVERIFY2(given.size() > 100, name);
+            QCOMPARE(error, QStringLiteral("Disk full: the disk is full."));
+            QVERIFY(!QFile::exists(dir.filePath(name)));
+        }
     }
 
     // A dimension's label stands beyond its line, away from what it measures, on either side.

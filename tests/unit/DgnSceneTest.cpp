@@ -30,10 +30,20 @@ DgnElement text(std::string style, std::string field = {}) {
     return e;
 }
 
-// The one shape of a scene (a copy: the scene is often a temporary).
+// What a scene draws, in the order it is painted: the polylines, then the shapes.
+std::vector<Shape> drawn(const Scene& s) {
+    std::vector<Shape> all;
+    for (std::size_t i = 0; i < s.polylines.size(); ++i)
+        all.push_back(s.polylines.shape(i));
+    all.insert(all.end(), s.shapes.begin(), s.shapes.end());
+    return all;
+}
+
+// The one shape of a scene.
 Shape only(const Scene& s) {
-    EXPECT_EQ(s.shapes.size(), 1u);
-    return s.shapes.empty() ? Shape{} : s.shapes.front();
+    const auto all = drawn(s);
+    EXPECT_EQ(all.size(), 1u);
+    return all.empty() ? Shape{} : all.front();
 }
 
 TEST(FeatureStyle, ToolsAndParametersAsGdalWritesThem) {
@@ -129,8 +139,8 @@ TEST(DgnScene, ShapesAreClosedAndFilledWhereTheFileSaysSo) {
     e.styleString = "BRUSH(fc:#ff7f00);PEN(c:#0000ff)";
     e.level = 7;
     const Scene s = sceneFromDgn({e});
-    ASSERT_EQ(s.shapes.size(), 2u); // a shape with a hole
-    for (const auto& shape : s.shapes) {
+    ASSERT_EQ(drawn(s).size(), 2u); // a shape with a hole
+    for (const auto& shape : drawn(s)) {
         EXPECT_TRUE(shape.closed);
         EXPECT_EQ(shape.fill, (Color{255, 127, 0}));
         EXPECT_EQ(shape.pen.color, (Color{0, 0, 255}));
@@ -166,7 +176,7 @@ TEST(DgnScene, TextsStandInDrawingUnitsOrOnThePage) {
     const Shape sized = only(sceneFromDgn({given}));
     EXPECT_FALSE(sized.screenSized);
     EXPECT_EQ(sized.angle, 90);
-    EXPECT_TRUE(sceneFromDgn({text("LABEL(s:1g)")}).shapes.empty()); // nothing to write
+    EXPECT_TRUE(drawn(sceneFromDgn({text("LABEL(s:1g)")})).empty()); // nothing to write
 }
 
 TEST(DgnScene, ArcsWhenTheReaderKnowsThemOtherwiseTheirStrokes) {
@@ -192,10 +202,11 @@ TEST(DgnScene, NumbersThatAreNoneAreLeftOut) {
     DgnElement label = text("LABEL(s:1e308g,a:nan)", "HUGE");
     label.textSize = inf;
     const Scene s = sceneFromDgn({broken, partly, arc, label});
-    ASSERT_EQ(s.shapes.size(), 3u);
-    EXPECT_EQ(s.shapes[0].points.size(), 2u);
-    EXPECT_EQ(s.shapes[1].kind, Shape::Kind::Polyline); // the stroke stands in for the broken arc
-    EXPECT_TRUE(std::isfinite(s.shapes[2].height));
+    const auto shapes = drawn(s);
+    ASSERT_EQ(shapes.size(), 3u);
+    EXPECT_EQ(shapes[0].points.size(), 2u);
+    EXPECT_EQ(shapes[1].kind, Shape::Kind::Polyline); // the stroke stands in for the broken arc
+    EXPECT_TRUE(std::isfinite(shapes[2].height));
     const Box box = s.bounds();
     EXPECT_TRUE(std::isfinite(box.width()) && std::isfinite(box.height()));
 }

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <sys/stat.h>
 
 namespace tw {
 namespace {
@@ -86,7 +87,7 @@ TEST_F(DrawingFile, EveryElementComesBackWithItsSymbology) {
     LoadedDrawing loaded;
     ASSERT_TRUE(loadDrawing(TW_PROGRAM_DIR, drawing().string(), loaded, error)) << error;
     EXPECT_EQ(loaded.elements, 5u);
-    EXPECT_EQ(loaded.scene.shapes.size(), 5u);
+    EXPECT_EQ(loaded.scene.polylines.size() + loaded.scene.shapes.size(), 5u);
     EXPECT_EQ(loaded.scene.levels(), (std::vector<int>{1, 2, 10}));
 }
 
@@ -101,6 +102,16 @@ TEST_F(DrawingFile, WhatIsNoDrawingIsRefusedInOneSentence) {
     // A version 8 file is an OLE compound document, which the V7 driver does not read.
     writeAll(dir / "v8.dgn", std::string("\xd0\xcf\x11\xe0\xa1\xb1\x1a\xe1", 8) + std::string(4096, '\0'));
     EXPECT_NE(refused(dir / "v8.dgn").find("not a MicroStation drawing"), std::string::npos);
+}
+
+// Nothing that may never end is read: a device, a pipe, a file past the
+// size any drawing has (here sparse, so it costs no disk).
+TEST_F(DrawingFile, WhatMayNeverEndIsRefusedBeforeItIsRead) {
+    EXPECT_NE(refused("/dev/zero").find("/dev/zero is a character device, not a drawing"), std::string::npos);
+    ASSERT_EQ(::mkfifo((dir / "pipe.dgn").c_str(), 0600), 0);
+    EXPECT_NE(refused(dir / "pipe.dgn").find("is a pipe, not a drawing"), std::string::npos);
+    fs::resize_file((writeAll(dir / "huge.dgn", "x"), dir / "huge.dgn"), kMaxDrawingBytes + 1);
+    EXPECT_NE(refused(dir / "huge.dgn").find("is larger than a drawing can be (256 MiB)"), std::string::npos);
 }
 
 TEST_F(DrawingFile, WithoutItsReaderLibraryADrawingIsRefusedInOneSentence) {

@@ -93,14 +93,6 @@ LineStyle lineStyleOfPen(const StyleTool* pen) {
 
 bool finite(const Point& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
-std::vector<Point> finitePoints(const std::vector<Point>& points) {
-    std::vector<Point> out;
-    out.reserve(points.size());
-    for (const auto& p : points)
-        if (finite(p)) out.push_back(p);
-    return out;
-}
-
 std::optional<Point> firstPoint(const DgnElement& e) {
     for (const auto& path : e.paths)
         for (const auto& p : path)
@@ -160,7 +152,10 @@ bool usableArc(const DgnArc& a) {
            std::isfinite(a.start) && std::isfinite(a.sweep);
 }
 
-void addElement(Scene& scene, const DgnElement& e) {
+} // namespace
+
+void DgnSceneBuilder::add(const DgnElement& e) {
+    Scene& scene = scene_;
     const auto tools = parseFeatureStyle(e.styleString);
     const StyleTool* pen = findTool(tools, "PEN");
     const StyleTool* brush = findTool(tools, "BRUSH");
@@ -198,23 +193,22 @@ void addElement(Scene& scene, const DgnElement& e) {
         s.level = e.level;
         return;
     }
+    const Polylines::Style style{p, closed ? fill : std::nullopt, e.level, closed};
     for (const auto& path : e.paths) {
-        std::vector<Point> points = finitePoints(path);
-        if (points.empty()) continue;
-        if (points.size() == 1) points.push_back(points.front()); // a point: a line of no length
-        Shape& s = scene.polyline(std::move(points), closed, p);
-        if (closed && fill) s.fill = fill;
-        s.level = e.level;
+        points_.clear();
+        for (const auto& pt : path)
+            if (finite(pt)) points_.push_back(pt);
+        if (points_.empty()) continue;
+        if (points_.size() == 1) points_.push_back(points_.front()); // a point: a line of no length
+        scene.polylines.add(points_, style);
     }
 }
 
-} // namespace
-
 Scene sceneFromDgn(const std::vector<DgnElement>& elements) {
-    Scene scene;
+    DgnSceneBuilder builder;
     for (const auto& e : elements)
-        addElement(scene, e);
-    return scene;
+        builder.add(e);
+    return builder.take();
 }
 
 } // namespace tw::drawing

@@ -29,6 +29,36 @@ void Box::add(const Box& b) {
 
 namespace {
 
+// Points a block holds: 1 MiB, so the last block's unused room stays small
+// and growth never copies the points already read.
+constexpr std::size_t kBlockPoints = 65536;
+
+} // namespace
+
+void Polylines::add(std::span<const Point> points, const Style& style) {
+    if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size() < points.size()) {
+        blocks_.emplace_back();
+        blocks_.back().reserve(std::max(kBlockPoints, points.size()));
+    }
+    std::vector<Point>& block = blocks_.back();
+    lines_.push_back({style, static_cast<std::uint32_t>(blocks_.size() - 1), static_cast<std::uint32_t>(block.size()),
+                      static_cast<std::uint32_t>(points.size())});
+    block.insert(block.end(), points.begin(), points.end());
+}
+
+Shape Polylines::shape(std::size_t i) const {
+    Shape s;
+    const auto p = points(i);
+    s.points.assign(p.begin(), p.end());
+    s.closed = style(i).closed;
+    s.fill = style(i).fill;
+    s.pen = style(i).pen;
+    s.level = style(i).level;
+    return s;
+}
+
+namespace {
+
 // The extent of an elliptical arc, sampled finely enough for fitting a view.
 void addArc(Box& box, const Shape& s) {
     const double rot = s.rotation * std::numbers::pi / 180;
@@ -64,6 +94,9 @@ Box Scene::bounds() const {
                 box.add(p);
         }
     }
+    for (std::size_t i = 0; i < polylines.size(); ++i)
+        for (const auto& p : polylines.points(i))
+            box.add(p);
     return box;
 }
 
@@ -71,6 +104,8 @@ std::vector<int> Scene::levels() const {
     std::set<int> set;
     for (const auto& s : shapes)
         set.insert(s.level);
+    for (std::size_t i = 0; i < polylines.size(); ++i)
+        set.insert(polylines.style(i).level);
     return {set.begin(), set.end()};
 }
 

@@ -4,8 +4,10 @@
 // draws a Scene on a widget, an SVG, a PDF or an image.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -85,12 +87,47 @@ struct Box {
     double height() const { return empty ? 0 : maxY - minY; }
 };
 
+// Plain polylines in bulk, for drawings of a whole bridge (hundreds of
+// thousands of lines): a few bytes of pen, level and place each, the points
+// in blocks of their own, instead of a Shape and an allocation per line.
+class Polylines {
+  public:
+    struct Style {
+        Pen pen;
+        std::optional<Color> fill; // a closed line filled
+        int level = 0;
+        bool closed = false;
+    };
+
+    void add(std::span<const Point> points, const Style& style);
+    void reserve(std::size_t lines) { lines_.reserve(lines); }
+    std::size_t size() const { return lines_.size(); }
+    bool empty() const { return lines_.empty(); }
+    const Style& style(std::size_t i) const { return lines_[i].style; }
+    std::span<const Point> points(std::size_t i) const {
+        const Line& l = lines_[i];
+        return {blocks_[l.block].data() + l.first, l.count};
+    }
+    // Line i as a Shape, for code that wants one.
+    Shape shape(std::size_t i) const;
+
+  private:
+    struct Line {
+        Style style;
+        std::uint32_t block = 0, first = 0, count = 0;
+    };
+    std::vector<Line> lines_;
+    std::vector<std::vector<Point>> blocks_;
+};
+
 struct Scene {
     std::vector<Shape> shapes;
+    // Drawn before the shapes, so texts, arcs and dimensions stay on top.
+    Polylines polylines;
 
     // The extent of the geometry; screen-sized text counts only by its anchor.
     Box bounds() const;
-    // The levels the shapes use, ascending.
+    // The levels the shapes and polylines use, ascending.
     std::vector<int> levels() const;
 
     // Builders for the common cases; each returns the shape for further settings.
