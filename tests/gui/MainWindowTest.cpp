@@ -28,6 +28,16 @@ class MainWindowTest : public QObject, public test::ShownWindow {
         return w;
     }
 
+    // Bent 4 typed into the entry fields and added with the Add button.
+    void addBent4() {
+        (*app)->actions.edit(Ctl::txtBentNoPI, "4");
+        for (int i = 0; i < 4; ++i)
+            (*app)->actions.edit(CtlId(Ctl::txtEStepPI, i), "101.25");
+        (*app)->actions.edit(Ctl::txtLwingwallElevation, "104.00");
+        (*app)->actions.edit(Ctl::txtRwingwallElevation, "104.50");
+        QTest::mouseClick(find<QPushButton>("cmdQuantity(0)"), Qt::LeftButton);
+    }
+
   private slots:
     void init() { openWindow(); }
     void cleanup() { closeWindow(); }
@@ -62,12 +72,7 @@ class MainWindowTest : public QObject, public test::ShownWindow {
 
     void theGridShowsTheBentsTheCoreHolds() {
         window->tabs()->setCurrentIndex(5);
-        (*app)->actions.edit(Ctl::txtBentNoPI, "4");
-        for (int i = 0; i < 4; ++i)
-            (*app)->actions.edit(CtlId(Ctl::txtEStepPI, i), "101.25");
-        (*app)->actions.edit(Ctl::txtLwingwallElevation, "104.00");
-        (*app)->actions.edit(Ctl::txtRwingwallElevation, "104.50");
-        QTest::mouseClick(find<QPushButton>("cmdQuantity(0)"), Qt::LeftButton);
+        addBent4();
         const QAbstractItemModel* model = window->grid()->model();
         QCOMPARE(model->rowCount(), 1);
         QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("4"));
@@ -137,12 +142,7 @@ class MainWindowTest : public QObject, public test::ShownWindow {
     // brings the table's page to the front.
     void theEditMenuNamesTheBentTableStep() {
         window->tabs()->setCurrentIndex(5);
-        (*app)->actions.edit(Ctl::txtBentNoPI, "4");
-        for (int i = 0; i < 4; ++i)
-            (*app)->actions.edit(CtlId(Ctl::txtEStepPI, i), "101.25");
-        (*app)->actions.edit(Ctl::txtLwingwallElevation, "104.00");
-        (*app)->actions.edit(Ctl::txtRwingwallElevation, "104.50");
-        QTest::mouseClick(find<QPushButton>("cmdQuantity(0)"), Qt::LeftButton);
+        addBent4();
         QCOMPARE(window->grid()->model()->rowCount(), 1);
         QCOMPARE(action("mnuUndo")->text(), QStringLiteral("Undo Add Bent 4"));
         window->tabs()->setCurrentIndex(0);
