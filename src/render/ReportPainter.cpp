@@ -204,6 +204,81 @@ void inputs(Pages& pg, const Report& r) {
     }
 }
 
+// The bent table, as many columns as fit across a page each time, the bent
+// number first on every page, the headings on top of every page.
+void bentTable(Pages& pg, const Report& r) {
+    if (r.headings.empty()) return;
+    const QFont& f = pg.small();
+    const double pad = 6, lh = pg.lineHeight(f);
+    const int cols = static_cast<int>(r.headings.size());
+    std::vector<double> widths(static_cast<size_t>(cols));
+    // A heading wraps onto a few lines, so that a column is about as wide as its numbers.
+    for (int c = 0; c < cols; ++c) {
+        const QString heading = q(r.headings[static_cast<size_t>(c)]);
+        double m = pg.textWidth(f, heading) / 2.5;
+        for (const QString& word : heading.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+            m = std::max(m, pg.textWidth(f, word));
+        for (const auto& row : r.bents)
+            if (c < static_cast<int>(row.size())) m = std::max(m, pg.textWidth(f, q(row[static_cast<size_t>(c)])));
+        widths[static_cast<size_t>(c)] = m + 2 * pad;
+    }
+    std::vector<std::pair<int, int>> groups; // [first, last] after the bent number
+    for (int c = 1; c < cols;) {
+        double used = widths[0];
+        int last = c;
+        while (last < cols && (last == c || used + widths[static_cast<size_t>(last)] <= pg.width()))
+            used += widths[static_cast<size_t>(last++)];
+        groups.emplace_back(c, last - 1);
+        c = last;
+    }
+    if (groups.empty()) groups.emplace_back(1, 0);
+    const double headingH = pg.lineHeight(pg.bold());
+    const int rowsPerPage = std::max(1, static_cast<int>((pg.bodyBottom() - headingH - 4 * lh) / lh));
+    const int bents = static_cast<int>(r.bents.size());
+    for (std::size_t g = 0; g < groups.size(); ++g) {
+        const auto [first, last] = groups[g];
+        for (int start = 0; start == 0 || start < bents; start += rowsPerPage) {
+            pg.newPage();
+            QString heading = QStringLiteral("Bent Table");
+            if (groups.size() > 1)
+                heading += QStringLiteral(" (part %1 of %2)").arg(static_cast<int>(g) + 1).arg(groups.size());
+            pg.text(0, 0, pg.width(), pg.bold(), heading);
+            double y = headingH;
+            std::vector<int> shown = {0};
+            for (int c = first; c <= last; ++c)
+                shown.push_back(c);
+            double x = 0;
+            int headingLines = 1;
+            for (int c : shown)
+                headingLines = std::max(headingLines, pg.wrappedLines(f, q(r.headings[static_cast<size_t>(c)]),
+                                                                      widths[static_cast<size_t>(c)] - 2 * pad));
+            for (int c : shown) {
+                const double cw = widths[static_cast<size_t>(c)];
+                pg.wrapped(x + pad, y, cw - 2 * pad, lh * headingLines, f, q(r.headings[static_cast<size_t>(c)]));
+                x += cw;
+            }
+            y += lh * headingLines;
+            pg.line(0, y, x, y, 0.4);
+            auto rowAt = [&](const std::vector<std::string>& cells) {
+                double cx = 0;
+                for (int c : shown) {
+                    const double cw = widths[static_cast<size_t>(c)];
+                    const std::string cell = c < static_cast<int>(cells.size()) ? cells[static_cast<size_t>(c)] : "";
+                    pg.text(cx + pad, y, cw - 2 * pad, f, q(cell), Qt::AlignRight);
+                    cx += cw;
+                }
+                y += lh;
+            };
+            const int end = std::min(bents, start + rowsPerPage);
+            for (int i = start; i < end; ++i)
+                rowAt(r.bents[static_cast<size_t>(i)]);
+            if (bents == 0) {
+                pg.text(0, y + 2, pg.width(), f, QStringLiteral("The bent table holds no bents."));
+            }
+        }
+    }
+}
+
 } // namespace
 
 QPageSize reportPageSize(const QLocale& locale) {
@@ -214,6 +289,7 @@ bool paintReport(const Report& report, const Project& project, QPagedPaintDevice
     Pages pg(device);
     titleBlock(pg, report, date);
     inputs(pg, report);
+    bentTable(pg, report);
     (void)project;
     return pg.paint(QFileInfo(q(report.path)).fileName());
 }

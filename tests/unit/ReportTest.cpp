@@ -3,17 +3,22 @@
 // pdftotext: what applies is in it, with its value and unit, and what the
 // form hides is not.
 #include "FakePorts.h"
+#include "LargestProject.h"
 #include "RunTarnwick.h"
 #include "TestFiles.h"
 
 #include "cli/QuietProject.h"
+#include "core/form/FileCommands.h"
 #include "core/output/Report.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
+#include <map>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <sys/stat.h>
 
 namespace tw {
@@ -39,6 +44,23 @@ std::string pdfText(const std::filesystem::path& pdf, int page = 0) {
     const std::string pages = page > 0 ? " -f " + std::to_string(page) + " -l " + std::to_string(page) : "";
     const std::string raw = poppler("pdftotext -layout" + pages + " '" + pdf.string() + "' - 2>/dev/null");
     return " " + std::regex_replace(raw, std::regex("\\s+"), " ") + " ";
+}
+
+std::string rawPdfText(const std::filesystem::path& pdf, int page) {
+    return poppler("pdftotext -layout -f " + std::to_string(page) + " -l " + std::to_string(page) + " '" +
+                   pdf.string() + "' - 2>/dev/null");
+}
+
+int pdfPages(const std::filesystem::path& pdf) {
+    std::smatch m;
+    const std::string info = poppler("pdfinfo '" + pdf.string() + "' 2>/dev/null");
+    return std::regex_search(info, m, std::regex("Pages:\\s+(\\d+)")) ? std::stoi(m[1]) : -1;
+}
+
+std::string pageSize(const std::filesystem::path& pdf) {
+    std::smatch m;
+    const std::string info = poppler("pdfinfo '" + pdf.string() + "' 2>/dev/null");
+    return std::regex_search(info, m, std::regex("Page size:[^(\\n]*\\((\\w+)\\)")) ? std::string(m[1]) : "";
 }
 
 bool haveTools() { return !poppler("pdftotext -v 2>&1").empty(); }
@@ -103,6 +125,60 @@ TEST(Report, EachSampleHasEveryInputThatAppliesAndNoneOfAHiddenSection) {
     }
     EXPECT_NE(backwall.find(" Enter the width of the end post "), std::string::npos);
     EXPECT_EQ(without.find(" Enter the width of the end post "), std::string::npos);
+}
+
+TEST(Report, TheLargestProjectSplitsItsTableOnTheLocalesPaper) {
+    if (!haveTools()) GTEST_SKIP() << "poppler-utils is not installed";
+    const auto dir = freshFolder("tarnwick-report-");
+    const std::string file = (dir / "largest.ebnt").string();
+    {
+        test::Loaded s;
+        test::fillLargestProject(*s);
+        ASSERT_TRUE(writeInputFile(*s, file));
+    }
+    const char* before = std::getenv("LC_ALL");
+    const std::string saved = before ? before : "";
+    struct Paper {
+        const char* locale;
+        const char* size;
+        int pages;
+    };
+    // The inputs, then the three parts of the bent table.
+    for (const Paper& paper : {Paper{"en_US.UTF-8", "letter", 12}, Paper{"de_DE.UTF-8", "A4", 9}}) {
+        SCOPED_TRACE(paper.locale);
+        setenv("LC_ALL", paper.locale, 1);
+        const auto pdf = dir / (std::string(paper.size) + ".pdf");
+        const auto ran = runTarnwick({"report", file, pdf.string()}, dir);
+        ASSERT_EQ(ran.status, 0) << ran.err;
+        EXPECT_EQ(pageSize(pdf), paper.size);
+        const int pages = pdfPages(pdf);
+        EXPECT_EQ(pages, paper.pages);
+        // Each part of the split table lists every bent, its rows led by the bent number.
+        std::map<std::string, std::set<int>> parts;
+        for (int page = 1; page <= pages; ++page) {
+            const std::string text = pdfText(pdf, page);
+            EXPECT_NE(text.find(" page " + std::to_string(page) + " of " + std::to_string(pages) + " "),
+                      std::string::npos);
+            std::smatch part;
+            if (!std::regex_search(text, part, std::regex("Bent Table \\(part (\\d+) of 3\\)"))) continue;
+            std::istringstream lines(rawPdfText(pdf, page));
+            for (std::string line; std::getline(lines, line);) {
+                std::smatch m;
+                if (std::regex_search(line, m, std::regex("^\\s*(\\d+)\\s+\\d+\\.\\d\\d\\b")))
+                    parts[part[1]].insert(std::stoi(m[1]));
+            }
+        }
+        ASSERT_EQ(parts.size(), 3u);
+        for (const auto& [part, numbers] : parts) {
+            EXPECT_EQ(numbers.size(), 99u) << "part " << part;
+            EXPECT_EQ(*numbers.begin(), 1) << "part " << part;
+            EXPECT_EQ(*numbers.rbegin(), 99) << "part " << part;
+        }
+    }
+    if (before)
+        setenv("LC_ALL", saved.c_str(), 1);
+    else
+        unsetenv("LC_ALL");
 }
 
 TEST(Report, AnOutputThatCannotBeWrittenFailsAndLeavesNoFile) {
