@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "render/ReportPainter.h"
 
+#include "core/drawing/BentDrawing.h"
+#include "core/drawing/BentInputs.h"
 #include "core/model/Project.h"
 
 #include <QBuffer>
@@ -23,6 +25,8 @@ namespace tw {
 namespace {
 
 QString q(const std::string& s) { return QString::fromStdString(s); }
+
+constexpr int kElevationsPerPage = 3;
 
 // Pages are laid out first and painted afterwards, so that every footer
 // knows how many pages there are. Lengths are in points until painted.
@@ -279,6 +283,44 @@ void bentTable(Pages& pg, const Report& r) {
     }
 }
 
+void scene(Pages& pg, const drawing::Scene& s, const QRectF& targetPt) {
+    const QRectF target = pg.px(targetPt);
+    auto shared = std::make_shared<drawing::Scene>(s);
+    pg.add([shared, target](QPainter& p) { paintScene(p, *shared, fitTransform(shared->bounds(), target)); });
+}
+
+// The plan once, as large as a page allows; then the elevation of each bent, several to a page.
+void drawings(Pages& pg, const Report& r, const Project& project) {
+    const int bents = project.bents();
+    const double headingH = pg.lineHeight(pg.bold());
+    pg.newPage();
+    pg.text(0, 0, pg.width(), pg.bold(), QStringLiteral("Plan"));
+    drawing::DrawOptions plan;
+    plan.elevation = false;
+    plan.title = false;
+    const double planH = pg.bodyBottom() - headingH - 4;
+    const drawing::BentInputs first = drawing::readBentInputs(project, bents > 0 ? 1 : 0);
+    scene(pg, drawing::drawBentToFit(first, plan, pg.width(), planH), QRectF(0, headingH + 4, pg.width(), planH));
+
+    drawing::DrawOptions elevation;
+    elevation.plan = false;
+    elevation.title = false;
+    elevation.textPt = 8;
+    const double cellH = pg.bodyBottom() / kElevationsPerPage;
+    const double drawH = cellH - headingH - 8;
+    for (int i = 0; i < bents; ++i) {
+        if (i % kElevationsPerPage == 0) pg.newPage();
+        const double top = (i % kElevationsPerPage) * cellH;
+        const auto& cells = r.bents[static_cast<size_t>(i)];
+        pg.text(0, top, pg.width(), pg.bold(), QStringLiteral("Bent ") + q(cells.empty() ? std::string() : cells[0]));
+        const drawing::BentInputs in = drawing::readBentInputs(project, i + 1);
+        scene(pg, drawing::drawBentToFit(in, elevation, pg.width(), drawH),
+              QRectF(0, top + headingH, pg.width(), drawH));
+        if (i % kElevationsPerPage != kElevationsPerPage - 1 && i + 1 < bents)
+            pg.line(0, top + cellH - 3, pg.width(), top + cellH - 3, 0.2);
+    }
+}
+
 } // namespace
 
 QPageSize reportPageSize(const QLocale& locale) {
@@ -290,7 +332,7 @@ bool paintReport(const Report& report, const Project& project, QPagedPaintDevice
     titleBlock(pg, report, date);
     inputs(pg, report);
     bentTable(pg, report);
-    (void)project;
+    drawings(pg, report, project);
     return pg.paint(QFileInfo(q(report.path)).fileName());
 }
 

@@ -39,16 +39,16 @@ std::string poppler(const std::string& command) {
     return out;
 }
 
+std::string rawPdfText(const std::filesystem::path& pdf, int page) {
+    return poppler("pdftotext -layout -f " + std::to_string(page) + " -l " + std::to_string(page) + " '" +
+                   pdf.string() + "' - 2>/dev/null");
+}
+
 // The text of a PDF as laid out, every run of blanks and line ends one blank, with a blank at each end.
 std::string pdfText(const std::filesystem::path& pdf, int page = 0) {
     const std::string pages = page > 0 ? " -f " + std::to_string(page) + " -l " + std::to_string(page) : "";
     const std::string raw = poppler("pdftotext -layout" + pages + " '" + pdf.string() + "' - 2>/dev/null");
     return " " + std::regex_replace(raw, std::regex("\\s+"), " ") + " ";
-}
-
-std::string rawPdfText(const std::filesystem::path& pdf, int page) {
-    return poppler("pdftotext -layout -f " + std::to_string(page) + " -l " + std::to_string(page) + " '" +
-                   pdf.string() + "' - 2>/dev/null");
 }
 
 int pdfPages(const std::filesystem::path& pdf) {
@@ -113,6 +113,8 @@ TEST(Report, EachSampleHasEveryInputThatAppliesAndNoneOfAHiddenSection) {
             }
         }
         EXPECT_GT(hidden, 0) << "every sample leaves something out";
+        for (const auto& row : r.bents)
+            EXPECT_NE(text.find(" Bent " + row[0] + " "), std::string::npos) << "the elevation of bent " << row[0];
     }
     // What the form shows for each bent type, told independently of the report.
     const std::string intermediate = pdfText(dir / "intermediate.pdf");
@@ -127,7 +129,7 @@ TEST(Report, EachSampleHasEveryInputThatAppliesAndNoneOfAHiddenSection) {
     EXPECT_EQ(without.find(" Enter the width of the end post "), std::string::npos);
 }
 
-TEST(Report, TheLargestProjectSplitsItsTableOnTheLocalesPaper) {
+TEST(Report, TheLargestProjectSplitsItsTableAndDrawsEveryBentOnTheLocalesPaper) {
     if (!haveTools()) GTEST_SKIP() << "poppler-utils is not installed";
     const auto dir = freshFolder("tarnwick-report-");
     const std::string file = (dir / "largest.ebnt").string();
@@ -143,8 +145,8 @@ TEST(Report, TheLargestProjectSplitsItsTableOnTheLocalesPaper) {
         const char* size;
         int pages;
     };
-    // The inputs, then the three parts of the bent table.
-    for (const Paper& paper : {Paper{"en_US.UTF-8", "letter", 12}, Paper{"de_DE.UTF-8", "A4", 9}}) {
+    // The inputs, three parts of the bent table, the plan and 33 pages of three elevations.
+    for (const Paper& paper : {Paper{"en_US.UTF-8", "letter", 46}, Paper{"de_DE.UTF-8", "A4", 43}}) {
         SCOPED_TRACE(paper.locale);
         setenv("LC_ALL", paper.locale, 1);
         const auto pdf = dir / (std::string(paper.size) + ".pdf");
