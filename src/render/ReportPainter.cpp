@@ -300,7 +300,23 @@ void drawings(Pages& pg, const Report& r, const Project& project) {
     plan.title = false;
     const double planH = pg.bodyBottom() - headingH - 4;
     const drawing::BentInputs first = drawing::readBentInputs(project, bents > 0 ? 1 : 0);
-    scene(pg, drawing::drawBentToFit(first, plan, pg.width(), planH), QRectF(0, headingH + 4, pg.width(), planH));
+    // A long cap is drawn larger across the page's length, turned a quarter to read from the right.
+    drawing::LayoutReport upright, turned;
+    drawing::Scene along = drawing::drawBentToFit(first, plan, pg.width(), planH, &upright);
+    drawing::Scene across = drawing::drawBentToFit(first, plan, planH, pg.width(), &turned);
+    const QRectF area(0, headingH + 4, pg.width(), planH);
+    if (turned.feetPerPoint > 0 && turned.feetPerPoint < upright.feetPerPoint) {
+        const QRectF target = pg.px(QRectF(0, 0, area.height(), area.width()));
+        const QPointF corner(pg.px(area.right()), pg.px(area.top()));
+        auto shared = std::make_shared<drawing::Scene>(std::move(across));
+        pg.add([shared, target, corner](QPainter& p) {
+            p.translate(corner);
+            p.rotate(90);
+            paintScene(p, *shared, fitTransform(shared->bounds(), target));
+        });
+    } else {
+        scene(pg, along, area);
+    }
 
     drawing::DrawOptions elevation;
     elevation.plan = false;
