@@ -13,6 +13,10 @@
 namespace tw {
 
 int cliReport(const CliOptions& opt, const std::string& file, const std::string& out) {
+    if (QFileInfo(QString::fromStdString(out)).suffix().compare(QLatin1String("pdf"), Qt::CaseInsensitive) != 0) {
+        std::cerr << "tarnwick: " << out << ": the report is a PDF, so its name ends in .pdf\n";
+        return 2;
+    }
     QuietProject project(opt.programDir);
     if (!project.read(file)) {
         std::cerr << file << ": " << project.why() << '\n';

@@ -166,7 +166,11 @@ void MainWindow::buildMenus() {
                                                QStringLiteral("Export &Report..."));
             exportItem->setObjectName(QStringLiteral("actionExportReport"));
             exportItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
-            connect(exportItem, &QAction::triggered, this, [this] { exportReport(this, app_); });
+            connect(exportItem, &QAction::triggered, this, [this] {
+                const QString written = exportReport(this, app_);
+                if (!written.isEmpty())
+                    statusBar()->showMessage(QStringLiteral("Report written to %1").arg(written), 8000);
+            });
             auto* printItem = file->addAction(QStringLiteral("Print Repor&t..."));
             printItem->setObjectName(QStringLiteral("actionPrintReport"));
             printItem->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));

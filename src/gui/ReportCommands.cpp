@@ -35,7 +35,7 @@ void setReportPage(QPrinter& printer) {
 
 bool printReportOn(const App& app, QPrinter& printer) { return paintReport(reportOf(app), app.project(), printer); }
 
-void exportReport(QWidget* parent, const App& app) {
+QString exportReport(QWidget* parent, const App& app) {
     const QString current = QString::fromStdString(app.project().currentFile);
     const QString suggested =
         current.isEmpty()
@@ -43,10 +43,12 @@ void exportReport(QWidget* parent, const App& app) {
             : QFileInfo(current).dir().filePath(QFileInfo(current).completeBaseName() + QStringLiteral(".pdf"));
     QString path = QFileDialog::getSaveFileName(parent, QStringLiteral("Export Report"), suggested,
                                                 QStringLiteral("PDF document (*.pdf)"));
-    if (path.isEmpty()) return;
+    if (path.isEmpty()) return {};
     if (QFileInfo(path).suffix().isEmpty()) path += QStringLiteral(".pdf");
     QString error;
-    if (!exportReportTo(app, path, &error)) QMessageBox::warning(parent, kTitle, error);
+    if (exportReportTo(app, path, &error)) return path;
+    QMessageBox::warning(parent, kTitle, error);
+    return {};
 }
 
 void printReport(QWidget* parent, const App& app) {

@@ -19,8 +19,9 @@ bool printReportOn(const App& app, QPrinter& printer);
 // The report on the paper of the locale and the margins the PDF has.
 void setReportPage(QPrinter& printer);
 
-// The commands: a save dialog, then the PDF; the print dialog, then the printer.
-void exportReport(QWidget* parent, const App& app);
+// The commands: a save dialog, then the PDF (the path written, empty when
+// none); the print dialog, then the printer.
+QString exportReport(QWidget* parent, const App& app);
 void printReport(QWidget* parent, const App& app);
 
 } // namespace tw

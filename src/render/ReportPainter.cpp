@@ -26,6 +26,12 @@ namespace {
 
 QString q(const std::string& s) { return QString::fromStdString(s); }
 
+// A project not saved yet has no file: the report says so where the name would be.
+QString shownPath(const Report& r) { return r.path.empty() ? QStringLiteral("(not saved)") : q(r.path); }
+QString shownName(const Report& r) {
+    return r.path.empty() ? QStringLiteral("(not saved)") : QFileInfo(q(r.path)).fileName();
+}
+
 constexpr int kElevationsPerPage = 3;
 
 // Pages are laid out first and painted afterwards, so that every footer
@@ -156,7 +162,7 @@ void titleBlock(Pages& pg, const Report& r, const QDate& date) {
     y += 4;
     const double lh = pg.lineHeight(pg.body());
     // A long path is broken anywhere rather than cut off.
-    const QString path = QStringLiteral("Project file: ") + q(r.path);
+    const QString path = QStringLiteral("Project file: ") + shownPath(r);
     const double avail = w - 2 * pad;
     const int lines = std::max(1, static_cast<int>(std::ceil(pg.textWidth(pg.body(), path) / avail)));
     {
@@ -349,7 +355,7 @@ bool paintReport(const Report& report, const Project& project, QPagedPaintDevice
     inputs(pg, report);
     bentTable(pg, report);
     drawings(pg, report, project);
-    return pg.paint(QFileInfo(q(report.path)).fileName());
+    return pg.paint(shownName(report));
 }
 
 bool exportReport(const Report& report, const Project& project, const QString& path, QString* error,
@@ -364,7 +370,7 @@ bool exportReport(const Report& report, const Project& project, const QString& p
     buffer.open(QIODevice::WriteOnly);
     {
         QPdfWriter pdf(&buffer);
-        pdf.setTitle(QStringLiteral("Report of %1").arg(QFileInfo(q(report.path)).fileName()));
+        pdf.setTitle(QStringLiteral("Report of %1").arg(shownName(report)));
         pdf.setCreator(QStringLiteral("Tarnwick"));
         pdf.setResolution(300);
         pdf.setPageLayout(QPageLayout(reportPageSize(QLocale()), QPageLayout::Portrait, QMarginsF(15, 15, 15, 12),

@@ -41,6 +41,18 @@ class ReportCommandsTest : public QObject, public test::ShownWindow {
                                      "actionPrintReport", "mnuRun", "mnuExit"}));
     }
 
+    void aProjectNotSavedYetIsReportedAsSuch() {
+        QTemporaryDir dir;
+        QVERIFY(dir.isValid());
+        const QString pdf = dir.filePath(QStringLiteral("new.pdf"));
+        QString error;
+        QVERIFY2(exportReportTo(**app, pdf, &error), qPrintable(error));
+        if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty()) return;
+        const QString text = pdfText(pdf);
+        QVERIFY(text.contains(QStringLiteral("Project file: (not saved)")));
+        QVERIFY(text.contains(QStringLiteral("Pile End Bent without Backwall")));
+    }
+
     void thePrinterGetsTheReportThatIsExported() {
         QTemporaryDir dir;
         QVERIFY(dir.isValid());

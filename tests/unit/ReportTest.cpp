@@ -202,6 +202,9 @@ TEST(Report, AnOutputThatCannotBeWrittenFailsAndLeavesNoFile) {
         EXPECT_TRUE(std::filesystem::is_empty(dir / "locked"));
         chmod((dir / "locked").c_str(), 0755);
     }
+    const auto named = runTarnwick({"report", sample, (dir / "report.png").string()}, dir);
+    EXPECT_EQ(named.status, 2) << "a report is a PDF";
+    EXPECT_FALSE(std::filesystem::exists(dir / "report.png"));
     const auto bad = runTarnwick({"report", (dir / "missing.ebnt").string(), (dir / "r.pdf").string()}, dir);
     EXPECT_EQ(bad.status, 1);
     EXPECT_FALSE(std::filesystem::exists(dir / "r.pdf"));
