@@ -3,6 +3,7 @@
 
 #include "core/drawing/BentInputs.h"
 #include "core/drawing/Prompts.h"
+#include "core/form/FormPrompts.h"
 #include "core/form/Forms.h"
 
 #include <optional>
@@ -26,7 +27,7 @@ struct RowDef {
 };
 
 RowDef feet(const CtlId& field, std::string prompt = {}) { return {field, std::move(prompt), {}, kFeetUnit, {}}; }
-RowDef choice(Ctl field, std::string prompt) { return {field, std::move(prompt), {}, {}, {}}; }
+RowDef choice(Ctl field) { return {field, choicePrompt(field), {}, {}, {}}; }
 RowDef labelled(const CtlId& label, const CtlId& field, std::string unit = {}) {
     return {field, {}, label, std::move(unit), {}};
 }
@@ -93,13 +94,6 @@ RowDef angle(const CtlId& degrees, const CtlId& minutes, const CtlId& seconds, s
     return {degrees, std::move(prompt), label, {}, std::pair{minutes, seconds}};
 }
 
-// The closing distance's and the distances' prompts as the form's rows say them.
-std::string centerlinePrompt(int i) {
-    const std::string from = i == 0 ? "Left end" : i == 20 ? "Last beam" : "Beam " + std::to_string(i);
-    const std::string to = i == 20 ? "right end" : "beam " + std::to_string(i + 1);
-    return from + " to " + to;
-}
-
 } // namespace
 
 Report buildReport(const Session& s, const std::string& path) {
@@ -114,13 +108,9 @@ Report buildReport(const Session& s, const std::string& path) {
     std::string capPrompt = b.caption(Ctl::lblCCapLength);
     if (b.visible(Ctl::lblCCapLength1)) capPrompt += " " + b.caption(Ctl::lblCCapLength1);
     b.section(b.caption(Ctl::Frame1), Ctl::Frame1,
-              {choice(Ctl::cboTybent, "Select the type of bent"), choice(Ctl::cboNoBeam, "Select the number of beams"),
-               choice(Ctl::cboDrScale, "Select the drawing scale"),
-               choice(Ctl::cboBentDrawn, "Is the bent to be drawn?"),
-               choice(Ctl::cboBSkew, "Select the direction of the skew"),
-               choice(Ctl::cboAngleType, "Are all the angles between the centerline of the beam and the centerline "
-                                         "of the bearing the same?"),
-               feet(Ctl::txtCapLength, capPrompt), labelled(Ctl::lblCCWingPwall, Ctl::cboWingParallel),
+              {choice(Ctl::cboTybent), choice(Ctl::cboNoBeam), choice(Ctl::cboDrScale), choice(Ctl::cboBentDrawn),
+               choice(Ctl::cboBSkew), choice(Ctl::cboAngleType), feet(Ctl::txtCapLength, capPrompt),
+               labelled(Ctl::lblCCWingPwall, Ctl::cboWingParallel),
                labelled(Ctl::lblCCNoWinwall, Ctl::cboWingwallPileBox), labelled(Ctl::lblCCBatPile, Ctl::cboBatterPile),
                labelled(Ctl::Label10, Ctl::cboTPLwinwall), labelled(Ctl::Label11, Ctl::cboTPRwingwall)});
     b.section(b.caption(Ctl::Frame2), Ctl::Frame2, {feet(Ctl::txtCapWidth), feet(Ctl::txtCapDepth)});
@@ -136,8 +126,7 @@ Report buildReport(const Session& s, const std::string& path) {
               {labelled(Ctl::lblPileD1, Ctl::txtPileBoxDistance1, kFeetUnit),
                labelled(Ctl::lblPileD2, Ctl::txtPileBoxDistance2, kFeetUnit)});
     b.section(b.caption(Ctl::Frame7), Ctl::Frame7, {feet(Ctl::txtWidthEndPost), feet(Ctl::txtLengthEndPost)});
-    b.section("Bearing Data", {},
-              {choice(Ctl::cboBearingHole, "Select the type of bearing hole"), feet(Ctl::txtCenterlineDistance)});
+    b.section("Bearing Data", {}, {choice(Ctl::cboBearingHole), feet(Ctl::txtCenterlineDistance)});
     std::vector<RowDef> angles;
     for (int i = 0; i < 20; ++i)
         angles.push_back(
@@ -147,10 +136,8 @@ Report buildReport(const Session& s, const std::string& path) {
     for (int i = 0; i <= 20; ++i)
         centerlines.push_back(feet(CtlId(Ctl::txtCenterline, i), centerlinePrompt(i)));
     b.section("Centerline Locations", {}, centerlines);
-    b.section("Pile Type", {},
-              {choice(Ctl::cboTypeOfPile, "Select the type of pile"),
-               choice(Ctl::cboStrirrups, "Select the size of the stirrups")});
-    std::vector<RowDef> battered = {choice(Ctl::cboBatteredPile, "Select the number of battered piles")};
+    b.section("Pile Type", {}, {choice(Ctl::cboTypeOfPile), choice(Ctl::cboStrirrups)});
+    std::vector<RowDef> battered = {choice(Ctl::cboBatteredPile)};
     for (int i = 0; i <= 6; ++i)
         battered.push_back(feet(CtlId(Ctl::txtBatterPile, i)));
     b.section(b.caption(Ctl::Frame18), Ctl::Frame18, battered);
