@@ -33,6 +33,8 @@ const char* kUsage =
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
     "  tarnwick draw FILE [--bent N] OUT the bent drawn from FILE's inputs (row N of the bent table for the\n"
     "                                    elevation, default 1) as SVG, PDF or PNG by OUT's suffix\n"
+    "  tarnwick report FILE OUT.pdf      the checker's report of FILE: title block, inputs, bent table\n"
+    "                                    and drawings, on the locale's paper\n"
     "  tarnwick view DRAWING [--export OUT]\n"
     "                                    the engine's drawing (a DGN file) in a window, or written\n"
     "                                    without one as SVG, PDF or PNG by OUT's suffix\n"
@@ -54,7 +56,7 @@ std::string defaultProgramDir() {
 
 bool isCommand(const std::string& arg) {
     return arg == "check" || arg == "dump" || arg == "run" || arg == "replay" || arg == "view" || arg == "draw" ||
-           arg.rfind('-', 0) == 0;
+           arg == "report" || arg.rfind('-', 0) == 0;
 }
 
 // A whole, positive number of seconds; 0 for anything else.
@@ -137,8 +139,8 @@ int window(int& argc, char** argv, Arguments& a) {
 int command(int& argc, char** argv, const Arguments& a) {
     const std::string& cmd = a.words[0];
     const std::vector<std::string> rest(a.words.begin() + 1, a.words.end());
-    const auto qapp =
-        cmd == "draw" ? tw::paintingApplication(argc, argv) : std::make_unique<QCoreApplication>(argc, argv);
+    const auto qapp = cmd == "draw" || cmd == "report" ? tw::paintingApplication(argc, argv)
+                                                       : std::make_unique<QCoreApplication>(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Norvale"));
     tw::CliOptions opt;
     opt.programDir = a.programDir ? *a.programDir : defaultProgramDir();
@@ -156,6 +158,7 @@ int command(int& argc, char** argv, const Arguments& a) {
         if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
         if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
         if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
+        if (cmd == "report" && rest.size() == 2) return tw::cliReport(opt, rest[0], rest[1]);
     } catch (const std::bad_alloc&) {
         std::cerr << "tarnwick: " << cmd << " needs more memory than the program may use.\n";
         return 1;

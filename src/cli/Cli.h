@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-// The headless commands: check, dump, run, replay, draw.
+// The headless commands: check, dump, run, replay, draw, report.
 #pragma once
 
 #include <memory>
@@ -21,6 +21,8 @@ int cliDump(const CliOptions& opt, const std::string& file);
 int cliRun(const CliOptions& opt, const std::string& file);
 // draw FILE [--bent N] OUT; needs the application of paintingApplication().
 int cliDraw(const CliOptions& opt, const std::vector<std::string>& args);
+// report FILE OUT: the checker's report as a PDF; needs the application of paintingApplication().
+int cliReport(const CliOptions& opt, const std::string& file, const std::string& out);
 
 // An application that can paint without a window, offscreen when there is no display.
 std::unique_ptr<QCoreApplication> paintingApplication(int& argc, char** argv);

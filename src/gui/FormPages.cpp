@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/FormPages.h"
 
+#include "core/form/FormPrompts.h"
 #include "gui/Binder.h"
 #include "gui/FormGrid.h"
+#include "platform/QtText.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -85,14 +87,12 @@ QWidget* generalPage(Binder& b) {
     titlePrompt->setFixedWidth(FormGrid::kPromptWidth);
     g.layout()->addWidget(titlePrompt, 0, 0, Qt::AlignTop);
     g.layout()->addWidget(titles, 0, 1, 1, 3, Qt::AlignLeft);
-    g.row(QStringLiteral("Select the type of bent"), Ctl::cboTybent);
-    g.row(QStringLiteral("Select the number of beams"), Ctl::cboNoBeam);
-    g.row(QStringLiteral("Select the drawing scale"), Ctl::cboDrScale);
-    g.row(QStringLiteral("Is the bent to be drawn?"), Ctl::cboBentDrawn);
-    g.row(QStringLiteral("Select the direction of the skew"), Ctl::cboBSkew);
-    g.row(QStringLiteral("Are all the angles between the centerline of the beam and the centerline of the bearing "
-                         "the same?"),
-          Ctl::cboAngleType);
+    g.row(q(choicePrompt(Ctl::cboTybent)), Ctl::cboTybent);
+    g.row(q(choicePrompt(Ctl::cboNoBeam)), Ctl::cboNoBeam);
+    g.row(q(choicePrompt(Ctl::cboDrScale)), Ctl::cboDrScale);
+    g.row(q(choicePrompt(Ctl::cboBentDrawn)), Ctl::cboBentDrawn);
+    g.row(q(choicePrompt(Ctl::cboBSkew)), Ctl::cboBSkew);
+    g.row(q(choicePrompt(Ctl::cboAngleType)), Ctl::cboAngleType);
 
     // The cap length's prompt is two labels of the form, one under the other.
     auto* capPrompt = new QWidget;
@@ -162,7 +162,7 @@ QWidget* wingwallPage(Binder& b) {
 QWidget* bearingPage(Binder& b) {
     auto* bearing = viewGroup(b, QStringLiteral("Bearing Data"));
     FormGrid g(b, bearing);
-    g.row(QStringLiteral("Select the type of bearing hole"), Ctl::cboBearingHole);
+    g.row(q(choicePrompt(Ctl::cboBearingHole)), Ctl::cboBearingHole);
     g.row(QStringLiteral("Enter the distance from the front face of the cap to the center of the bearing"),
           Ctl::txtCenterlineDistance, kFeet);
 
@@ -199,11 +199,7 @@ QWidget* bearingPage(Binder& b) {
                                  "left end to the right end; the last is what the cap length leaves."));
     // Twenty entered distances ten to a column, then the closing one under the first column.
     auto distanceRow = [&](int i, int r, int c) {
-        const QString from = i == 0    ? QStringLiteral("Left end")
-                             : i == 20 ? QStringLiteral("Last beam")
-                                       : QStringLiteral("Beam %1").arg(i);
-        const QString to = i == 20 ? QStringLiteral("right end") : QStringLiteral("beam %1").arg(i + 1);
-        auto* prompt = new QLabel(QStringLiteral("%1 to %2").arg(from, to));
+        auto* prompt = new QLabel(q(centerlinePrompt(i)));
         b.bindVisibility(CtlId(Ctl::txtCenterline, i), prompt);
         lg->addWidget(prompt, r, c);
         auto* e = b.lineEdit(CtlId(Ctl::txtCenterline, i));
@@ -226,12 +222,12 @@ QWidget* bearingPage(Binder& b) {
 QWidget* pilePage(Binder& b) {
     auto* piles = viewGroup(b, QStringLiteral("Pile Type"));
     FormGrid g(b, piles);
-    g.row(QStringLiteral("Select the type of pile"), Ctl::cboTypeOfPile);
-    g.row(QStringLiteral("Select the size of the stirrups"), Ctl::cboStrirrups);
+    g.row(q(choicePrompt(Ctl::cboTypeOfPile)), Ctl::cboTypeOfPile);
+    g.row(q(choicePrompt(Ctl::cboStrirrups)), Ctl::cboStrirrups);
 
     auto* battered = frameGroup(b, Ctl::Frame18);
     FormGrid bg(b, battered);
-    bg.row(QStringLiteral("Select the number of battered piles"), Ctl::cboBatteredPile);
+    bg.row(q(choicePrompt(Ctl::cboBatteredPile)), Ctl::cboBatteredPile);
     bg.place(b.label(Ctl::Label80), b.label(Ctl::Label81), nullptr);
     for (int i = 0; i < 6; ++i)
         bg.row(CtlId(Ctl::lblBatterPile, i), CtlId(Ctl::txtBatterPile, i), kFeet);

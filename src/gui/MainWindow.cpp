@@ -6,6 +6,7 @@
 #include "gui/BentTable.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormPages.h"
+#include "gui/ReportCommands.h"
 #include "platform/QtText.h"
 
 #include <QAction>
@@ -159,6 +160,22 @@ void MainWindow::buildMenus() {
     for (const auto& c : fileCommands()) {
         if (c.menu == Ctl::mnuPrint || c.menu == Ctl::mnuRun || c.menu == Ctl::mnuExit) file->addSeparator();
         item(file, c.menu, c.toolbarKey ? commandIcon(c.themeIcon, c.toolbarKey) : QIcon(), c.shortcut);
+        // The checker's report, beside the legacy Print of the listings.
+        if (c.menu == Ctl::mnuPrint) {
+            auto* exportItem = file->addAction(QIcon::fromTheme(QStringLiteral("document-export")),
+                                               QStringLiteral("Export &Report..."));
+            exportItem->setObjectName(QStringLiteral("actionExportReport"));
+            exportItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+            connect(exportItem, &QAction::triggered, this, [this] {
+                const QString written = exportReport(this, app_);
+                if (!written.isEmpty())
+                    statusBar()->showMessage(QStringLiteral("Report written to %1").arg(written), 8000);
+            });
+            auto* printItem = file->addAction(QStringLiteral("Print Repor&t..."));
+            printItem->setObjectName(QStringLiteral("actionPrintReport"));
+            printItem->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
+            connect(printItem, &QAction::triggered, this, [this] { printReport(this, app_); });
+        }
     }
     menuBar()->addMenu(edit);
     // Undo and Redo name the step they take; both also answer the keys other programs use.

@@ -14,6 +14,8 @@ std::vector<Form> buildForms();
 
 // The tabs of SSTab1, in order. The pile boxes are on tab kPileBoxTab.
 const std::vector<std::string>& tabCaptions();
+// "Version 1.0.0": the About box's line.
+std::string versionText();
 inline constexpr int kPileBoxTab = 2;
 
 // Fixed captions shared by the reset and the handlers.

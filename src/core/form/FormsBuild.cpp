@@ -11,6 +11,11 @@
 
 namespace tw {
 
+std::string versionText() {
+    return "Version " + std::to_string(TW_VERSION_MAJOR) + "." + std::to_string(TW_VERSION_MINOR) + "." +
+           std::to_string(TW_VERSION_PATCH);
+}
+
 const std::vector<std::string>& tabCaptions() {
     static const std::vector<std::string> captions = {
         "General", "Cap Dimensions", "Wingwall Dimensions and Angles", "Bearing Data", "Pile Type", "Tarnwick"};
@@ -230,11 +235,6 @@ Form buildMain() {
     addLabels(b, f);
     addContainers(b, f);
     return f;
-}
-
-std::string versionText() {
-    return "Version " + std::to_string(TW_VERSION_MAJOR) + "." + std::to_string(TW_VERSION_MINOR) + "." +
-           std::to_string(TW_VERSION_PATCH);
 }
 
 const char* kDisclaimer =

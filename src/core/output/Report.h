@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the checker's report says, as plain data: the title block, every
+// input of the form with its prompt, value and unit, grouped as the form
+// groups them, and the bent table. Which sections and rows apply is what the
+// form shows for this bent type and these options; the painter only lays out.
+#pragma once
+
+#include "core/form/Session.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace tw {
+
+struct ReportRow {
+    std::string prompt, value, unit;
+    bool shown = true; // the form shows this row's field
+};
+
+struct ReportSection {
+    std::string title;
+    std::vector<ReportRow> rows;
+    bool shown = true; // the form shows the section (and some row of it)
+};
+
+struct Report {
+    std::string program; // "Norvale-Tarnwick 1.0.0"
+    std::array<std::string, 3> projectInfo;
+    std::string path; // the project's file, as given
+    // Every section of the form in the form's order, hidden ones marked so.
+    std::vector<ReportSection> sections;
+    // The bent table: column headings, then one row per bent; column 0 is the bent number.
+    std::vector<std::string> headings;
+    std::vector<std::vector<std::string>> bents;
+};
+
+// The report of the project the session holds, read from `path`.
+Report buildReport(const Session& s, const std::string& path);
+
+} // namespace tw

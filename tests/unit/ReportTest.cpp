@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: Apache-2.0
+// The checker's report, made by `tarnwick report` and read back with
+// pdftotext: what applies is in it, with its value and unit, and what the
+// form hides is not.
+#include "FakePorts.h"
+#include "LargestProject.h"
+#include "RunTarnwick.h"
+#include "TestFiles.h"
+
+#include "cli/QuietProject.h"
+#include "core/form/FileCommands.h"
+#include "core/output/Report.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <sys/stat.h>
+
+namespace tw {
+namespace {
+
+using test::freshFolder;
+using test::runTarnwick;
+
+// What a poppler tool prints; empty when it cannot run.
+std::string poppler(const std::string& command) {
+    std::string out;
+    if (FILE* p = popen(command.c_str(), "r")) {
+        char buf[4096];
+        for (std::size_t n; (n = fread(buf, 1, sizeof buf, p)) > 0;)
+            out.append(buf, n);
+        pclose(p);
+    }
+    return out;
+}
+
+std::string rawPdfText(const std::filesystem::path& pdf, int page) {
+    return poppler("pdftotext -layout -f " + std::to_string(page) + " -l " + std::to_string(page) + " '" +
+                   pdf.string() + "' - 2>/dev/null");
+}
+
+// The text of a PDF as laid out, every run of blanks and line ends one blank, with a blank at each end.
+std::string pdfText(const std::filesystem::path& pdf, int page = 0) {
+    const std::string pages = page > 0 ? " -f " + std::to_string(page) + " -l " + std::to_string(page) : "";
+    const std::string raw = poppler("pdftotext -layout" + pages + " '" + pdf.string() + "' - 2>/dev/null");
+    return " " + std::regex_replace(raw, std::regex("\\s+"), " ") + " ";
+}
+
+int pdfPages(const std::filesystem::path& pdf) {
+    std::smatch m;
+    const std::string info = poppler("pdfinfo '" + pdf.string() + "' 2>/dev/null");
+    return std::regex_search(info, m, std::regex("Pages:\\s+(\\d+)")) ? std::stoi(m[1]) : -1;
+}
+
+std::string pageSize(const std::filesystem::path& pdf) {
+    std::smatch m;
+    const std::string info = poppler("pdfinfo '" + pdf.string() + "' 2>/dev/null");
+    return std::regex_search(info, m, std::regex("Page size:[^(\\n]*\\((\\w+)\\)")) ? std::string(m[1]) : "";
+}
+
+bool haveTools() { return !poppler("pdftotext -v 2>&1").empty(); }
+
+Report reportOf(const std::string& file) {
+    QuietProject p(TW_PROGRAM_DIR);
+    EXPECT_TRUE(p.read(file)) << file;
+    return buildReport(p.app.session(), file);
+}
+
+// One line of the inputs as the report shows it: prompt, value and unit.
+std::string lineOf(const ReportRow& row) {
+    std::string line = " " + row.prompt;
+    for (const auto* part : {&row.value, &row.unit})
+        if (!part->empty()) line += " " + *part;
+    return std::regex_replace(line + " ", std::regex("\\s+"), " ");
+}
+
+TEST(Report, EachSampleHasEveryInputThatAppliesAndNoneOfAHiddenSection) {
+    if (!haveTools()) GTEST_SKIP() << "poppler-utils is not installed";
+    const auto dir = freshFolder("tarnwick-report-");
+    const std::string samples = TW_SOURCE_DIR "/samples/";
+    int reported = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(samples)) {
+        if (entry.path().extension() != ".ebnt") continue;
+        ++reported;
+        const std::string name = entry.path().stem().string();
+        SCOPED_TRACE(name);
+        const std::string file = entry.path().string();
+        const auto pdf = dir / (name + ".pdf");
+        const auto ran = runTarnwick({"report", file, pdf.string()}, dir);
+        ASSERT_EQ(ran.status, 0) << ran.err;
+        const std::string text = pdfText(pdf);
+        const Report r = reportOf(file);
+        for (const auto& line : r.projectInfo)
+            EXPECT_NE(text.find(std::regex_replace(" " + line + " ", std::regex("\\s+"), " ")), std::string::npos);
+        EXPECT_NE(text.find(name + ".ebnt"), std::string::npos) << "the path and the footer";
+        EXPECT_NE(text.find(" Checked by ______ Date ______ "), std::string::npos);
+        EXPECT_NE(text.find(" page 1 of "), std::string::npos);
+        int hidden = 0;
+        std::set<std::string> shownPrompts; // rows of one angle for all beams share their prompt
+        for (const auto& sec : r.sections)
+            for (const auto& row : sec.rows)
+                if (sec.shown && row.shown) shownPrompts.insert(row.prompt);
+        for (const auto& sec : r.sections) {
+            EXPECT_EQ(text.find(" " + sec.title + " ") != std::string::npos, sec.shown) << sec.title;
+            for (const auto& row : sec.rows) {
+                if (sec.shown && row.shown) {
+                    EXPECT_NE(text.find(lineOf(row)), std::string::npos) << lineOf(row);
+                } else if (!shownPrompts.count(row.prompt)) {
+                    EXPECT_EQ(text.find(" " + row.prompt + " "), std::string::npos) << "hidden: " << row.prompt;
+                    ++hidden;
+                }
+            }
+        }
+        EXPECT_GT(hidden, 0) << "every sample leaves something out";
+        for (const auto& row : r.bents)
+            EXPECT_NE(text.find(" Bent " + row[0] + " "), std::string::npos) << "the elevation of bent " << row[0];
+    }
+    EXPECT_GE(reported, 4);
+    // What the form shows for each bent type, told independently of the report.
+    const std::string intermediate = pdfText(dir / "intermediate.pdf");
+    const std::string backwall = pdfText(dir / "end-with-backwall.pdf");
+    const std::string without = pdfText(dir / "end-without-backwall.pdf");
+    for (const char* endOnly :
+         {" Enter the wingwall length ", " Fillet Dimensions ", " Is the top left wingwall level? "}) {
+        EXPECT_EQ(intermediate.find(endOnly), std::string::npos) << endOnly;
+        EXPECT_NE(backwall.find(endOnly), std::string::npos) << endOnly;
+    }
+    EXPECT_NE(backwall.find(" Enter the width of the end post "), std::string::npos);
+    EXPECT_EQ(without.find(" Enter the width of the end post "), std::string::npos);
+}
+
+TEST(Report, TheLargestProjectSplitsItsTableAndDrawsEveryBentOnTheLocalesPaper) {
+    if (!haveTools()) GTEST_SKIP() << "poppler-utils is not installed";
+    const auto dir = freshFolder("tarnwick-report-");
+    const std::string file = (dir / "largest.ebnt").string();
+    {
+        test::Loaded s;
+        test::fillLargestProject(*s);
+        ASSERT_TRUE(writeInputFile(*s, file));
+    }
+    const char* before = std::getenv("LC_ALL");
+    const std::string saved = before ? before : "";
+    struct Paper {
+        const char* locale;
+        const char* size;
+        int pages;
+    };
+    // The inputs, three parts of the bent table, the plan and 33 pages of three elevations.
+    for (const Paper& paper : {Paper{"en_US.UTF-8", "letter", 46}, Paper{"de_DE.UTF-8", "A4", 43}}) {
+        SCOPED_TRACE(paper.locale);
+        setenv("LC_ALL", paper.locale, 1);
+        const auto pdf = dir / (std::string(paper.size) + ".pdf");
+        const auto ran = runTarnwick({"report", file, pdf.string()}, dir);
+        ASSERT_EQ(ran.status, 0) << ran.err;
+        EXPECT_EQ(pageSize(pdf), paper.size);
+        const int pages = pdfPages(pdf);
+        EXPECT_EQ(pages, paper.pages);
+        // Each part of the split table lists every bent, its rows led by the bent number.
+        std::map<std::string, std::set<int>> parts;
+        for (int page = 1; page <= pages; ++page) {
+            const std::string text = pdfText(pdf, page);
+            EXPECT_NE(text.find(" page " + std::to_string(page) + " of " + std::to_string(pages) + " "),
+                      std::string::npos);
+            std::smatch part;
+            if (!std::regex_search(text, part, std::regex("Bent Table \\(part (\\d+) of 3\\)"))) continue;
+            std::istringstream lines(rawPdfText(pdf, page));
+            for (std::string line; std::getline(lines, line);) {
+                std::smatch m;
+                if (std::regex_search(line, m, std::regex("^\\s*(\\d+)\\s+\\d+\\.\\d\\d\\b")))
+                    parts[part[1]].insert(std::stoi(m[1]));
+            }
+        }
+        ASSERT_EQ(parts.size(), 3u);
+        for (const auto& [part, numbers] : parts) {
+            EXPECT_EQ(numbers.size(), 99u) << "part " << part;
+            EXPECT_EQ(*numbers.begin(), 1) << "part " << part;
+            EXPECT_EQ(*numbers.rbegin(), 99) << "part " << part;
+        }
+    }
+    if (before)
+        setenv("LC_ALL", saved.c_str(), 1);
+    else
+        unsetenv("LC_ALL");
+}
+
+TEST(Report, AnOutputThatCannotBeWrittenFailsAndLeavesNoFile) {
+    const auto dir = freshFolder("tarnwick-report-");
+    const std::string sample = TW_SOURCE_DIR "/samples/intermediate.ebnt";
+    std::vector<std::filesystem::path> outs = {dir / "no such folder" / "report.pdf"};
+    if (geteuid() != 0) {
+        std::filesystem::create_directories(dir / "locked");
+        chmod((dir / "locked").c_str(), 0555);
+        outs.push_back(dir / "locked" / "report.pdf");
+    }
+    for (const auto& out : outs) {
+        const auto ran = runTarnwick({"report", sample, out.string()}, dir);
+        EXPECT_EQ(ran.status, 1) << out;
+        EXPECT_NE(ran.err.find("tarnwick: "), std::string::npos) << ran.err;
+        EXPECT_FALSE(std::filesystem::exists(out)) << out;
+    }
+    if (geteuid() != 0) {
+        EXPECT_TRUE(std::filesystem::is_empty(dir / "locked"));
+        chmod((dir / "locked").c_str(), 0755);
+    }
+    const auto named = runTarnwick({"report", sample, (dir / "report.png").string()}, dir);
+    EXPECT_EQ(named.status, 2) << "a report is a PDF";
+    EXPECT_FALSE(std::filesystem::exists(dir / "report.png"));
+    const auto bad = runTarnwick({"report", (dir / "missing.ebnt").string(), (dir / "r.pdf").string()}, dir);
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_FALSE(std::filesystem::exists(dir / "r.pdf"));
+}
+
+} // namespace
+} // namespace tw
