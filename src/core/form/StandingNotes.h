@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: Apache-2.0
+// What the status bar keeps saying while it holds: the traps the legacy
+// file format keeps, told in words instead of changed.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tw {
+
+class Session;
+
+// After a Delete the file still lists the old number of bents (Delete does
+// not lower the count); empty while the count and the table agree.
+std::string unloweredCountNote(const Session& s);
+
+// Every note that stands now, in the order the status bar shows them.
+std::vector<std::string> standingNotes(const Session& s);
+
+} // namespace tw
