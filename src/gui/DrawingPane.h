@@ -11,6 +11,7 @@
 #include <optional>
 
 class QComboBox;
+class QLabel;
 
 namespace tw {
 
@@ -25,6 +26,8 @@ class DrawingPane : public QDockWidget {
     // Draws the project as it stands; cheap when nothing it shows has changed.
     void showProject(const App& app);
     LaidOutView* view() const { return view_; }
+    // What the pane says of closing values the form has not brought up to date.
+    QLabel* staleNote() const { return stale_; }
 
     QSize sizeHint() const override;
 
@@ -43,6 +46,7 @@ class DrawingPane : public QDockWidget {
     };
     mutable std::optional<Choice> choice_;
     QComboBox* views_ = nullptr;
+    QLabel* stale_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;
 };

@@ -3,6 +3,7 @@
 
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/StandingNotes.h"
 #include "gui/BentTable.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormPages.h"
@@ -121,6 +122,12 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     filePath_->setObjectName(QStringLiteral("currentFilePath"));
     filePath_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusBar()->addPermanentWidget(filePath_);
+    // What stands while it holds: closing values not brought up to date, a count Delete left.
+    standing_ = new QLabel;
+    standing_->setObjectName(QStringLiteral("standingNotes"));
+    standing_->setTextFormat(Qt::PlainText);
+    standing_->setMinimumWidth(1);
+    statusBar()->addWidget(standing_, 1);
     refreshMenus();
     resize(preferredSize());
     // The drawing gets about a quarter of the width; the form keeps the rest.
@@ -221,6 +228,14 @@ void MainWindow::refreshTabs() {
 }
 
 void MainWindow::refreshStatus() {
+    QStringList notes;
+    for (const auto& n : standingNotes(app_.session()))
+        notes << q(n);
+    const QString standing = notes.join(QStringLiteral("; "));
+    if (standing_->text() != standing) {
+        standing_->setText(standing);
+        standing_->setToolTip(standing);
+    }
     const QString path = q(app_.project().currentFile);
     filePath_->setText(path.isEmpty() ? QStringLiteral("Not saved yet") : QDir::toNativeSeparators(path));
     if (app_.session().runOutputBase() != shownRunBase_) {

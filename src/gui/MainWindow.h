@@ -58,6 +58,7 @@ class MainWindow : public QMainWindow {
     DrawingPane* drawing_ = nullptr;
     QVBoxLayout* notices_ = nullptr;
     QLabel* filePath_ = nullptr;
+    QLabel* standing_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
     std::string shownRunBase_;

@@ -14,6 +14,11 @@ class Session;
 // not lower the count); empty while the count and the table agree.
 std::string unloweredCountNote(const Session& s);
 
+// Closing values that differ from what their families give now (a cap
+// length changed, a row typed and not yet left): which, and when they will
+// be brought up to date; empty while all agree.
+std::string staleClosingNote(const Session& s);
+
 // Every note that stands now, in the order the status bar shows them.
 std::vector<std::string> standingNotes(const Session& s);
 
