@@ -5,6 +5,7 @@
 #include "core/model/Closing.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
+#include "core/model/Utf8.h"
 
 #include <vector>
 
@@ -97,6 +98,37 @@ void leaveNumber(Session& s, const CtlId& id) {
     if (id.ctl == Ctl::txtBatterPile) updateBatteredPileClosing(s);
     if (id.ctl == Ctl::txtCenterline) updateCenterlineClosing(s);
     if (id.ctl == Ctl::txtCapStep) updateCapStepClosing(s);
+}
+
+std::string refusedKeyHint(const CtlId& id, int key) {
+    const InputRule& r = inputRule(id);
+    std::string name;
+    if (key == kBackspace)
+        name = "Backspace";
+    else if (key >= 32)
+        name = "'" + utf8Encode(static_cast<char32_t>(key)) + "'";
+    else
+        return {}; // Enter and the like: a one-line field takes none of them anyway
+    std::string rule, advice;
+    if (r.kind == InputKind::BentNumber) {
+        rule = "Only the digits 1 to 9 are taken here";
+        if (key == kBackspace) advice = ": select the number and type a new one";
+    } else if (r.point) {
+        rule = "Only digits, one '.' and a leading '-' are taken here";
+        if (key == ',')
+            advice = ": use '.' for decimals";
+        else if (key == kPoint)
+            advice = ": the field already holds its '.'";
+        else if (key == kMinus)
+            advice = ": '-' goes first, once";
+    } else {
+        rule = "Only digits and a leading '-' are taken here (a whole number)";
+        if (key == kPoint || key == ',')
+            advice = ": no decimals here";
+        else if (key == kMinus)
+            advice = ": '-' goes first, once";
+    }
+    return name + " not taken. " + rule + advice;
 }
 
 void updateBatteredPileClosing(Session& s) { updateFamilyOf(s, Ctl::txtBatterPile); }
