@@ -27,16 +27,24 @@ std::vector<std::string> readLines(const std::string& file) {
 
 const Target kTypes(FormId::Printer, Ctl::cmbFileTypes);
 
+// Where the desktop has no program for drawings, the program has its own viewer.
+void offerViewer(Session& s, const std::string& drawing) {
+    s.notice("No program here opens DGN drawings. Open the drawing in Tarnwick's viewer: " + drawing);
+    s.user.offerDrawingViewer(drawing);
+}
+
 void openDrawing(Session& s) {
     const std::string drawing = plainBase(s.project().currentFile) + "e.dgn";
     const AssociatedProgram assoc = s.system.associatedProgram(drawing);
     if (assoc.status == AssociatedProgram::Status::NoAssociation) {
         s.message("You do not have a program assoiciated with the DGN file.", kAppTitle, MsgButtons::OK, MsgIcon::None);
+        offerViewer(s, drawing);
         return;
     }
     if (assoc.status == AssociatedProgram::Status::Unreadable) {
         s.message("Could not determing program associated with DGN image format.", kAppTitle, MsgButtons::OK,
                   MsgIcon::None);
+        offerViewer(s, drawing);
         return;
     }
     // The association reads: program, blank, quoted "%1"; the program is what stands before.
