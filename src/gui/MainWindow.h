@@ -11,6 +11,7 @@
 
 class QAction;
 class QLabel;
+class QMenu;
 class QTabWidget;
 class QVBoxLayout;
 
@@ -44,6 +45,7 @@ class MainWindow : public QMainWindow {
     QWidget* sketchStrip();
     void buildMenus();
     void buildToolbar();
+    void buildViewMenu();
     void refreshTabs();
     void refreshStatus();
     void refreshTitle();
@@ -59,6 +61,7 @@ class MainWindow : public QMainWindow {
     QVBoxLayout* notices_ = nullptr;
     QLabel* filePath_ = nullptr;
     QLabel* standing_ = nullptr;
+    QMenu* help_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
     std::string shownRunBase_;
