@@ -7,6 +7,8 @@
 #include "gui/BentTable.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormPages.h"
+#include "gui/RunOutputs.h"
+#include "gui/ViewerMain.h"
 #include "platform/QtText.h"
 
 #include <QAction>
@@ -205,6 +207,20 @@ void MainWindow::buildViewMenu() {
     status->setCheckable(true);
     status->setChecked(true);
     connect(status, &QAction::toggled, statusBar(), &QWidget::setVisible);
+    view->addSeparator();
+    auto* outputs = view->addAction(QStringLiteral("Run &Outputs"));
+    outputs->setObjectName(QStringLiteral("viewRunOutputs"));
+    connect(outputs, &QAction::triggered, this, &MainWindow::showRunOutputs);
+}
+
+void MainWindow::showRunOutputs() {
+    if (!runOutputs_)
+        runOutputs_ = new RunOutputsWindow(
+            app_, [this](const std::string& drawing) { openDrawingViewer(app_.programDir(), drawing, this); }, this);
+    runOutputs_->refresh();
+    runOutputs_->show();
+    runOutputs_->raise();
+    runOutputs_->activateWindow();
 }
 
 void MainWindow::buildToolbar() {

@@ -4,10 +4,12 @@
 // and a closing field's text can be read on its red or yellow.
 #include "../unit/FakePorts.h"
 
+#include "core/form/MainForm.h"
 #include "gui/Binder.h"
 #include "gui/DrawingPane.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
+#include "gui/RunOutputs.h"
 #include "gui/WindowSet.h"
 
 #include <QAction>
@@ -15,10 +17,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
+#include <QTreeWidget>
+
+#include <fstream>
 
 #include <cmath>
 
@@ -150,6 +157,36 @@ class SmallScreenTest : public QObject {
         QVERIFY(closing->font().bold());
         QVERIFY(contrast(closing->palette().color(QPalette::Base), closing->palette().color(QPalette::Text)) >= 3.0);
         QCOMPARE(closing->palette().color(QPalette::Text), QColor(Qt::white));
+    }
+
+    void runOutputsListsTheNineOutputsAndPreviewsThemReadOnly() {
+        QTemporaryDir dir;
+        const QString project = dir.filePath(QStringLiteral("bent.ebnt"));
+        std::ofstream(dir.filePath(QStringLiteral("bent.ebntc")).toStdString(), std::ios::binary)
+            << "CONCRETE LINE 1\r\nCONCRETE LINE 2\r\n";
+        std::ofstream(dir.filePath(QStringLiteral("bente.dgn")).toStdString(), std::ios::binary) << "dgn";
+        QVERIFY(test::bring(*app, [&](Session& s) {
+            s.setDialogFileName(project.toStdString());
+            setMainCaption(s, true);
+        }));
+        action("viewRunOutputs")->trigger();
+        RunOutputsWindow* outputs = main().runOutputs();
+        QVERIFY(outputs && outputs->isVisible() && !outputs->isModal());
+        QTreeWidget* list = outputs->list();
+        QCOMPARE(list->topLevelItemCount(), 9);
+        QCOMPARE(list->topLevelItem(0)->text(1), QStringLiteral("bent.ebntc"));
+        QVERIFY(list->topLevelItem(0)->text(2).contains(QStringLiteral("34")));
+        QVERIFY(!list->topLevelItem(0)->text(3).isEmpty());
+        QCOMPARE(list->topLevelItem(1)->text(2), QStringLiteral("not written"));
+        QCOMPARE(list->topLevelItem(8)->text(1), QStringLiteral("bente.dgn"));
+        outputs->open(0);
+        auto* preview = outputs->findChild<TextPreview*>();
+        QVERIFY(preview && preview->isVisible());
+        QVERIFY(preview->text()->isReadOnly());
+        QCOMPARE(preview->text()->toPlainText(), QStringLiteral("CONCRETE LINE 1\nCONCRETE LINE 2\n"));
+        // The main window goes on taking work while the list stands.
+        app->actions.type(Ctl::txtCapWidth, "3");
+        QCOMPARE(app->text(Ctl::txtCapWidth), std::string("3"));
     }
 
     void theStatusBarAndThePaneNameClosingValuesNotYetUpToDate() {

@@ -58,6 +58,22 @@ void openDrawing(Session& s) {
 
 } // namespace
 
+std::vector<RunOutput> runOutputs(const Session& s) {
+    std::string base = s.runOutputBase();
+    if (base.empty() && !s.project().currentFile.empty()) base = plainBase(s.project().currentFile);
+    if (base.empty()) return {};
+    static const std::pair<const char*, const char*> kinds[] = {
+        {"Concrete data", ".ebntc"}, {"Rebar data", ".ebntr"},       {"General output", ".egen"},
+        {"Bent output", ".ebent"},   {"Elevation output", ".eelev"}, {"Beam output", ".ebeam"},
+        {"Pile output", ".epile"},   {"Quantities", ".equan"},
+    };
+    std::vector<RunOutput> outputs;
+    for (const auto& [what, suffix] : kinds)
+        outputs.push_back({what, base + suffix, false});
+    outputs.push_back({"Drawing", base + "e.dgn", true});
+    return outputs;
+}
+
 void applyFileType(Session& s) {
     const Target current(FormId::Printer, Ctl::txtCurrentFile);
     const Target printIt(FormId::Printer, Ctl::PrintIt);
