@@ -206,7 +206,10 @@ std::optional<CtlId> Binder::idOf(const QWidget* w) const {
 }
 
 QString Binder::toolTipFor(const CtlId& id) const {
-    QWidget* w = widgetFor(id);
+    // The field itself, not a prompt or unit whose visibility follows it.
+    QWidget* w = nullptr;
+    for (const auto& b : bindings_)
+        if (b.id == id && b.type == Type::Line) w = b.widget;
     QString prompt;
     // The prompt is what stands left of the field in its grid (one label or
     // several); rows without a worded one go by the input's name.

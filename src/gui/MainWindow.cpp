@@ -150,14 +150,15 @@ QWidget* MainWindow::sketchStrip() {
     h->setContentsMargins(2, 0, 2, 2);
     h->setSpacing(18);
     h->addWidget(new QLabel(QStringLiteral("Sketches:")));
-    // Captions wrap rather than hold the window wider than a small screen beside the drawing pane.
+    // Captions wrap rather than hold the window wider than a small screen
+    // beside the drawing pane; each takes room in proportion to its length,
+    // so none wraps while the row has room for all.
     for (Ctl c : {Ctl::lblViewDimension, Ctl::lblElevationView, Ctl::lblViewCenterLine, Ctl::lblCenterlineView,
                   Ctl::lblBearingView}) {
         QLabel* l = binder_.label(c, nullptr, true);
         l->setWordWrap(true);
-        h->addWidget(l);
+        h->addWidget(l, static_cast<int>(app_.ctl(c).caption.size()));
     }
-    h->addStretch(1);
     return strip;
 }
 

@@ -133,6 +133,8 @@ class SmallScreenTest : public QObject {
         QVERIFY2(capLength.contains(QStringLiteral("length of the cap"), Qt::CaseInsensitive), qPrintable(capLength));
         const QString width = main().binder().toolTipFor(Ctl::txtCapWidth);
         QVERIFY2(width.contains(QStringLiteral("ft")) && width.contains(QStringLiteral("99.9999")), qPrintable(width));
+        const QString distance = main().binder().toolTipFor(CtlId(Ctl::txtCenterline, 1));
+        QVERIFY2(distance.startsWith(QStringLiteral("Beam 1 to beam 2")), qPrintable(distance));
         const QString minutes = main().binder().toolTipFor(CtlId(Ctl::txtBeamangleM, 0));
         QVERIFY2(minutes.contains(QStringLiteral("minutes")), qPrintable(minutes));
         for (QLineEdit* e : main().findChildren<QLineEdit*>())
