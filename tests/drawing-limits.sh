@@ -12,6 +12,14 @@ rm -rf "$work"
 mkdir -p "$work/runtime"
 chmod 700 "$work/runtime"
 export XDG_RUNTIME_DIR=$work/runtime XDG_CONFIG_HOME=$work/xdg QT_QPA_PLATFORM=offscreen
+# Fonts with a cache of this run's own: fontconfig starved of memory writes
+# empty caches, and run as root it would write them over the machine's.
+mkdir -p "$work/fonts-cache"
+cat >"$work/fonts.conf" <<EOF
+<?xml version="1.0"?>
+<fontconfig><dir>/usr/share/fonts</dir><cachedir>$work/fonts-cache</cachedir></fontconfig>
+EOF
+export FONTCONFIG_FILE=$work/fonts.conf
 cd "$work" || exit 1
 failures=0
 

@@ -3,6 +3,7 @@
 #include "cli/Printing.h"
 #include "cli/QuietProject.h"
 #include "core/Quoting.h"
+#include "core/model/Closing.h"
 #include "core/model/Inputs.h"
 
 #include <iostream>
@@ -18,6 +19,8 @@ int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
         if (project.read(file, &notes)) {
             std::cout << file << ": ok (" << app.project().bents() << " bents, " << app.project().beams() << " beams, "
                       << app.text(Ctl::cboTybent) << ")\n";
+            for (auto& line : closingMismatches(app.project()))
+                notes.push_back(std::move(line));
             for (const auto& note : notes)
                 std::cout << file << ": warning: " << oneLine(note) << '\n';
         } else {

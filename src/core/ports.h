@@ -124,6 +124,9 @@ class UserPorts {
     // A word that needs no answer (the status bar of the window, standard
     // error headless); it stands until the next one. Empty clears it.
     virtual void notice(const std::string& /*text*/) {}
+    // Beside the last notice, one click away: open this drawing in the
+    // program's own viewer. Empty withdraws the offer.
+    virtual void offerDrawingViewer(const std::string& /*drawing*/) {}
 
     // Screen size in twips, for centring forms.
     virtual int screenWidthTwips() const { return 1366 * kTwipsPerPixel; }

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/Binder.h"
+#include "core/model/Inputs.h"
 #include "platform/QtText.h"
 
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
+#include <QGridLayout>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,6 +16,7 @@
 #include <QPushButton>
 #include <QTextCursor>
 #include <QTimer>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -63,6 +67,36 @@ class WheelSafeCombo : public QComboBox {
             e->ignore();
     }
 };
+
+} // namespace
+
+namespace {
+
+// The unit and the limits of a number field, as its format on leaving sets them.
+QString unitAndLimits(const CtlId& id) {
+    const InputRule& r = inputRule(id);
+    if (r.kind == InputKind::BentNumber)
+        return QStringLiteral("A bent number from 1 to 99, typed with the digits 1 to 9 (no zero)");
+    if (r.kind != InputKind::Number) return {};
+    if (id.ctl == Ctl::txtCapLength) return QStringLiteral("In feet, four decimals: at most 99 ft");
+    const bool angle = id.ctl == Ctl::txtBeamangleH || id.ctl == Ctl::txtBeamangleM || id.ctl == Ctl::txtBeamangleS ||
+                       id.ctl == Ctl::txtWinLAngle || id.ctl == Ctl::txtWinRAngle;
+    const int part = id.ctl == Ctl::txtBeamangleH   ? 0
+                     : id.ctl == Ctl::txtBeamangleM ? 1
+                     : id.ctl == Ctl::txtBeamangleS ? 2
+                                                    : id.index;
+    const QString unit = !angle      ? QStringLiteral("ft")
+                         : part == 0 ? QStringLiteral("degrees")
+                         : part == 1 ? QStringLiteral("minutes")
+                                     : QStringLiteral("seconds");
+    const QString decimals =
+        r.decimals == 0 ? QStringLiteral("whole %1").arg(unit) : QStringLiteral("%1 decimals").arg(r.decimals);
+    QString most(r.digits, QLatin1Char('9'));
+    if (r.decimals) most += QLatin1Char('.') + QString(r.decimals, QLatin1Char('9'));
+    QString least = QLatin1Char('-') + most.mid(1);
+    return QStringLiteral("In %1, %2: at most %3 %1, at least %4 %1 (a wider value loses its leading digits)")
+        .arg(unit, decimals, most, least);
+}
 
 } // namespace
 
@@ -166,10 +200,48 @@ QWidget* Binder::widgetFor(const CtlId& id) const {
     return nullptr;
 }
 
+std::optional<CtlId> Binder::idOf(const QWidget* w) const {
+    if (const Binding* b = find(w)) return b->id;
+    return std::nullopt;
+}
+
+QString Binder::toolTipFor(const CtlId& id) const {
+    // The field itself, not a prompt or unit whose visibility follows it.
+    QWidget* w = nullptr;
+    for (const auto& b : bindings_)
+        if (b.id == id && b.type == Type::Line) w = b.widget;
+    QString prompt;
+    // The prompt is what stands left of the field in its grid (one label or
+    // several); rows without a worded one go by the input's name.
+    if (auto* grid = w && w->parentWidget() ? qobject_cast<QGridLayout*>(w->parentWidget()->layout()) : nullptr) {
+        int row = 0, col = 0, rows = 0, cols = 0;
+        grid->getItemPosition(grid->indexOf(w), &row, &col, &rows, &cols);
+        QLayoutItem* left = col > 0 ? grid->itemAtPosition(row, col - 1) : nullptr;
+        if (QWidget* p = left ? left->widget() : nullptr) {
+            QStringList parts;
+            if (auto* l = qobject_cast<QLabel*>(p)) parts << l->text();
+            for (const QLabel* l : p->findChildren<QLabel*>())
+                parts << l->text();
+            prompt = parts.join(QLatin1Char(' ')).remove(QLatin1Char('&')).simplified();
+            if (prompt.size() < 4) prompt.clear(); // a row number, not a prompt
+        }
+    }
+    if (prompt.isEmpty()) prompt = q(inputLabel(id));
+    QStringList lines{prompt.simplified()};
+    if (const QString limits = unitAndLimits(id); !limits.isEmpty()) lines << limits;
+    if (data(id).locked) lines << QString::fromUtf8(kClosingFieldTip);
+    return lines.join(QLatin1Char('\n'));
+}
+
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
     const Binding* b = find(watched);
     if (!b) return false;
     switch (event->type()) {
+    case QEvent::ToolTip: {
+        if (b->type != Type::Line || form_ != FormId::Main || !isInput(b->id.ctl)) return false;
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipFor(b->id), b->widget);
+        return true;
+    }
     case QEvent::FocusIn: {
         auto* fe = static_cast<QFocusEvent*>(event);
         if (form_ != FormId::Main || !userFocusReason(fe->reason())) return false;
@@ -228,9 +300,18 @@ void syncLine(QLineEdit* e, const Control& c, const std::string& text) {
     const QColor color = colorOf(c.color);
     QPalette p = e->palette();
     const QColor want = color.isValid() ? color : QPalette().color(QPalette::Base);
-    if (p.color(QPalette::Base) != want) {
+    // The legacy colours stay; the text on them is chosen to be read: bold,
+    // white on red, black on yellow.
+    const QColor ink = c.color == BackColor::Red      ? QColor(Qt::white)
+                       : c.color == BackColor::Yellow ? QColor(Qt::black)
+                                                      : QPalette().color(QPalette::Text);
+    if (p.color(QPalette::Base) != want || p.color(QPalette::Text) != ink) {
         p.setColor(QPalette::Base, want);
+        p.setColor(QPalette::Text, ink);
         e->setPalette(p);
+        QFont f = e->font();
+        f.setBold(c.color != BackColor::Normal);
+        e->setFont(f);
     }
     if (e->hasFocus()) {
         const int start = utf16Position(text, c.selStart);

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <map>
+#include <optional>
 #include <vector>
 
 class QLineEdit;
@@ -49,6 +50,11 @@ class Binder : public QObject {
     // Copies what the change set names.
     void sync(const ChangeSet& changes);
     QWidget* widgetFor(const CtlId& id) const;
+    // The control a widget stands for, if it is bound.
+    std::optional<CtlId> idOf(const QWidget* w) const;
+    // What hovering a field says: its prompt, its unit and its limits (and,
+    // for a closing field, how it is worked out).
+    QString toolTipFor(const CtlId& id) const;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

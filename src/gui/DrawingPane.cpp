@@ -2,10 +2,13 @@
 #include "gui/DrawingPane.h"
 
 #include "core/app/App.h"
+#include "core/form/StandingNotes.h"
 #include "gui/LaidOutView.h"
+#include "platform/QtText.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -28,6 +31,9 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
                       QStringLiteral("Elevation")});
     views_->setToolTip(QStringLiteral("Which views of the bent to draw. Automatic: both when the pane has room for "
                                       "them, else the view of the field you are in"));
+    // The pane may be narrow on a small screen: the closed list shows what fits, its popup the whole names.
+    views_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    views_->setMinimumContentsLength(10);
     bar->addWidget(views_);
     bar->addStretch(1);
     view_ = new LaidOutView;
@@ -44,6 +50,15 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
     }
     v->addLayout(bar);
     v->addWidget(view_, 1);
+    // The drawing works out the closing values afresh; the form holds them
+    // as last worked out, and a save writes those.
+    stale_ = new QLabel;
+    stale_->setObjectName(QStringLiteral("staleClosing"));
+    stale_->setTextFormat(Qt::PlainText);
+    stale_->setWordWrap(true);
+    stale_->setFrameShape(QFrame::StyledPanel);
+    stale_->hide();
+    v->addWidget(stale_);
     setWidget(inner);
     view_->setLayout([this](double w, double h) { return layout(w, h); });
     connect(views_, &QComboBox::currentIndexChanged, this, [this] {
@@ -61,6 +76,9 @@ QSize DrawingPane::sizeHint() const { return {345, 480}; }
 void DrawingPane::showProject(const App& app) {
     app_ = &app;
     if (!isVisible()) return;
+    const QString stale = q(staleClosingNote(app.session()));
+    if (stale_->text() != stale) stale_->setText(stale);
+    stale_->setVisible(!stale.isEmpty());
     const auto focus = app.focus();
     const std::string highlight = focus ? toString(drawing::drawnControl(*focus)) : std::string();
     if (highlight != view_->options().highlight) {

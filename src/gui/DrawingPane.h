@@ -12,6 +12,7 @@
 #include <optional>
 
 class QComboBox;
+class QLabel;
 
 namespace tw {
 
@@ -26,6 +27,8 @@ class DrawingPane : public QDockWidget {
     // Draws the project as it stands; cheap when nothing it shows has changed.
     void showProject(const App& app);
     LaidOutView* view() const { return view_; }
+    // What the pane says of closing values the form has not brought up to date.
+    QLabel* staleNote() const { return stale_; }
 
     QSize sizeHint() const override;
 
@@ -44,6 +47,7 @@ class DrawingPane : public QDockWidget {
     };
     mutable std::optional<Choice> choice_;
     QComboBox* views_ = nullptr;
+    QLabel* stale_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;
 };

@@ -8,6 +8,7 @@
 #include "gui/RecoveryBar.h"
 #include "gui/RecoveryKeeper.h"
 #include "gui/RunStatus.h"
+#include "gui/ViewerMain.h"
 #include "gui/WindowSet.h"
 #include "platform/Platform.h"
 
@@ -72,6 +73,10 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     };
     ports.onWaitEnds = [runStatus] { runStatus->end(); };
     ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
+    ports.onOfferViewer = [runStatus](const std::string& drawing) { runStatus->offerViewer(drawing); };
+    runStatus->openViewer = [&main, programDir](const std::string& drawing) {
+        openDrawingViewer(programDir, drawing, &main);
+    };
 
     // Unsaved work is kept safe while the window holds it.
     RecoveryStore store;

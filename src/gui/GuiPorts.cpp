@@ -174,6 +174,10 @@ void GuiPorts::notice(const std::string& text) {
     if (onNotice) onNotice(text);
 }
 
+void GuiPorts::offerDrawingViewer(const std::string& drawing) {
+    if (onOfferViewer) onOfferViewer(drawing);
+}
+
 int GuiPorts::screenWidthTwips() const {
     const QScreen* s = QGuiApplication::primaryScreen();
     return s ? s->availableGeometry().width() * kTwipsPerPixel : UserPorts::screenWidthTwips();

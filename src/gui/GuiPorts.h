@@ -32,6 +32,7 @@ class GuiPorts : public UserPorts {
     std::function<void(const std::string&, std::function<void()>)> onWaitBegins;
     std::function<void()> onWaitEnds;
     std::function<void(const std::string&)> onNotice;
+    std::function<void(const std::string&)> onOfferViewer;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) override;
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
@@ -48,6 +49,7 @@ class GuiPorts : public UserPorts {
     void waitBegins(const std::string& what, std::function<void()> cancel) override;
     void waitEnds() override;
     void notice(const std::string& text) override;
+    void offerDrawingViewer(const std::string& drawing) override;
     int screenWidthTwips() const override;
     int screenHeightTwips() const override;
 

@@ -3,10 +3,13 @@
 
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/StandingNotes.h"
 #include "gui/BentTable.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormPages.h"
 #include "gui/ReportCommands.h"
+#include "gui/RunOutputs.h"
+#include "gui/ViewerMain.h"
 #include "platform/QtText.h"
 
 #include <QAction>
@@ -48,7 +51,8 @@ const std::vector<MenuCommand>& fileCommands() {
         {Ctl::mnuNew, "New", "document-new", QKeySequence::New},
         {Ctl::mnuOpen, "Open", "document-open", QKeySequence::Open},
         {Ctl::mnuSave, "Save", "document-save", QKeySequence::Save},
-        {Ctl::mnuSaveAs, nullptr, "document-save-as", QKeySequence::SaveAs},
+        // Not the platform's own Save As keys: on some desktops there are none.
+        {Ctl::mnuSaveAs, nullptr, "document-save-as", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
         {Ctl::mnuPrint, "Print", "document-print", QKeySequence::Print},
         {Ctl::mnuRun, "Run", "media-playback-start", QKeySequence(Qt::Key_F5)},
         {Ctl::mnuExit, "Exit", "application-exit", QKeySequence(Qt::CTRL | Qt::Key_Q)},
@@ -122,6 +126,13 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     filePath_->setObjectName(QStringLiteral("currentFilePath"));
     filePath_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusBar()->addPermanentWidget(filePath_);
+    // What stands while it holds: closing values not brought up to date, a count Delete left.
+    standing_ = new QLabel;
+    standing_->setObjectName(QStringLiteral("standingNotes"));
+    standing_->setTextFormat(Qt::PlainText);
+    standing_->setMinimumWidth(1);
+    statusBar()->addWidget(standing_, 1);
+    buildViewMenu();
     refreshMenus();
     resize(preferredSize());
     // The drawing gets about a quarter of the width; the form keeps the rest.
@@ -140,10 +151,15 @@ QWidget* MainWindow::sketchStrip() {
     h->setContentsMargins(2, 0, 2, 2);
     h->setSpacing(18);
     h->addWidget(new QLabel(QStringLiteral("Sketches:")));
+    // Captions wrap rather than hold the window wider than a small screen
+    // beside the drawing pane; each takes room in proportion to its length,
+    // so none wraps while the row has room for all.
     for (Ctl c : {Ctl::lblViewDimension, Ctl::lblElevationView, Ctl::lblViewCenterLine, Ctl::lblCenterlineView,
-                  Ctl::lblBearingView})
-        h->addWidget(binder_.label(c, nullptr, true));
-    h->addStretch(1);
+                  Ctl::lblBearingView}) {
+        QLabel* l = binder_.label(c, nullptr, true);
+        l->setWordWrap(true);
+        h->addWidget(l, static_cast<int>(app_.ctl(c).caption.size()));
+    }
     return strip;
 }
 
@@ -184,14 +200,49 @@ void MainWindow::buildMenus() {
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
     mirrored_.emplace_back(Ctl::mnuUndo, undo);
     mirrored_.emplace_back(Ctl::mnuRedo, redo);
-    auto* help = menuBar()->addMenu(q(app_.ctl(Ctl::mnuHelp).caption));
+    help_ = menuBar()->addMenu(q(app_.ctl(Ctl::mnuHelp).caption));
+    auto* help = help_;
     item(help, Ctl::mnuTarnwickHelp, QIcon::fromTheme(QStringLiteral("help-contents")), QKeySequence::HelpContents);
     help->addSeparator();
     item(help, Ctl::mnuAbout);
 }
 
+void MainWindow::buildViewMenu() {
+    // What the window shows besides the form; a part closed comes back here.
+    auto* view = new QMenu(QStringLiteral("&View"), this);
+    menuBar()->insertMenu(help_->menuAction(), view);
+    QAction* pane = drawing_->toggleViewAction();
+    pane->setText(QStringLiteral("&Drawing Pane"));
+    pane->setObjectName(QStringLiteral("viewDrawingPane"));
+    view->addAction(pane);
+    auto* bar = findChild<QToolBar*>(QStringLiteral("Toolbar1"));
+    QAction* toolbar = bar->toggleViewAction();
+    toolbar->setText(QStringLiteral("&Toolbar"));
+    toolbar->setObjectName(QStringLiteral("viewToolbar"));
+    view->addAction(toolbar);
+    auto* status = view->addAction(QStringLiteral("&Status Bar"));
+    status->setObjectName(QStringLiteral("viewStatusBar"));
+    status->setCheckable(true);
+    status->setChecked(true);
+    connect(status, &QAction::toggled, statusBar(), &QWidget::setVisible);
+    view->addSeparator();
+    auto* outputs = view->addAction(QStringLiteral("Run &Outputs"));
+    outputs->setObjectName(QStringLiteral("viewRunOutputs"));
+    connect(outputs, &QAction::triggered, this, &MainWindow::showRunOutputs);
+}
+
+void MainWindow::showRunOutputs() {
+    if (!runOutputs_)
+        runOutputs_ = new RunOutputsWindow(
+            app_, [this](const std::string& drawing) { openDrawingViewer(app_.programDir(), drawing, this); }, this);
+    runOutputs_->refresh();
+    runOutputs_->show();
+    runOutputs_->raise();
+    runOutputs_->activateWindow();
+}
+
 void MainWindow::buildToolbar() {
-    auto* bar = addToolBar(QStringLiteral("Toolbar1"));
+    auto* bar = addToolBar(QStringLiteral("Toolbar"));
     bar->setObjectName(QStringLiteral("Toolbar1"));
     bar->setMovable(false);
     bar->setIconSize(QSize(24, 24));
@@ -238,6 +289,14 @@ void MainWindow::refreshTabs() {
 }
 
 void MainWindow::refreshStatus() {
+    QStringList notes;
+    for (const auto& n : standingNotes(app_.session()))
+        notes << q(n);
+    const QString standing = notes.join(QStringLiteral("; "));
+    if (standing_->text() != standing) {
+        standing_->setText(standing);
+        standing_->setToolTip(standing);
+    }
     const QString path = q(app_.project().currentFile);
     filePath_->setText(path.isEmpty() ? QStringLiteral("Not saved yet") : QDir::toNativeSeparators(path));
     if (app_.session().runOutputBase() != shownRunBase_) {

@@ -11,6 +11,7 @@
 
 class QAction;
 class QLabel;
+class QMenu;
 class QTabWidget;
 class QVBoxLayout;
 
@@ -19,6 +20,7 @@ namespace tw {
 class BentTablePage;
 class DrawingPane;
 class FrozenColumnTable;
+class RunOutputsWindow;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -34,6 +36,9 @@ class MainWindow : public QMainWindow {
     DrawingPane* drawingPane() const { return drawing_; }
     // A bar across the top of the window, above the form (a message that needs no answer now).
     void addNotice(QWidget* bar);
+    // View > Run Outputs: the list of the last Run's outputs, non-modal.
+    void showRunOutputs();
+    RunOutputsWindow* runOutputs() const { return runOutputs_; }
     // The size the window opens at on a screen with room for it.
     static QSize preferredSize();
 
@@ -44,6 +49,7 @@ class MainWindow : public QMainWindow {
     QWidget* sketchStrip();
     void buildMenus();
     void buildToolbar();
+    void buildViewMenu();
     void refreshTabs();
     void refreshStatus();
     void refreshTitle();
@@ -58,6 +64,9 @@ class MainWindow : public QMainWindow {
     DrawingPane* drawing_ = nullptr;
     QVBoxLayout* notices_ = nullptr;
     QLabel* filePath_ = nullptr;
+    QLabel* standing_ = nullptr;
+    QMenu* help_ = nullptr;
+    RunOutputsWindow* runOutputs_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
     std::string shownRunBase_;

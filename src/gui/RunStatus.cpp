@@ -21,6 +21,8 @@ RunStatus::RunStatus(QStatusBar* bar) : QWidget(bar) {
     notice_->setObjectName(QStringLiteral("runNotice"));
     notice_->setTextFormat(Qt::PlainText);
     notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A long word stays in the bar (its tooltip holds it whole) rather than widening the window.
+    notice_->setMinimumWidth(200);
     waiting_ = new QLabel;
     waiting_->setObjectName(QStringLiteral("runWaiting"));
     waiting_->setTextFormat(Qt::PlainText);
@@ -34,10 +36,17 @@ RunStatus::RunStatus(QStatusBar* bar) : QWidget(bar) {
         if (cancel) cancel();
     });
     cancel_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    viewer_ = new QPushButton(tr("Open the drawing in Tarnwick's viewer"));
+    viewer_->setObjectName(QStringLiteral("openInViewer"));
+    viewer_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(viewer_, &QPushButton::clicked, this, [this] {
+        if (openViewer && !offered_.empty()) openViewer(offered_);
+    });
     h->addWidget(waiting_);
     h->addWidget(cancel_);
     h->addWidget(noticeIcon_);
     h->addWidget(notice_);
+    h->addWidget(viewer_);
     // At the right of the bar, as wide as it needs: the left stays for the bar's own messages.
     bar->addPermanentWidget(this);
     refresh();
@@ -54,8 +63,15 @@ void RunStatus::end() {
 }
 
 void RunStatus::notice(const std::string& text) {
+    offered_.clear();
     notice_->setText(q(text));
     notice_->setToolTip(q(text));
+    refresh();
+}
+
+void RunStatus::offerViewer(const std::string& drawing) {
+    offered_ = drawing;
+    viewer_->setToolTip(q(drawing));
     refresh();
 }
 
@@ -71,7 +87,8 @@ void RunStatus::refresh() {
     const bool noticed = !notice_->text().isEmpty();
     noticeIcon_->setVisible(noticed);
     notice_->setVisible(noticed);
-    setVisible(waiting || noticed);
+    viewer_->setVisible(!offered_.empty());
+    setVisible(waiting || noticed || !offered_.empty());
 }
 
 } // namespace tw

@@ -28,6 +28,11 @@ class RunStatus : public QWidget {
     void end();
     // A word that stands until the next one; empty clears it.
     void notice(const std::string& text);
+    // A button beside the word that opens `drawing` in the program's viewer,
+    // until the next word; `open` does the opening.
+    void offerViewer(const std::string& drawing);
+    std::function<void(const std::string&)> openViewer;
+    QPushButton* viewerButton() const { return viewer_; }
 
     QPushButton* cancelButton() const { return cancel_; }
     QString waitText() const;
@@ -40,6 +45,8 @@ class RunStatus : public QWidget {
     QLabel* notice_;
     QLabel* waiting_;
     QPushButton* cancel_;
+    QPushButton* viewer_;
+    std::string offered_;
     std::vector<std::pair<QString, std::function<void()>>> waits_;
 };
 

@@ -66,6 +66,19 @@ int showDrawing(int& argc, char** argv, const std::string& programDir, const std
 
 } // namespace
 
+void openDrawingViewer(const std::string& programDir, const std::string& file, QWidget* parent) {
+    LoadedDrawing drawing;
+    std::string error;
+    if (!loadDrawing(programDir, file, drawing, error)) {
+        QMessageBox::warning(parent, QStringLiteral("Tarnwick drawing viewer"), QString::fromStdString(error));
+        return;
+    }
+    auto* viewer = new DrawingViewer(std::move(drawing.scene), QString::fromStdString(file), drawing.elements);
+    viewer->setAttribute(Qt::WA_DeleteOnClose);
+    viewer->placeOnScreen();
+    viewer->show();
+}
+
 bool isDrawingFileName(const std::string& arg) {
     return arg.size() > 4 && QString::fromStdString(arg).endsWith(QLatin1String(".dgn"), Qt::CaseInsensitive);
 }

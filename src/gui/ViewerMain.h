@@ -2,6 +2,8 @@
 #pragma once
 
 #include <string>
+
+class QWidget;
 #include <vector>
 
 namespace tw {
@@ -14,5 +16,9 @@ bool isDrawingFileName(const std::string& arg);
 // OUT cannot be read or written (said on stderr, and in a box for the
 // window), 2 for wrong arguments. The drawing reader comes from `programDir`.
 int runView(int& argc, char** argv, const std::string& programDir, const std::vector<std::string>& args);
+
+// The drawing in a viewer window of the running program, beside `parent`;
+// a drawing that cannot be read is said in a box. The window deletes itself when closed.
+void openDrawingViewer(const std::string& programDir, const std::string& file, QWidget* parent);
 
 } // namespace tw

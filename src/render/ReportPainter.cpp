@@ -61,6 +61,8 @@ class Pages {
         f.setStyleHint(QFont::SansSerif);
         f.setPointSizeF(pt);
         f.setBold(bold);
+        // A checker's tools read the words back: no "fi" ligatures.
+        f.setStyleStrategy(QFont::PreferNoShaping);
         return f;
     }
     const QFont& body() const { return body_; }

@@ -148,10 +148,11 @@ TEST(Report, TheLargestProjectSplitsItsTableAndDrawsEveryBentOnTheLocalesPaper) 
     struct Paper {
         const char* locale;
         const char* size;
-        int pages;
     };
-    // The inputs, three parts of the bent table, the plan and 33 pages of three elevations.
-    for (const Paper& paper : {Paper{"en_US.UTF-8", "letter", 46}, Paper{"de_DE.UTF-8", "A4", 43}}) {
+    // The inputs, the bent table in parts as wide as the paper allows, the
+    // plan and 33 pages of three elevations; how many parts and pages the
+    // text takes depends on the paper and on the font the machine has.
+    for (const Paper& paper : {Paper{"en_US.UTF-8", "letter"}, Paper{"de_DE.UTF-8", "A4"}}) {
         SCOPED_TRACE(paper.locale);
         setenv("LC_ALL", paper.locale, 1);
         const auto pdf = dir / (std::string(paper.size) + ".pdf");
@@ -159,15 +160,16 @@ TEST(Report, TheLargestProjectSplitsItsTableAndDrawsEveryBentOnTheLocalesPaper) 
         ASSERT_EQ(ran.status, 0) << ran.err;
         EXPECT_EQ(pageSize(pdf), paper.size);
         const int pages = pdfPages(pdf);
-        EXPECT_EQ(pages, paper.pages);
         // Each part of the split table lists every bent, its rows led by the bent number.
         std::map<std::string, std::set<int>> parts;
+        int partsSaid = 0;
         for (int page = 1; page <= pages; ++page) {
             const std::string text = pdfText(pdf, page);
             EXPECT_NE(text.find(" page " + std::to_string(page) + " of " + std::to_string(pages) + " "),
                       std::string::npos);
             std::smatch part;
-            if (!std::regex_search(text, part, std::regex("Bent Table \\(part (\\d+) of 3\\)"))) continue;
+            if (!std::regex_search(text, part, std::regex("Bent Table \\(part (\\d+) of (\\d+)\\)"))) continue;
+            partsSaid = std::stoi(part[2]);
             std::istringstream lines(rawPdfText(pdf, page));
             for (std::string line; std::getline(lines, line);) {
                 std::smatch m;
@@ -175,12 +177,16 @@ TEST(Report, TheLargestProjectSplitsItsTableAndDrawsEveryBentOnTheLocalesPaper) 
                     parts[part[1]].insert(std::stoi(m[1]));
             }
         }
-        ASSERT_EQ(parts.size(), 3u);
+        ASSERT_GE(partsSaid, 2) << "32 columns do not fit across one page";
+        ASSERT_EQ(parts.size(), static_cast<std::size_t>(partsSaid));
         for (const auto& [part, numbers] : parts) {
             EXPECT_EQ(numbers.size(), 99u) << "part " << part;
             EXPECT_EQ(*numbers.begin(), 1) << "part " << part;
             EXPECT_EQ(*numbers.rbegin(), 99) << "part " << part;
         }
+        // Title and inputs, every part at least a page of 99 rows, the plan, 99 elevations three to a page.
+        EXPECT_GE(pages, 1 + 2 * partsSaid + 1 + 33);
+        EXPECT_LE(pages, 4 + 3 * partsSaid + 1 + 33);
     }
     if (before)
         setenv("LC_ALL", saved.c_str(), 1);

@@ -91,9 +91,18 @@ void clickMain(Session& s, const CtlId& id) {
     case Ctl::mnuExit: unloadMainForm(s); break;
     case Ctl::mnuTarnwickHelp: showHelp(s); break;
     case Ctl::mnuAbout: showAbout(s); break;
-    case Ctl::cmdQuantity: bentCommand(s, id.index); break;
-    case Ctl::cmdMoveUp: moveBentUp(s); break;
-    case Ctl::cmdMoveDown: moveBentDown(s); break;
+    case Ctl::cmdQuantity:
+        s.clearHint();
+        bentCommand(s, id.index);
+        break;
+    case Ctl::cmdMoveUp:
+        s.clearHint();
+        moveBentUp(s);
+        break;
+    case Ctl::cmdMoveDown:
+        s.clearHint();
+        moveBentDown(s);
+        break;
     case Ctl::lblBearingView:
     case Ctl::lblCenterlineView:
     case Ctl::lblElevationView:

@@ -72,6 +72,9 @@ class FormFill : public ReadSink {
         finish();
         s_.setBentCounter(count);
     }
+    void fewerBents(int listed, int held) override { fewer_ = fewerBentsText(listed, held); }
+    // What the engineer should hear of the file once it is on the form.
+    const std::string& fewer() const { return fewer_; }
     // What was read goes onto the form, also when the file then failed.
     void finish() {
         if (table_) s_.changeTable([&](BentTable& t) { t = *std::exchange(table_, std::nullopt); });
@@ -86,6 +89,7 @@ class FormFill : public ReadSink {
     Session& s_;
     std::optional<BentTable> table_;
     std::optional<std::vector<std::string>> register_;
+    std::string fewer_;
 };
 
 // A cancelled file dialog ends its command quietly, as the old dialog's
@@ -121,6 +125,7 @@ bool writeAndCaption(Session& s, const std::string& path) {
 }
 
 void readProject(Session& s, const std::string& path) {
+    s.notice(""); // what was said of the project before does not hold for this one
     resetForm(s);
     if (readInputFile(s, path)) {
         setMainCaption(s, true);
@@ -204,6 +209,11 @@ void parseProject(Session& s, const std::string& bytes, std::vector<std::string>
         throw;
     }
     fill.finish();
+    if (!fill.fewer().empty()) {
+        std::string text = fill.fewer();
+        text[0] = 'T';
+        s.hint(text);
+    }
 }
 
 bool readInputFile(Session& s, const std::string& path, std::vector<std::string>* notes) {

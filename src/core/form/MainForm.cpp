@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/form/MainForm.h"
+#include "core/form/StandingNotes.h"
 
 #include "core/form/Events.h"
 #include "core/form/Forms.h"
@@ -142,6 +143,12 @@ bool hasCurrentFile(const Session& s) { return s.main().caption != kAppTitle; }
 
 std::string statusBarText(const Session& s) {
     if (!s.statusText().empty()) return s.statusText();
+    if (const auto notes = standingNotes(s); !notes.empty()) {
+        std::string text = notes.front();
+        for (size_t i = 1; i < notes.size(); ++i)
+            text += "; " + notes[i];
+        return text;
+    }
     return s.project().currentFile.empty() ? "Not saved yet" : s.project().currentFile;
 }
 

@@ -26,8 +26,9 @@ void setMainCaption(Session& s, bool fileCurrent);
 // True while a file is current, judged the old way: by the caption.
 bool hasCurrentFile(const Session& s);
 
-// What the main window's status bar says: its message, or else its
-// permanent text, the current file (or that the project has none).
+// What the main window's status bar says: its message, or else the notes
+// that stand now (out-of-date closing values, a count Delete left), or else
+// its permanent text, the current file (or that the project has none).
 std::string statusBarText(const Session& s);
 
 // Brings tab `tab` of SSTab1 to the front, its change handler running.

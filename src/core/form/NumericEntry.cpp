@@ -2,8 +2,10 @@
 #include "core/form/NumericEntry.h"
 
 #include "core/form/Session.h"
+#include "core/model/Closing.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
+#include "core/model/Utf8.h"
 
 #include <vector>
 
@@ -15,26 +17,20 @@ constexpr int kBackspace = 8;
 constexpr int kPoint = '.';
 constexpr int kMinus = '-';
 
-float valueOf(const Session& s, const CtlId& id) { return static_cast<float>(s.project().leading(id)); }
-
 // Writes the closing value into its field: yellow while something is left,
 // red when nothing or less than nothing is, and never editable.
-void setClosing(Session& s, const CtlId& closing, const std::vector<CtlId>& entered) {
-    if (s.text(Ctl::txtCapLength).empty()) return;
-    float sum = 0.0f;
-    for (const auto& id : entered)
-        sum += valueOf(s, id);
-    const float rest = valueOf(s, Ctl::txtCapLength) - sum;
-    s.setText(closing, formatField(4, 4, singleToText(rest)));
-    s.setColor(closing, rest <= 0.0f ? BackColor::Red : BackColor::Yellow);
-    s.setLocked(closing, true);
+void setClosing(Session& s, const ClosingFamily& f) {
+    const auto rest = closingRest(s.project(), f);
+    if (!rest) return;
+    s.setText(f.closing, closingText(*rest));
+    s.setColor(f.closing, *rest <= 0.0f ? BackColor::Red : BackColor::Yellow);
+    s.setLocked(f.closing, true);
 }
 
-std::vector<CtlId> items(Ctl c, int from, int to) {
-    std::vector<CtlId> v;
-    for (int i = from; i <= to; ++i)
-        v.emplace_back(c, i);
-    return v;
+// The family whose closing field is `closing`.
+void updateFamilyOf(Session& s, Ctl closing) {
+    for (const auto& f : closingFamilies(s.project()))
+        if (f.closing.ctl == closing) setClosing(s, f);
 }
 
 void leaveCapLength(Session& s) {
@@ -104,20 +100,42 @@ void leaveNumber(Session& s, const CtlId& id) {
     if (id.ctl == Ctl::txtCapStep) updateCapStepClosing(s);
 }
 
-void updateBatteredPileClosing(Session& s) {
-    const int n = static_cast<int>(s.project().leading(Ctl::cboBatteredPile));
-    setClosing(s, CtlId(Ctl::txtBatterPile, 6), items(Ctl::txtBatterPile, 0, n - 1));
+std::string refusedKeyHint(const CtlId& id, int key) {
+    const InputRule& r = inputRule(id);
+    std::string name;
+    if (key == kBackspace)
+        name = "Backspace";
+    else if (key >= 32)
+        name = "'" + utf8Encode(static_cast<char32_t>(key)) + "'";
+    else
+        return {}; // Enter and the like: a one-line field takes none of them anyway
+    std::string rule, advice;
+    if (r.kind == InputKind::BentNumber) {
+        rule = "Only the digits 1 to 9 are taken here";
+        if (key == kBackspace) advice = ": select the number and type a new one";
+    } else if (r.point) {
+        rule = "Only digits, one '.' and a leading '-' are taken here";
+        if (key == ',')
+            advice = ": use '.' for decimals";
+        else if (key == kPoint)
+            advice = ": the field already holds its '.'";
+        else if (key == kMinus)
+            advice = ": '-' goes first, once";
+    } else {
+        rule = "Only digits and a leading '-' are taken here (a whole number)";
+        if (key == kPoint || key == ',')
+            advice = ": no decimals here";
+        else if (key == kMinus)
+            advice = ": '-' goes first, once";
+    }
+    return name + " not taken. " + rule + advice;
 }
 
-void updateCenterlineClosing(Session& s) {
-    setClosing(s, CtlId(Ctl::txtCenterline, 20), items(Ctl::txtCenterline, 0, s.project().beams() - 1));
-}
+void updateBatteredPileClosing(Session& s) { updateFamilyOf(s, Ctl::txtBatterPile); }
 
-void updateCapStepClosing(Session& s) {
-    const int n = s.project().beams();
-    if (n < 1) return;
-    setClosing(s, CtlId(Ctl::txtCapStep, n - 1), items(Ctl::txtCapStep, 0, n - 2));
-}
+void updateCenterlineClosing(Session& s) { updateFamilyOf(s, Ctl::txtCenterline); }
+
+void updateCapStepClosing(Session& s) { updateFamilyOf(s, Ctl::txtCapStep); }
 
 void updateAllClosing(Session& s) {
     updateCapStepClosing(s);

@@ -267,7 +267,19 @@ bool Session::guarded(const std::function<void()>& body, const std::string& erro
 
 void Session::notice(const std::string& text) {
     status_ = text;
+    hinting_ = false;
     user.notice(text);
+}
+
+void Session::hint(const std::string& text, std::optional<CtlId> field) {
+    notice(text);
+    hinting_ = true;
+    hintField_ = field;
+}
+
+void Session::clearHint(std::optional<CtlId> taken) {
+    if (!hinting_ || (taken && hintField_ == taken)) return;
+    notice("");
 }
 
 void Session::markSaved() {

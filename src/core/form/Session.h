@@ -123,6 +123,12 @@ class Session {
     bool guarded(const std::function<void()>& body, const std::string& errorTitle = "Error");
     // A word that needs no answer: the status bar of the window, standard error headless.
     void notice(const std::string& text);
+    // A notice that lasts a moment: about a key `field` refused, gone when
+    // a key is taken in another field; or about the project just opened,
+    // gone with the next key taken anywhere. A bent-table command ends either.
+    void hint(const std::string& text, std::optional<CtlId> field = std::nullopt);
+    // Ends the hint standing, but not one about `taken`, the field a key was just taken in.
+    void clearHint(std::optional<CtlId> taken = std::nullopt);
 
     // --- The record of changes.
     void mark(ChangeEntry mark) { log_.push_back(std::move(mark)); }
@@ -157,6 +163,8 @@ class Session {
     std::string runOutputBase_;
     bool mainUnloaded_ = false;
     std::string status_;
+    bool hinting_ = false;
+    std::optional<CtlId> hintField_;
     std::optional<Project> savedProject_;
     ChangeLog log_;
 };

@@ -64,7 +64,12 @@ class ReadSink {
     // A cell of a bent row read before (row 1 is the first bent).
     virtual void setCell(int row, int column, const std::string& text) = 0;
     virtual void setBentCounter(std::int16_t count) = 0;
+    // The file lists more bents than it holds; it is read with those it holds.
+    virtual void fewerBents(int /*listed*/, int /*held*/) {}
 };
+
+// What the engineer is told of a file that lists more bents than it holds.
+std::string fewerBentsText(int listed, int held);
 
 // Reads the file's bytes into `sink`, which should hold the defaults;
 // run-time errors escape, naming the line. A number field whose text is no

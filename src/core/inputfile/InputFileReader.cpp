@@ -130,6 +130,7 @@ class Reader : public FileWalk {
     void record(const std::string& code) override {
         next(code);
         firstRecord_ = code == "100 ";
+        lastCode_ = code;
     }
     void end() override {
         // Record "100" sets its choices once the line is read: the number of
@@ -174,7 +175,20 @@ class Reader : public FileWalk {
         batteredCount_ = trim(take(2));
         if (!batteredCount_.empty()) pending_.emplace_back(Ctl::cboBatteredPile, batteredCount_);
     }
-    int bents() override { return bents_; }
+    // Delete leaves the count in record "100" as it was, so a save after a
+    // Delete lists more bents than it writes. Where the rows end early and
+    // record "500" follows at once, the file is read with the bents it holds;
+    // a file that simply ends stays an error.
+    int bents() override {
+        const bool inRows = lastCode_ == "300" || lastCode_ == "301" || lastCode_ == "400" || lastCode_ == "401";
+        if (inRows && held_ < bents_ && lineNo_ < static_cast<int>(lines_.size()) &&
+            lines_[lineNo_].compare(0, 3, "500") == 0) {
+            if (notes_) notes_->push_back("line " + std::to_string(lineNo_ + 1) + ": " + fewerBentsText(bents_, held_));
+            sink_.fewerBents(bents_, held_);
+            bents_ = held_;
+        }
+        return bents_;
+    }
     void beginRow(int) override {
         row_.clear();
         inRow_ = true;
@@ -199,6 +213,7 @@ class Reader : public FileWalk {
             tabbed += c + '\t';
         sink_.addBent(tabbed, row_.front());
         inRow_ = false;
+        ++held_;
     }
 
     // The spacings follow the count the file names; a file whose piles are
@@ -221,6 +236,8 @@ class Reader : public FileWalk {
     const std::string* line_ = nullptr;
     int col_ = 0;
     int bents_ = 0;
+    int held_ = 0; // bent rows read so far
+    std::string lastCode_;
     std::string batteredCount_;
     std::vector<std::pair<Ctl, std::string>> pending_;
     bool firstRecord_ = false;
@@ -229,6 +246,12 @@ class Reader : public FileWalk {
 };
 
 } // namespace
+
+std::string fewerBentsText(int listed, int held) {
+    return "the file lists " + std::to_string(listed) + " bents but holds " + std::to_string(held) +
+           " (as a save after Delete writes it): read with the " + std::to_string(held) +
+           " it holds; the next save lists " + std::to_string(held);
+}
 
 void parseInputFile(const std::string& bytes, ReadSink& sink, std::vector<std::string>* notes) {
     // Saved by an editor as "Unicode": every other byte is a zero, and no line reads.

@@ -27,16 +27,24 @@ std::vector<std::string> readLines(const std::string& file) {
 
 const Target kTypes(FormId::Printer, Ctl::cmbFileTypes);
 
+// Where the desktop has no program for drawings, the program has its own viewer.
+void offerViewer(Session& s, const std::string& drawing) {
+    s.notice("No program here opens DGN drawings. Open the drawing in Tarnwick's viewer: " + drawing);
+    s.user.offerDrawingViewer(drawing);
+}
+
 void openDrawing(Session& s) {
     const std::string drawing = plainBase(s.project().currentFile) + "e.dgn";
     const AssociatedProgram assoc = s.system.associatedProgram(drawing);
     if (assoc.status == AssociatedProgram::Status::NoAssociation) {
         s.message("You do not have a program assoiciated with the DGN file.", kAppTitle, MsgButtons::OK, MsgIcon::None);
+        offerViewer(s, drawing);
         return;
     }
     if (assoc.status == AssociatedProgram::Status::Unreadable) {
         s.message("Could not determing program associated with DGN image format.", kAppTitle, MsgButtons::OK,
                   MsgIcon::None);
+        offerViewer(s, drawing);
         return;
     }
     // The association reads: program, blank, quoted "%1"; the program is what stands before.
@@ -49,6 +57,22 @@ void openDrawing(Session& s) {
 }
 
 } // namespace
+
+std::vector<RunOutput> runOutputs(const Session& s) {
+    std::string base = s.runOutputBase();
+    if (base.empty() && !s.project().currentFile.empty()) base = plainBase(s.project().currentFile);
+    if (base.empty()) return {};
+    static const std::pair<const char*, const char*> kinds[] = {
+        {"Concrete data", ".ebntc"}, {"Rebar data", ".ebntr"},       {"General output", ".egen"},
+        {"Bent output", ".ebent"},   {"Elevation output", ".eelev"}, {"Beam output", ".ebeam"},
+        {"Pile output", ".epile"},   {"Quantities", ".equan"},
+    };
+    std::vector<RunOutput> outputs;
+    for (const auto& [what, suffix] : kinds)
+        outputs.push_back({what, base + suffix, false});
+    outputs.push_back({"Drawing", base + "e.dgn", true});
+    return outputs;
+}
 
 void applyFileType(Session& s) {
     const Target current(FormId::Printer, Ctl::txtCurrentFile);

@@ -6,6 +6,7 @@
 #include "core/model/Controls.h"
 
 #include <string>
+#include <vector>
 
 namespace tw {
 
@@ -25,5 +26,14 @@ void printOutputs(Session& s);
 // A sketch label clicked, and the sketch window's picture double-clicked.
 void showSketch(Session& s, Ctl label);
 void openFullSizeSketch(Session& s);
+
+// The outputs of the last Run (or, before any in this session, the ones
+// beside the current file): the eight listings and the drawing.
+struct RunOutput {
+    std::string what; // "Concrete data", ...
+    std::string file;
+    bool drawing = false;
+};
+std::vector<RunOutput> runOutputs(const Session& s);
 
 } // namespace tw
