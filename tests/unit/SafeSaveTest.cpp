@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -199,6 +200,55 @@ TEST(SafeSave, TheOwnerAndGroupAreKept) {
     EXPECT_EQ(st.st_gid, kSomeoneElse);
     EXPECT_EQ(st.st_mode & 07777, 0666u);
     EXPECT_EQ(slurp(file), "by root");
+}
+
+// The disk fills while a file with two names is written over in place (a
+// rename would part the names): the next `failures` writes to that file put
+// down half their bytes and fail.
+int failures = 0;
+fs::path failing;
+
+ssize_t fillingWrite(int fd, const void* bytes, size_t count, off_t offset) {
+    std::error_code ec;
+    if (failures > 0 && fs::read_symlink("/proc/self/fd/" + std::to_string(fd), ec) == failing) {
+        --failures;
+        if (count > 1 && pwrite(fd, bytes, count / 2, offset) < 0) return -1;
+        errno = ENOSPC;
+        return -1;
+    }
+    return pwrite(fd, bytes, count, offset);
+}
+
+TEST(SafeSave, AFullDiskDuringAnInPlaceWriteIsToldAsItEnded) {
+    Folder d("tw-save-inplace-full");
+    const auto file = d.path / "bent.ebnt", other = d.path / "other-name.ebnt";
+    const std::string previous(5000, 'p');
+    put(file, previous, 0644);
+    fs::create_hard_link(file, other);
+    failing = fs::canonical(file);
+    FileWrites::use(fillingWrite);
+
+    failures = 1; // the new bytes fail; putting the old ones back works
+    WriteResult r = replaceFile(file.string(), std::string(9000, 'n'));
+    EXPECT_EQ(r.errorNumber, 61);
+    EXPECT_EQ(r.error, "Disk full: " + file.string() +
+                           " could not be written over (No space left on device); its previous bytes were put "
+                           "back, so it is as it was before the save");
+    EXPECT_EQ(slurp(file), previous);
+    EXPECT_EQ(d.entries(), 2u) << "the copy stays only while it is needed";
+
+    failures = 1000; // nothing more reaches the file
+    r = replaceFile(file.string(), std::string(9000, 'n'));
+    FileWrites::use(nullptr);
+    EXPECT_EQ(r.errorNumber, 61);
+    const std::string copyAt = "so it is left half-written; a copy of the previous file is at ";
+    const auto at = r.error.find(copyAt);
+    ASSERT_NE(at, std::string::npos) << r.error;
+    const fs::path copy = r.error.substr(at + copyAt.size());
+    EXPECT_EQ(copy.parent_path(), d.path);
+    EXPECT_EQ(slurp(copy), previous);
+    EXPECT_NE(slurp(file), previous) << "the message must not claim what did not happen";
+    EXPECT_EQ(fs::hard_link_count(other), 2u);
 }
 
 } // namespace
