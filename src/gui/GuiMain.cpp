@@ -10,6 +10,7 @@
 #include "gui/RunStatus.h"
 #include "gui/WindowSet.h"
 #include "platform/Platform.h"
+#include "platform/QuitOnSignals.h"
 
 #include <QAction>
 #include <QApplication>
@@ -100,6 +101,8 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     app.start();
     if (quitWhenShown) // measuring start-up: go straight on to the main form
         QTimer::singleShot(0, qApp, [&] { app.actions.click(Target(FormId::Splash, Ctl::cmdOK)); });
+    // A logout, Ctrl+C or a closed terminal ends the window as Exit does, the unsaved work kept.
+    QuitOnSignals quitOnSignals;
     const int status = QApplication::exec();
     keeper.finish();
     return status;

@@ -2,13 +2,17 @@
 
 #include "core/Errors.h"
 
+#include <cctype>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <dirent.h>
 #include <fcntl.h>
 #include <fstream>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -18,6 +22,7 @@ namespace tw {
 namespace {
 
 constexpr int kMaxLinks = 40; // as the kernel allows in one path
+constexpr int kFreshSeconds = 2;
 
 WriteResult failure(int number, const std::string& description) { return {number, description}; }
 
@@ -152,7 +157,35 @@ WriteResult writeInPlace(const std::string& path, const std::string& target, con
                                              : "a copy of the previous file is at " + copy));
 }
 
+// The temporary file of a save: ".tw" and the six characters mkostemp puts in.
+bool temporaryName(const char* name) {
+    if (std::strncmp(name, ".tw", 3) != 0 || std::strlen(name) != 9) return false;
+    for (const char* c = name + 3; *c; ++c)
+        if (!std::isalnum(static_cast<unsigned char>(*c))) return false;
+    return true;
+}
+
 } // namespace
+
+void removeStaleTemporaries(const std::string& folder) {
+    DIR* dir = ::opendir(folder.c_str());
+    if (!dir) return;
+    const int dfd = ::dirfd(dir);
+    const time_t now = ::time(nullptr);
+    while (const dirent* e = ::readdir(dir)) {
+        if (!temporaryName(e->d_name)) continue;
+        const int fd = ::openat(dfd, e->d_name, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+        if (fd < 0) continue;
+        struct stat st {};
+        // Ours: a plain file of this user's, not locked by a save under way, and not
+        // one a save has only just made (it takes the lock right after).
+        if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_uid == ::geteuid() &&
+            now - st.st_mtime >= kFreshSeconds && ::flock(fd, LOCK_EX | LOCK_NB) == 0)
+            ::unlinkat(dfd, e->d_name, 0);
+        ::close(fd);
+    }
+    ::closedir(dir);
+}
 
 void FileWrites::use(Write write, Flush flush) {
     writeCall = write ? write : ::pwrite;
@@ -186,9 +219,12 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     // Other names of the file would keep the old bytes after a rename.
     if (exists && st.st_nlink > 1) return writeInPlace(path, target, bytes);
 
+    // What an interrupted save left here goes before this one adds its own.
+    removeStaleTemporaries(folder);
     // Short, so that it fits beside any name the folder can hold.
     std::string temp = folder + "/.twXXXXXX";
     const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
+    if (fd >= 0) ::flock(fd, LOCK_EX | LOCK_NB); // a save under way
     if (fd < 0) {
         const int e = errno;
         if (exists && (e == EACCES || e == EPERM || e == EROFS)) return writeInPlace(path, target, bytes);

@@ -19,6 +19,11 @@ namespace tw {
 // a pipe is refused and left alone. Descriptions name the cause.
 WriteResult replaceFile(const std::string& path, const std::string& bytes);
 
+// Removes the temporary files of saves that were cut short (a crash, a
+// kill, a power cut) from `folder`: only this user's, and none a save
+// still writes.
+void removeStaleTemporaries(const std::string& folder);
+
 // The calls that put bytes on the disk, so that a test can make them fail
 // as a full disk does; null puts the system's calls back.
 struct FileWrites {

@@ -7,15 +7,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <grp.h>
 #include <sstream>
+#include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace tw {
 namespace {
@@ -249,6 +255,48 @@ TEST(SafeSave, AFullDiskDuringAnInPlaceWriteIsToldAsItEnded) {
     EXPECT_EQ(slurp(copy), previous);
     EXPECT_NE(slurp(file), previous) << "the message must not claim what did not happen";
     EXPECT_EQ(fs::hard_link_count(other), 2u);
+}
+
+// A save cut short leaves its temporary file; the next save in that folder
+// removes it, and nothing that is not a stale temporary of this user's.
+TEST(SafeSave, StaleTemporariesOfCutShortSavesGo) {
+    Folder d("tw-save-stale");
+    const auto old = fs::file_time_type::clock::now() - std::chrono::minutes(5);
+    auto make = [&](const std::string& name, bool stale) {
+        put(d.path / name, "left over", 0600);
+        if (stale) fs::last_write_time(d.path / name, old);
+    };
+    make(".twAb12Cd", true);
+    make(".twXyZ789", true);
+    const std::vector<std::string> kept = {
+        ".twFresh1",     // a save under way has only just made it
+        ".twLocked",     // a save under way holds it
+        ".twSeven77",    // not the name of one
+        "bent.tw123456", // nor this
+        ".twLink12",     // a link is nobody's temporary
+        ".twOthers",     // someone else's, where a test can make one
+    };
+    make(kept[0], false);
+    make(kept[1], true);
+    make(kept[2], true);
+    make(kept[3], true);
+    fs::create_symlink(d.path / "bent.tw123456", d.path / kept[4]);
+    make(kept[5], true);
+    const bool others = geteuid() == 0 && chown((d.path / kept[5]).c_str(), kSomeoneElse, kSomeoneElse) == 0;
+    const int lock = open((d.path / kept[1]).c_str(), O_RDONLY);
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+
+    EXPECT_EQ(replaceFile((d.path / "bent.ebnt").string(), "saved").errorNumber, 0);
+    close(lock);
+    std::vector<std::string> names;
+    for (const auto& e : fs::directory_iterator(d.path))
+        names.push_back(e.path().filename().string());
+    std::sort(names.begin(), names.end());
+    std::vector<std::string> want = kept;
+    if (!others) want.pop_back(); // ours after all, and stale: it goes
+    want.push_back("bent.ebnt");
+    std::sort(want.begin(), want.end());
+    EXPECT_EQ(names, want);
 }
 
 } // namespace
