@@ -75,10 +75,15 @@ class Replay {
     bool modified(const Line& l);
     bool status(const Line& l);
 
+    // What the window's watcher would tell: the project's file changed on
+    // disk; Yes reads it again, as the bar's Reload does.
+    void tellChangesOnDisk();
+
     App& app_;
     ReplayPorts& ports_;
     std::ostream& out_;
     std::ostream& err_;
+    std::string told_; // the file's bytes last told of
 };
 
 // A replay against the real platform, as `tarnwick replay` and `run` use it;
