@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/GuiMain.h"
 
+#include "gui/DiskWatch.h"
 #include "gui/FormWindows.h"
 #include "gui/GuardedApplication.h"
 #include "gui/GuiPorts.h"
@@ -80,7 +81,11 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         ports.notice("Unsaved changes cannot be kept safe: the folder " + store.folder().toStdString() +
                      " cannot be written");
     RecoveryKeeper keeper(app, store);
-    app.actions.onChange([&](const ChangeSet& changes) { keeper.changed(changes); });
+    DiskWatch diskWatch(app, main);
+    app.actions.onChange([&](const ChangeSet& changes) {
+        keeper.changed(changes);
+        diskWatch.changed();
+    });
 
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
     windows.onMainShown = [&] {
