@@ -304,6 +304,15 @@ void Replay::tellChangesOnDisk() {
         app_.actions.reload();
 }
 
+void Replay::holdOpenFile() {
+    const auto& known = app_.session().onDisk();
+    if (!known) {
+        hold_.release();
+        return;
+    }
+    if (hold_.hold(known->path)) ports_.bar(openTwiceText(known->path), kOpenTwiceTitle);
+}
+
 int Replay::run(std::istream& script) {
     std::string line;
     int n = 0;
@@ -315,6 +324,7 @@ int Replay::run(std::istream& script) {
         }
         tellChangesOnDisk();
         if (!runLine(line, n)) return 2;
+        holdOpenFile();
         // Whoever drives the replay line by line sees each line's output before sending the next.
         out_.flush();
         if (app_.mainUnloaded()) break;

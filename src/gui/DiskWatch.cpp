@@ -10,11 +10,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace tw {
 
 namespace {
@@ -28,10 +23,6 @@ DiskWatch::DiskWatch(App& app, MainWindow& window, QObject* parent) : QObject(pa
     // A program that saves by a rename replaces the file: the folder tells of that.
     connect(&watcher_, &QFileSystemWatcher::fileChanged, this, [this] { settle_.start(); });
     connect(&watcher_, &QFileSystemWatcher::directoryChanged, this, [this] { settle_.start(); });
-}
-
-DiskWatch::~DiskWatch() {
-    if (hold_ >= 0) ::close(hold_);
 }
 
 void DiskWatch::changed() {
@@ -53,28 +44,10 @@ void DiskWatch::follow(const std::string& path) {
     watcher_.addPath(QFileInfo(q(path)).absolutePath());
 }
 
-// Another window holding the file holds a lock on it that this one cannot take.
 void DiskWatch::holdOpen(const std::string& path) {
-    struct stat st {};
-    if (::stat(path.c_str(), &st) != 0) return;
-    if (hold_ >= 0 && st.st_dev == holdDev_ && st.st_ino == holdIno_) return;
-    if (hold_ >= 0) ::close(hold_);
-    hold_ = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (hold_ < 0) return;
-    holdDev_ = st.st_dev;
-    holdIno_ = st.st_ino;
-    // Every window holds a shared lock; one that cannot have it alone is not the only one.
-    if (::flock(hold_, LOCK_EX | LOCK_NB) == 0) {
-        ::flock(hold_, LOCK_SH);
-        return;
-    }
-    ::flock(hold_, LOCK_SH | LOCK_NB);
+    if (!hold_.hold(path)) return;
     if (openBar_) return;
-    openBar_ = new NoticeBar(QStringLiteral("alreadyOpen"),
-                             tr("%1 is open in another Tarnwick window too. A save in one would write over what "
-                                "was saved in the other; Save asks before it does.")
-                                 .arg(QFileInfo(q(path)).fileName()));
-    openBar_->text()->setToolTip(q(path));
+    openBar_ = new NoticeBar(QStringLiteral("alreadyOpen"), q(openTwiceText(path)));
     connect(openBar_->addButton(tr("Close"), QStringLiteral("Close")), &QPushButton::clicked, openBar_.data(),
             &NoticeBar::dismiss);
     window_.addNotice(openBar_);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/app/App.h"
+#include "platform/OpenFileHold.h"
 
 #include <QFileSystemWatcher>
 #include <QObject>
@@ -13,7 +14,6 @@
 #include <QTimer>
 
 #include <string>
-#include <sys/types.h>
 
 namespace tw {
 
@@ -24,7 +24,6 @@ class DiskWatch : public QObject {
     Q_OBJECT
   public:
     DiskWatch(App& app, MainWindow& window, QObject* parent = nullptr);
-    ~DiskWatch() override;
 
     // After each change: the file the project was last read from or written to may be another now.
     void changed();
@@ -38,12 +37,10 @@ class DiskWatch : public QObject {
     App& app_;
     MainWindow& window_;
     QFileSystemWatcher watcher_;
-    QTimer settle_;    // a program writing a file changes it many times
-    std::string path_; // the file watched
-    std::string told_; // its bytes last told of
-    int hold_ = -1;    // the open file that tells other windows this one holds it
-    dev_t holdDev_ = 0;
-    ino_t holdIno_ = 0;
+    QTimer settle_;     // a program writing a file changes it many times
+    std::string path_;  // the file watched
+    std::string told_;  // its bytes last told of
+    OpenFileHold hold_; // tells another window that this one holds the file
     QPointer<NoticeBar> changedBar_, openBar_;
 };
 

@@ -117,7 +117,7 @@ class DiskWatchTest : public QObject {
         QVERIFY(second.bar("alreadyOpen")
                     ->text()
                     ->text()
-                    .startsWith(QStringLiteral("bent.ebnt is open in another Tarnwick window too.")));
+                    .startsWith(file + QStringLiteral(" is open in another Tarnwick window too.")));
         QVERIFY(!first.bar("alreadyOpen"));
         QTest::mouseClick(second.button("alreadyOpen", "Close"), Qt::LeftButton);
         QVERIFY(!second.bar("alreadyOpen"));

@@ -73,5 +73,26 @@ TEST_F(ChangedOnDisk, ASaveOverTheirChangeAsksFirstAndOnlyThen) {
     EXPECT_EQ(live.end(), 0);
 }
 
+// A second program that opens the project while the first holds it is told
+// so, as the window tells it in a bar: a message line that takes no answer.
+TEST_F(ChangedOnDisk, ASecondOpenOfAnOpenProjectIsTold) {
+    test::LiveReplay first(dir), second(dir);
+    first.send("file bent.ebnt\nclick mnuOpen\n");
+    EXPECT_NE(first.answer().find("dialog open"), std::string::npos);
+    second.send("answer No\nfile bent.ebnt\nclick mnuOpen\nfocus\n");
+    EXPECT_NE(second.answer().find("dialog open"), std::string::npos);
+    EXPECT_EQ(second.answer(), "message \"File Open Twice\" \"" + file.string() +
+                                   " is open in another Tarnwick window too. A save in one would write over what was "
+                                   "saved in the other; Save asks before it does.\" OK none -> OK\n");
+    EXPECT_EQ(second.answer(), "focus = none\n");
+    // The queued answer is still there for the next box.
+    second.send("click mnuNew\n");
+    EXPECT_NE(second.answer().find("\"Clear Form Confirmation\" \"Do you want to clear the form and start over?\" "
+                                   "YesNo none -> No"),
+              std::string::npos);
+    EXPECT_EQ(second.end(), 0);
+    EXPECT_EQ(first.end(), 0);
+}
+
 } // namespace
 } // namespace tw

@@ -213,6 +213,11 @@ std::string changedOnDiskText(const std::string& path) {
     return path + " was changed by another program since it was opened or saved here.";
 }
 
+std::string openTwiceText(const std::string& path) {
+    return path + " is open in another Tarnwick window too. A save in one would write over what was saved in the "
+                  "other; Save asks before it does.";
+}
+
 std::optional<Session::OnDisk> changedOnDiskNow(const Session& s) {
     const auto& known = s.onDisk();
     if (!known) return std::nullopt;
