@@ -57,6 +57,7 @@ void DiskWatch::look() {
     if (path_.empty()) return;
     // A file replaced by a rename is a new file: the watcher must be told of it again.
     if (!watcher_.files().contains(q(path_))) watcher_.addPath(q(path_));
+    holdOpen(path_); // and held again, for the next window to see
     const auto now = changedOnDiskNow(app_.session());
     if (!now || now->bytes == told_) return;
     told_ = now->bytes;
