@@ -4,6 +4,7 @@
 #include "cli/Printing.h"
 #include "cli/ReplayArguments.h"
 #include "cli/ScriptReader.h"
+#include "core/form/FileCommands.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
 
@@ -295,6 +296,24 @@ bool Replay::runLine(const std::string& raw, int number) {
     return fail(l, "unknown verb " + l.words[0].text);
 }
 
+void Replay::tellChangesOnDisk() {
+    const auto now = changedOnDiskNow(app_.session());
+    if (!now || now->bytes == told_) return;
+    told_ = now->bytes;
+    if (ports_.message(changedOnDiskText(now->path) + "  Reload it?", kChangedOnDiskTitle, MsgButtons::YesNo,
+                       MsgIcon::None) == MsgAnswer::Yes)
+        app_.actions.reload();
+}
+
+void Replay::holdOpenFile() {
+    const auto& known = app_.session().onDisk();
+    if (!known) {
+        hold_.release();
+        return;
+    }
+    if (hold_.hold(known->path)) ports_.bar(openTwiceText(known->path), kOpenTwiceTitle);
+}
+
 int Replay::run(std::istream& script) {
     std::string line;
     int n = 0;
@@ -304,7 +323,9 @@ int Replay::run(std::istream& script) {
             fail(Line{{}, n}, "the line is longer than " + std::to_string(kMaxScriptLine / 1024) + " KiB");
             return 2;
         }
+        tellChangesOnDisk();
         if (!runLine(line, n)) return 2;
+        holdOpenFile();
         // Whoever drives the replay line by line sees each line's output before sending the next.
         out_.flush();
         if (app_.mainUnloaded()) break;

@@ -5,6 +5,7 @@
 #include "cli/ReplayPorts.h"
 #include "core/Quoting.h"
 #include "core/app/App.h"
+#include "platform/OpenFileHold.h"
 #include "platform/Platform.h"
 
 #include <functional>
@@ -76,10 +77,18 @@ class Replay {
     bool modified(const Line& l);
     bool status(const Line& l);
 
+    // What the window's watcher would tell: the project's file changed on
+    // disk; Yes reads it again, as the bar's Reload does.
+    void tellChangesOnDisk();
+    // What the window tells when its project is open elsewhere too.
+    void holdOpenFile();
+
     App& app_;
     ReplayPorts& ports_;
     std::ostream& out_;
     std::ostream& err_;
+    std::string told_; // the file's bytes last told of
+    OpenFileHold hold_;
 };
 
 // A replay against the real platform, as `tarnwick replay` and `run` use it;

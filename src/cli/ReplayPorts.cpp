@@ -53,6 +53,10 @@ MsgAnswer ReplayPorts::message(const std::string& text, const std::string& title
     return a;
 }
 
+void ReplayPorts::bar(const std::string& text, const std::string& title) {
+    out_ << "message " << quote(title) << ' ' << quote(text) << " OK none -> OK\n";
+}
+
 std::optional<std::string> ReplayPorts::fileDialog(const FileDialogRequest& r) {
     std::optional<std::string> path;
     if (!files_.empty()) {

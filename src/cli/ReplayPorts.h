@@ -31,6 +31,9 @@ class ReplayPorts : public UserPorts {
     bool sawMessageStartingWith(const std::string& prefix) const;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) override;
+    // What the window tells in a bar above the form: a message line with
+    // only OK, which takes no answer from the queue.
+    void bar(const std::string& text, const std::string& title);
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
     bool printerDialog() override;
     void print(const PrintDocument& doc) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/GuiMain.h"
 
+#include "gui/DiskWatch.h"
 #include "gui/FormWindows.h"
 #include "gui/GuardedApplication.h"
 #include "gui/GuiPorts.h"
@@ -11,6 +12,7 @@
 #include "gui/ViewerMain.h"
 #include "gui/WindowSet.h"
 #include "platform/Platform.h"
+#include "platform/QuitOnSignals.h"
 
 #include <QAction>
 #include <QApplication>
@@ -84,7 +86,11 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         ports.notice("Unsaved changes cannot be kept safe: the folder " + store.folder().toStdString() +
                      " cannot be written");
     RecoveryKeeper keeper(app, store);
-    app.actions.onChange([&](const ChangeSet& changes) { keeper.changed(changes); });
+    DiskWatch diskWatch(app, main);
+    app.actions.onChange([&](const ChangeSet& changes) {
+        keeper.changed(changes);
+        diskWatch.changed();
+    });
 
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
     windows.onMainShown = [&] {
@@ -105,6 +111,8 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     app.start();
     if (quitWhenShown) // measuring start-up: go straight on to the main form
         QTimer::singleShot(0, qApp, [&] { app.actions.click(Target(FormId::Splash, Ctl::cmdOK)); });
+    // A logout, Ctrl+C or a closed terminal ends the window as Exit does, the unsaved work kept.
+    QuitOnSignals quitOnSignals;
     const int status = QApplication::exec();
     keeper.finish();
     return status;

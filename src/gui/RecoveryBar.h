@@ -4,15 +4,14 @@
 #pragma once
 
 #include "core/app/App.h"
+#include "gui/NoticeBar.h"
 #include "platform/RecoveryStore.h"
-
-#include <QFrame>
 
 class QPushButton;
 
 namespace tw {
 
-class RecoveryBar : public QFrame {
+class RecoveryBar : public NoticeBar {
     Q_OBJECT
   public:
     RecoveryBar(App& app, RecoveryStore& store, RecoveryStore::Left left, QWidget* parent = nullptr);

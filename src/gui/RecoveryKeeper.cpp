@@ -25,7 +25,8 @@ void RecoveryKeeper::changed(const ChangeSet& changes) {
 
 void RecoveryKeeper::keep() {
     timer_.stop();
-    if (!app_.modified()) {
+    // Before the main form has loaded (the splash) there is no project yet to keep.
+    if (!app_.main().loaded || !app_.modified()) {
         if (!kept_.empty()) store_.remove();
         kept_.clear();
         return;

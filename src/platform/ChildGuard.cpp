@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/ChildGuard.h"
+#include "platform/ProcessTree.h"
 
 #include <array>
 #include <cerrno>
@@ -44,7 +45,7 @@ bool readWord(int fd, std::int32_t& word) {
 }
 
 // The guard itself: only calls that are safe after a fork of a threaded process.
-[[noreturn]] void guard(int in) {
+[[noreturn]] void guard(int in, pid_t owner) {
     // Out of our process group, so that Ctrl+C in a terminal does not end the guard before it has done its work.
     ::setpgid(0, 0);
     // Nor may it hold our output open: whoever reads it waits for its end.
@@ -65,6 +66,18 @@ bool readWord(int fd, std::int32_t& word) {
     }
     for (int i = 0; i < n; ++i)
         ::kill(-groups[i], SIGKILL);
+    // And what they started that left their groups: every process marked as started by the owner.
+    char prefix[24];
+    int length = 0;
+    char digits[16];
+    int d = 0;
+    for (unsigned v = static_cast<unsigned>(owner); v || !d; v /= 10)
+        digits[d++] = static_cast<char>('0' + v % 10);
+    while (d)
+        prefix[length++] = digits[--d];
+    prefix[length++] = '-';
+    prefix[length] = 0;
+    processtree::endTree(0, prefix, false);
     ::_exit(0);
 }
 
@@ -72,8 +85,9 @@ int startGuard() {
     // A socket rather than a pipe: a send to a guard that is gone must not end us with SIGPIPE.
     int fds[2];
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, fds) != 0) return -1;
+    const pid_t owner = ::getpid();
     const pid_t pid = ::fork();
-    if (pid == 0) guard(fds[0]);
+    if (pid == 0) guard(fds[0], owner);
     ::close(fds[0]);
     if (pid < 0) {
         ::close(fds[1]);

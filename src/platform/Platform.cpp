@@ -8,6 +8,7 @@
 #include "platform/DesktopEntry.h"
 #include "platform/FileRead.h"
 #include "platform/OutputFiles.h"
+#include "platform/ProcessTree.h"
 #include "platform/SafeFile.h"
 
 #include <QCoreApplication>
@@ -45,6 +46,12 @@ WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStri
     // In the child, before the program starts: a group of its own, so that
     // it can be ended with everything it started, and an end with ours.
     const pid_t parent = ::getpid();
+    // Whatever the program starts inherits the mark, and what it orphans comes to us, so that
+    // a descendant that left the group (a daemon, a `setsid`) can still be found and ended.
+    static const bool adopting = (processtree::adoptOrphans(), true);
+    (void)adopting;
+    static int programs = 0;
+    const QByteArray mark = QByteArray::number(parent) + '-' + QByteArray::number(++programs);
     proc.setChildProcessModifier([parent] {
         ::setpgid(0, 0);
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -56,8 +63,8 @@ WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStri
     QObject::connect(&proc, &QProcess::errorOccurred, &loop, [&](QProcess::ProcessError e) {
         if (e == QProcess::FailedToStart) loop.quit();
     });
-    const auto stop = [&proc] {
-        if (const auto pid = static_cast<pid_t>(proc.processId()); pid > 0) ::kill(-pid, SIGKILL);
+    const auto stop = [&proc, mark] {
+        processtree::endTree(static_cast<pid_t>(proc.processId()), mark.constData(), true);
         proc.kill();
     };
     Wait wait{&end, stop};
@@ -68,7 +75,11 @@ WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStri
         end.timedOutAfter = timeLimit_;
         stop();
     });
+    // Through our own environment, for the moment of the start: an environment of
+    // its own would have QProcess start the program another way.
+    qputenv(processtree::kMarkName, mark);
     proc.start(program, args);
+    qunsetenv(processtree::kMarkName);
     const auto pid = static_cast<pid_t>(proc.processId());
     if (proc.state() != QProcess::NotRunning) {
         childguard::watch(pid);

@@ -54,6 +54,14 @@ RecoveryStore::~RecoveryStore() { close(); }
 bool RecoveryStore::open() {
     if (lock_ >= 0) return true;
     if (folder_.isEmpty() || !QDir().mkpath(folder_)) return false;
+    // What sessions that ended left and no longer need: a save's temporary
+    // file cut short, the lock of a session that had nothing to keep.
+    removeStaleTemporaries(QFile::encodeName(folder_).toStdString());
+    for (const QFileInfo& f : QDir(folder_).entryInfoList({kPrefix + QStringLiteral("*.lock")}, QDir::Files)) {
+        const QString p = f.absoluteFilePath();
+        if (QFileInfo::exists(p.left(p.size() - 5) + kSuffix)) continue;
+        if (const int fd = takeLock(p); fd >= 0) dropLock(p, fd);
+    }
     id_ = QString::number(QCoreApplication::applicationPid()) + QLatin1Char('-') +
           QString::number(QDateTime::currentMSecsSinceEpoch());
     lock_ = takeLock(lockOf(path()));
@@ -90,12 +98,7 @@ std::vector<RecoveryStore::Left> RecoveryStore::claimLeft() {
         const bool recovery = p.endsWith(kSuffix);
         if (p == path() || p == lockOf(path())) continue;
         if (std::any_of(claimed_.begin(), claimed_.end(), [&](const auto& c) { return c.first == p; })) continue;
-        if (!recovery) {
-            // The lock of a session that ended before it had anything to keep.
-            if (QFileInfo::exists(p.left(p.size() - 5) + kSuffix)) continue;
-            if (const int fd = takeLock(p); fd >= 0) dropLock(p, fd);
-            continue;
-        }
+        if (!recovery) continue;
         const int fd = takeLock(lockOf(p));
         if (fd < 0) continue; // its session still runs, or another one offers it
         claimed_.emplace_back(p, fd);

@@ -3,21 +3,27 @@
 
 #include "core/Errors.h"
 
+#include <cctype>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
+#include <dirent.h>
 #include <fcntl.h>
 #include <fstream>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace tw {
 
 namespace {
 
 constexpr int kMaxLinks = 40; // as the kernel allows in one path
+constexpr int kFreshSeconds = 2;
 
 WriteResult failure(int number, const std::string& description) { return {number, description}; }
 
@@ -52,15 +58,20 @@ mode_t newFileMode() {
     return 0666 & ~mask;
 }
 
+FileWrites::Write writeCall = ::pwrite;
+FileWrites::Flush flushCall = ::fsync;
+
+// From the start of the file, then flushed to the disk.
 bool writeAll(int fd, const std::string& bytes) {
     size_t done = 0;
     while (done < bytes.size()) {
-        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        const ssize_t n = writeCall(fd, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
         if (n < 0 && errno == EINTR) continue;
+        if (n == 0) errno = ENOSPC;
         if (n <= 0) return false;
         done += static_cast<size_t>(n);
     }
-    return ::fsync(fd) == 0 || errno == EINVAL;
+    return flushCall(fd) == 0 || errno == EINVAL;
 }
 
 std::string reason(int e) { return std::strerror(e); }
@@ -73,18 +84,114 @@ WriteResult notWritten(const std::string& path, int e) {
     return failure(err::kDeviceIo, "Device I/O error while writing " + path + " (" + reason(e) + ")");
 }
 
-// Over the old bytes, keeping the file itself (its owner, mode, links).
+bool readAll(int fd, std::string& bytes) {
+    bytes.clear();
+    char buf[65536];
+    for (;;) {
+        const ssize_t n = ::read(fd, buf, sizeof buf);
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) return false;
+        if (n == 0) return true;
+        bytes.append(buf, static_cast<size_t>(n));
+    }
+}
+
+std::string fileName(const std::string& path) { return path.substr(path.find_last_of('/') + 1); }
+
+// A copy of the previous bytes on disk, where the user can find it: beside
+// the file when its folder can be written, else in the user's cache folder.
+// Empty when neither can take it; the bytes are still kept in memory then.
+std::string keepCopy(const std::string& folder, const std::string& target, const std::string& old) {
+    std::vector<std::string> places = {folder};
+    if (const char* cache = std::getenv("XDG_CACHE_HOME"); cache && *cache)
+        places.push_back(cache);
+    else if (const char* home = std::getenv("HOME"); home && *home)
+        places.push_back(std::string(home) + "/.cache");
+    places.push_back("/tmp");
+    for (const auto& place : places) {
+        std::string copy = place + "/" + fileName(target) + ".before-save-XXXXXX";
+        const int fd = ::mkostemp(copy.data(), O_CLOEXEC);
+        if (fd < 0) continue;
+        const bool ok = ::fchmod(fd, 0600) == 0 && writeAll(fd, old);
+        ::close(fd);
+        if (ok) return copy;
+        ::unlink(copy.c_str());
+    }
+    return {};
+}
+
+// Over the old bytes, keeping the file itself (its owner, mode, links). The
+// previous bytes stay in memory and in a copy on disk until the new ones are
+// on the disk, and go back into the file when the write fails.
 WriteResult writeInPlace(const std::string& path, const std::string& target, const std::string& bytes) {
-    const int fd = ::open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    const int fd = ::open(target.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY);
     if (fd < 0)
         return failure(err::kPermissionDenied, "Permission denied: cannot write " + path + " (" + reason(errno) + ")");
-    const bool ok = writeAll(fd, bytes) && ::ftruncate(fd, static_cast<off_t>(bytes.size())) == 0;
+    std::string old;
+    if (!readAll(fd, old)) {
+        const int e = errno;
+        ::close(fd);
+        return failure(err::kDeviceIo, "Device I/O error: " + path + " could not be read before it was written over (" +
+                                           reason(e) + "); it was left as it was");
+    }
+    const std::string copy = keepCopy(folderOf(target), target, old);
+    if (writeAll(fd, bytes) && ::ftruncate(fd, static_cast<off_t>(bytes.size())) == 0 &&
+        (flushCall(fd) == 0 || errno == EINVAL)) {
+        ::close(fd);
+        if (!copy.empty()) ::unlink(copy.c_str());
+        return {};
+    }
     const int e = errno;
+    const bool restored = writeAll(fd, old) && ::ftruncate(fd, static_cast<off_t>(old.size())) == 0 &&
+                          (flushCall(fd) == 0 || errno == EINVAL);
     ::close(fd);
-    return ok ? WriteResult{} : notWritten(path, e);
+    const bool full = e == ENOSPC || e == EDQUOT;
+    const int number = full ? err::kDiskFull : err::kDeviceIo;
+    const std::string what = full ? "Disk full: " : "Device I/O error: ";
+    const std::string failed = what + path + " could not be written over (" + reason(e) + ")";
+    if (restored) {
+        if (!copy.empty()) ::unlink(copy.c_str());
+        return failure(number, failed + "; its previous bytes were put back, so it is as it was before the save");
+    }
+    return failure(number, failed + " and its previous bytes could not be put back, so it is left half-written; " +
+                               (copy.empty() ? std::string("no copy of the previous file could be kept")
+                                             : "a copy of the previous file is at " + copy));
+}
+
+// The temporary file of a save: ".tw" and the six characters mkostemp puts in.
+bool temporaryName(const char* name) {
+    if (std::strncmp(name, ".tw", 3) != 0 || std::strlen(name) != 9) return false;
+    for (const char* c = name + 3; *c; ++c)
+        if (!std::isalnum(static_cast<unsigned char>(*c))) return false;
+    return true;
 }
 
 } // namespace
+
+void removeStaleTemporaries(const std::string& folder) {
+    DIR* dir = ::opendir(folder.c_str());
+    if (!dir) return;
+    const int dfd = ::dirfd(dir);
+    const time_t now = ::time(nullptr);
+    while (const dirent* e = ::readdir(dir)) {
+        if (!temporaryName(e->d_name)) continue;
+        const int fd = ::openat(dfd, e->d_name, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+        if (fd < 0) continue;
+        struct stat st {};
+        // Ours: a plain file of this user's, not locked by a save under way, and not
+        // one a save has only just made (it takes the lock right after).
+        if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_uid == ::geteuid() &&
+            now - st.st_mtime >= kFreshSeconds && ::flock(fd, LOCK_EX | LOCK_NB) == 0)
+            ::unlinkat(dfd, e->d_name, 0);
+        ::close(fd);
+    }
+    ::closedir(dir);
+}
+
+void FileWrites::use(Write write, Flush flush) {
+    writeCall = write ? write : ::pwrite;
+    flushCall = flush ? flush : ::fsync;
+}
 
 WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     const std::string target = linkTarget(path);
@@ -113,9 +220,12 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     // Other names of the file would keep the old bytes after a rename.
     if (exists && st.st_nlink > 1) return writeInPlace(path, target, bytes);
 
+    // What an interrupted save left here goes before this one adds its own.
+    removeStaleTemporaries(folder);
     // Short, so that it fits beside any name the folder can hold.
     std::string temp = folder + "/.twXXXXXX";
     const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
+    if (fd >= 0) ::flock(fd, LOCK_EX | LOCK_NB); // a save under way
     if (fd < 0) {
         const int e = errno;
         if (exists && (e == EACCES || e == EPERM || e == EROFS)) return writeInPlace(path, target, bytes);

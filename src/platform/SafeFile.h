@@ -6,6 +6,7 @@
 #include "core/ports.h"
 
 #include <string>
+#include <sys/types.h>
 
 namespace tw {
 
@@ -14,8 +15,22 @@ namespace tw {
 // which takes the old file's mode, owner and group and is then renamed over
 // it. Where that cannot keep the file as it was -- the folder may not be
 // written, the owner cannot be kept, the file has other names -- the file
-// is written in place. A file the user may not write, a folder, a device or
+// is written in place, its previous bytes kept in a copy until the new ones
+// are on the disk and put back when they cannot be. A file the user may not write, a folder, a device or
 // a pipe is refused and left alone. Descriptions name the cause.
 WriteResult replaceFile(const std::string& path, const std::string& bytes);
+
+// Removes the temporary files of saves that were cut short (a crash, a
+// kill, a power cut) from `folder`: only this user's, and none a save
+// still writes.
+void removeStaleTemporaries(const std::string& folder);
+
+// The calls that put bytes on the disk, so that a test can make them fail
+// as a full disk does; null puts the system's calls back.
+struct FileWrites {
+    using Write = ssize_t (*)(int fd, const void* bytes, size_t count, off_t offset);
+    using Flush = int (*)(int fd);
+    static void use(Write write, Flush flush = nullptr);
+};
 
 } // namespace tw

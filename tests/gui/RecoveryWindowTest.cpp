@@ -13,15 +13,22 @@
 #include "gui/RecoveryBar.h"
 #include "gui/RecoveryKeeper.h"
 #include "platform/Platform.h"
+#include "platform/QuitOnSignals.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QProcess>
 #include <QPushButton>
 #include <QTest>
 
+#include <csignal>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace tw {
 
@@ -79,9 +86,13 @@ int editAndWait(int argc, char** argv) {
     Window s(QString::fromLocal8Bit(argv[2]));
     s.window.show();
     edit(s.app);
+    // As tarnwick's window ends: a polite signal ends the loop, then the work is kept.
+    QuitOnSignals quit;
     std::printf("edited\n");
     std::fflush(stdout);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    s.keeper.finish();
+    return status;
 }
 
 } // namespace
@@ -135,6 +146,62 @@ class RecoveryWindowTest : public QObject {
         // The restored file went; this session's own stands.
         QCOMPARE(recoveryFiles(folder).size(), qsizetype(1));
         QVERIFY(next.store.path().endsWith(recoveryFiles(folder).first()));
+    }
+
+    // Ended by a logout, Ctrl+C or a closed terminal, the window keeps its
+    // work, lets go of its lock and ends normally: its project is offered.
+    void aPoliteSignalKeepsTheWorkAndLeavesNoLock() {
+        for (const int sig : {SIGTERM, SIGINT, SIGHUP}) {
+            QProcess child;
+            child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--edit-and-wait"), folder});
+            QVERIFY(child.waitForStarted());
+            QVERIFY(child.waitForReadyRead(20000));
+            QCOMPARE(child.readLine().trimmed(), QByteArray("edited"));
+            ::kill(static_cast<pid_t>(child.processId()), sig);
+            QVERIFY(child.waitForFinished(20000));
+            QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(child.exitCode(), 0);
+            const auto files = recoveryFiles(folder);
+            QCOMPARE(files.size(), qsizetype(1));
+            QFile kept(QDir(folder).filePath(files.first()));
+            QVERIFY(kept.open(QIODevice::ReadOnly));
+            QVERIFY(kept.readAll().contains(" EDITED\""));
+            QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), files);
+            QCOMPARE(Window(folder).offered().size(), size_t(1));
+            QDir(folder).removeRecursively();
+            QDir().mkpath(folder);
+        }
+    }
+
+    // At its start a session removes what ended sessions left and no longer
+    // need, and nothing else: a running session's lock, a project to offer,
+    // files not of ours stay.
+    void aStartRemovesOnlyStaleLeftovers() {
+        const QDir dir(folder);
+        auto make = [&](const QString& name) {
+            QFile f(dir.filePath(name));
+            QVERIFY(f.open(QIODevice::WriteOnly));
+            f.setFileTime(QDateTime::currentDateTime().addSecs(-600), QFileDevice::FileModificationTime);
+        };
+        const QStringList gone = {QStringLiteral("recovery-1-1.lock"), QStringLiteral(".twAb12Cd")};
+        const QStringList kept = {QStringLiteral("recovery-2-2.ebnt"), QStringLiteral("recovery-2-2.lock"),
+                                  QStringLiteral("recovery-3-3.lock"), QStringLiteral("notes.lock"),
+                                  QStringLiteral(".tw-notes")};
+        for (const auto& name : gone + kept)
+            make(name);
+        const int running = ::open(QFile::encodeName(dir.filePath(kept[2])).constData(), O_RDONLY);
+        QCOMPARE(::flock(running, LOCK_EX), 0);
+        {
+            RecoveryStore store(folder);
+            QVERIFY(store.open());
+            QStringList left = dir.entryList(QDir::Files | QDir::Hidden);
+            left.removeAll(QFileInfo(store.path()).completeBaseName() + QStringLiteral(".lock"));
+            QStringList want = kept;
+            left.sort();
+            want.sort();
+            QCOMPARE(left, want);
+        }
+        ::close(running);
     }
 
     void aSaveCutShortThenANormalExitLosesNothing() {

@@ -98,6 +98,7 @@ TEST_F(ProcessEnd, TheTimeLimitEndsAHungProgramAndWhatItStarted) {
     } cases[] = {
         {"hang-batch", "bent.pids", "Timeout occurred: the drawing batch program was still running after 1 second"},
         {"hang", "bent.ebnt.pids", "Timeout occurred: the engine was still running after 1 second"},
+        {"setsid-batch", "bent.pids", "Timeout occurred: the drawing batch program was still running after 1 second"},
     };
     for (const auto& c : cases) {
         fs::remove(dir / c.pids);
@@ -116,7 +117,8 @@ TEST_F(ProcessEnd, TheTimeLimitEndsAHungProgramAndWhatItStarted) {
 // Killed outright, tarnwick cannot end anything itself: the programs end all the same.
 TEST_F(ProcessEnd, AKillOfTarnwickEndsTheProgramsItWaitedFor) {
     std::ofstream(dir / "run.txt") << "file bent.ebnt\nclick mnuOpen\nanswer Yes\nclick mnuRun\n";
-    for (const auto& [engines, pids] : {std::pair{"hang-batch", "bent.pids"}, std::pair{"hang", "bent.ebnt.pids"}}) {
+    for (const auto& [engines, pids] : {std::pair{"hang-batch", "bent.pids"}, std::pair{"hang", "bent.ebnt.pids"},
+                                        std::pair{"setsid-batch", "bent.pids"}}) {
         fs::remove(dir / pids);
         const pid_t tarnwick = start(engines, {"replay", "run.txt"});
         const auto started = programs(pids);
@@ -125,6 +127,16 @@ TEST_F(ProcessEnd, AKillOfTarnwickEndsTheProgramsItWaitedFor) {
         EXPECT_EQ(wait(tarnwick), 128 + SIGKILL);
         expectAllEnd(started);
     }
+}
+
+// A batch program that ends at once but leaves a program running in a
+// session of its own: the run finishes as before, and the program ends
+// with tarnwick.
+TEST_F(ProcessEnd, WhatABatchProgramLeftRunningEndsWithTarnwick) {
+    const pid_t tarnwick = start("setsid-leave", {"run", "bent.ebnt"});
+    EXPECT_EQ(wait(tarnwick), 0) << slurp(dir / "err.txt");
+    EXPECT_NE(slurp(dir / "out.txt").find("The program has finished running."), std::string::npos);
+    expectAllEnd(programs("bent.pids"));
 }
 
 // A batch program that fails and draws nothing: the run finishes as before,

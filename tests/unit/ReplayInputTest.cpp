@@ -4,13 +4,12 @@
 // carried out whole or not at all; standard input is played live.
 #include "RunTarnwick.h"
 
+#include "cli/QuietProject.h"
 #include "cli/Replay.h"
 #include "cli/ScriptReader.h"
-#include "cli/QuietProject.h"
 
 #include <gtest/gtest.h>
 
-#include <poll.h>
 #include <sstream>
 #include <sys/stat.h>
 
@@ -110,45 +109,14 @@ TEST_F(ReplayScript, OnlyARegularFileOrStandardInputIsRead) {
 
 // Another program drives the form: each line's answer comes before the next line is sent.
 TEST_F(ReplayScript, StandardInputIsPlayedLineByLineAsItArrives) {
-    int in[2], out[2];
-    ASSERT_EQ(pipe(in), 0);
-    ASSERT_EQ(pipe(out), 0);
-    const pid_t pid = fork();
-    if (pid == 0) {
-        dup2(in[0], 0);
-        dup2(out[1], 1);
-        close(in[1]);
-        close(out[0]);
-        if (chdir(dir.c_str()) != 0) _exit(126);
-        execl(TW_TARNWICK_EXE, TW_TARNWICK_EXE, "replay", "-", nullptr);
-        _exit(127);
-    }
-    close(in[0]);
-    close(out[1]);
-    // One line of output, waiting at most 20 seconds for it (a bound against hanging).
-    auto answer = [&] {
-        std::string line;
-        for (char c = 0; c != '\n';) {
-            pollfd p{out[0], POLLIN, 0};
-            if (poll(&p, 1, 20000) != 1 || read(out[0], &c, 1) != 1) return line + "<no answer>";
-            line += c;
-        }
-        return line;
-    };
-    auto send = [&](const std::string& line) {
-        ASSERT_EQ(write(in[1], line.data(), line.size()), ssize_t(line.size()));
-    };
-    send("show txtCapWidth\n");
-    EXPECT_EQ(answer(), "txtCapWidth = \"3.0000\"\n");
-    send("paste txtCapWidth 4.5\nshow txtCapWidth\n");
-    EXPECT_EQ(answer(), "txtCapWidth = \"4.5\"\n");
-    send("counter\n");
-    EXPECT_EQ(answer(), "counter = 0\n");
-    close(in[1]);
-    int status = 0;
-    waitpid(pid, &status, 0);
-    close(out[0]);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    test::LiveReplay live(dir);
+    live.send("show txtCapWidth\n");
+    EXPECT_EQ(live.answer(), "txtCapWidth = \"3.0000\"\n");
+    live.send("paste txtCapWidth 4.5\nshow txtCapWidth\n");
+    EXPECT_EQ(live.answer(), "txtCapWidth = \"4.5\"\n");
+    live.send("counter\n");
+    EXPECT_EQ(live.answer(), "counter = 0\n");
+    EXPECT_EQ(live.end(), 0);
 }
 
 } // namespace

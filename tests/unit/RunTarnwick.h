@@ -8,6 +8,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
 #include <string>
 #include <sys/wait.h>
 #include <thread>
@@ -69,5 +70,56 @@ inline Ran runTarnwick(std::vector<std::string> args, const std::filesystem::pat
     ran.err = slurp(errFile);
     return ran;
 }
+
+// `tarnwick replay -` in `dir`, driven line by line as another program would.
+class LiveReplay {
+  public:
+    explicit LiveReplay(const std::filesystem::path& dir) {
+        int in[2], out[2];
+        if (pipe(in) != 0 || pipe(out) != 0) return;
+        pid_ = fork();
+        if (pid_ == 0) {
+            dup2(in[0], 0);
+            dup2(out[1], 1);
+            close(in[1]);
+            close(out[0]);
+            if (chdir(dir.c_str()) != 0) _exit(126);
+            execl(TW_TARNWICK_EXE, TW_TARNWICK_EXE, "replay", "-", nullptr);
+            _exit(127);
+        }
+        close(in[0]);
+        close(out[1]);
+        in_ = in[1];
+        out_ = out[0];
+    }
+    ~LiveReplay() { end(); }
+    void send(const std::string& lines) {
+        if (write(in_, lines.data(), lines.size()) != ssize_t(lines.size())) ADD_FAILURE() << "not sent: " << lines;
+    }
+    // One line of output, waiting at most 20 seconds for it (a bound against hanging).
+    std::string answer() {
+        std::string line;
+        for (char c = 0; c != '\n';) {
+            pollfd p{out_, POLLIN, 0};
+            if (poll(&p, 1, 20000) != 1 || read(out_, &c, 1) != 1) return line + "<no answer>";
+            line += c;
+        }
+        return line;
+    }
+    // Ends the script; the exit status.
+    int end() {
+        if (pid_ <= 0) return -1;
+        close(in_);
+        int status = 0;
+        waitpid(pid_, &status, 0);
+        close(out_);
+        pid_ = 0;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    }
+
+  private:
+    pid_t pid_ = -1;
+    int in_ = -1, out_ = -1;
+};
 
 } // namespace tw::test

@@ -8,14 +8,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <grp.h>
 #include <sstream>
+#include <string>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace tw {
 namespace {
@@ -200,6 +207,97 @@ TEST(SafeSave, TheOwnerAndGroupAreKept) {
     EXPECT_EQ(st.st_gid, kSomeoneElse);
     EXPECT_EQ(st.st_mode & 07777, 0666u);
     EXPECT_EQ(slurp(file), "by root");
+}
+
+// The disk fills while a file with two names is written over in place (a
+// rename would part the names): the next `failures` writes to that file put
+// down half their bytes and fail.
+int failures = 0;
+fs::path failing;
+
+ssize_t fillingWrite(int fd, const void* bytes, size_t count, off_t offset) {
+    std::error_code ec;
+    if (failures > 0 && fs::read_symlink("/proc/self/fd/" + std::to_string(fd), ec) == failing) {
+        --failures;
+        if (count > 1 && pwrite(fd, bytes, count / 2, offset) < 0) return -1;
+        errno = ENOSPC;
+        return -1;
+    }
+    return pwrite(fd, bytes, count, offset);
+}
+
+TEST(SafeSave, AFullDiskDuringAnInPlaceWriteIsToldAsItEnded) {
+    Folder d("tw-save-inplace-full");
+    const auto file = d.path / "bent.ebnt", other = d.path / "other-name.ebnt";
+    const std::string previous(5000, 'p');
+    put(file, previous, 0644);
+    fs::create_hard_link(file, other);
+    failing = fs::canonical(file);
+    FileWrites::use(fillingWrite);
+
+    failures = 1; // the new bytes fail; putting the old ones back works
+    WriteResult r = replaceFile(file.string(), std::string(9000, 'n'));
+    EXPECT_EQ(r.errorNumber, 61);
+    EXPECT_EQ(r.error, "Disk full: " + file.string() +
+                           " could not be written over (No space left on device); its previous bytes were put "
+                           "back, so it is as it was before the save");
+    EXPECT_EQ(slurp(file), previous);
+    EXPECT_EQ(d.entries(), 2u) << "the copy stays only while it is needed";
+
+    failures = 1000; // nothing more reaches the file
+    r = replaceFile(file.string(), std::string(9000, 'n'));
+    FileWrites::use(nullptr);
+    EXPECT_EQ(r.errorNumber, 61);
+    const std::string copyAt = "so it is left half-written; a copy of the previous file is at ";
+    const auto at = r.error.find(copyAt);
+    ASSERT_NE(at, std::string::npos) << r.error;
+    const fs::path copy = r.error.substr(at + copyAt.size());
+    EXPECT_EQ(copy.parent_path(), d.path);
+    EXPECT_EQ(slurp(copy), previous);
+    EXPECT_NE(slurp(file), previous) << "the message must not claim what did not happen";
+    EXPECT_EQ(fs::hard_link_count(other), 2u);
+}
+
+// A save cut short leaves its temporary file; the next save in that folder
+// removes it, and nothing that is not a stale temporary of this user's.
+TEST(SafeSave, StaleTemporariesOfCutShortSavesGo) {
+    Folder d("tw-save-stale");
+    const auto old = fs::file_time_type::clock::now() - std::chrono::minutes(5);
+    auto make = [&](const std::string& name, bool stale) {
+        put(d.path / name, "left over", 0600);
+        if (stale) fs::last_write_time(d.path / name, old);
+    };
+    make(".twAb12Cd", true);
+    make(".twXyZ789", true);
+    const std::vector<std::string> kept = {
+        ".twFresh1",     // a save under way has only just made it
+        ".twLocked",     // a save under way holds it
+        ".twSeven77",    // not the name of one
+        "bent.tw123456", // nor this
+        ".twLink12",     // a link is nobody's temporary
+        ".twOthers",     // someone else's, where a test can make one
+    };
+    make(kept[0], false);
+    make(kept[1], true);
+    make(kept[2], true);
+    make(kept[3], true);
+    fs::create_symlink(d.path / "bent.tw123456", d.path / kept[4]);
+    make(kept[5], true);
+    const bool others = geteuid() == 0 && chown((d.path / kept[5]).c_str(), kSomeoneElse, kSomeoneElse) == 0;
+    const int lock = open((d.path / kept[1]).c_str(), O_RDONLY);
+    ASSERT_EQ(flock(lock, LOCK_EX), 0);
+
+    EXPECT_EQ(replaceFile((d.path / "bent.ebnt").string(), "saved").errorNumber, 0);
+    close(lock);
+    std::vector<std::string> names;
+    for (const auto& e : fs::directory_iterator(d.path))
+        names.push_back(e.path().filename().string());
+    std::sort(names.begin(), names.end());
+    std::vector<std::string> want = kept;
+    if (!others) want.pop_back(); // ours after all, and stale: it goes
+    want.push_back("bent.ebnt");
+    std::sort(want.begin(), want.end());
+    EXPECT_EQ(names, want);
 }
 
 } // namespace

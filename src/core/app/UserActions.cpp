@@ -255,6 +255,10 @@ bool UserActions::restore(const std::string& recovery) {
     return restored;
 }
 
+void UserActions::reload() {
+    app_.perform([&] { reloadProject(app_.session_); });
+}
+
 void UserActions::tell(const ChangeSet& changes) {
     for (const auto& listener : listeners_)
         listener(changes);

@@ -47,6 +47,8 @@ class UserActions {
     void redo() { apply(cmd::Redo{}); }
     // False when the recovery file could not be read.
     bool restore(const std::string& recovery);
+    // Reads the project's file again, as another program left it.
+    void reload();
 
     // Hears of every change, whatever made it: the window redraws what the
     // set names, the recovery keeper and the drawing pane take note.

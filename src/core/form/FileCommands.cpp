@@ -191,13 +191,48 @@ InputFileText composeSave(Session& s) {
     return composeInputFile(s.project(), checks);
 }
 
+bool changedOnDisk(const Session& s, const std::string& path) {
+    const auto& known = s.onDisk();
+    if (!known || known->path != path) return false;
+    const ReadResult now = s.system.readFile(path, kMaxInputFileBytes);
+    // A file that is gone, or cannot be read, holds no one's change to lose.
+    return !now.errorNumber && now.bytes != known->bytes;
+}
+
 bool writeInputFile(Session& s, const std::string& path) {
     return s.guarded([&] {
         const InputFileText text = composeSave(s);
+        // The one question beyond the old form's: asked only when a save would
+        // overwrite a change made on disk by someone else.
+        if (changedOnDisk(s, path) && s.message(changedOnDiskText(path) + "  Save over it?", kChangedOnDiskTitle,
+                                                MsgButtons::YesNo, MsgIcon::None) != MsgAnswer::Yes)
+            throw RuntimeError(err::kCancel, "Cancel was selected.");
         const WriteResult w = s.system.writeFile(path, text.bytes);
         if (w.errorNumber) throw RuntimeError(w.errorNumber, w.error);
+        s.setOnDisk(Session::OnDisk{path, text.bytes});
         s.setSaveFailed(text.aborted);
     });
+}
+
+std::string changedOnDiskText(const std::string& path) {
+    return path + " was changed by another program since it was opened or saved here.";
+}
+
+std::string openTwiceText(const std::string& path) {
+    return path + " is open in another Tarnwick window too. A save in one would write over what was saved in the "
+                  "other; Save asks before it does.";
+}
+
+std::optional<Session::OnDisk> changedOnDiskNow(const Session& s) {
+    const auto& known = s.onDisk();
+    if (!known) return std::nullopt;
+    ReadResult now = s.system.readFile(known->path, kMaxInputFileBytes);
+    if (now.errorNumber || now.bytes == known->bytes) return std::nullopt;
+    return Session::OnDisk{known->path, std::move(now.bytes)};
+}
+
+void reloadProject(Session& s) {
+    if (const auto& known = s.onDisk()) readProject(s, std::string(known->path));
 }
 
 void parseProject(Session& s, const std::string& bytes, std::vector<std::string>* notes) {
@@ -220,6 +255,7 @@ bool readInputFile(Session& s, const std::string& path, std::vector<std::string>
     return s.guarded([&] {
         const ReadResult r = s.system.readFile(path, kMaxInputFileBytes);
         if (r.errorNumber) throw RuntimeError(r.errorNumber, r.error);
+        s.setOnDisk(Session::OnDisk{path, r.bytes});
         parseProject(s, r.bytes, notes);
     });
 }

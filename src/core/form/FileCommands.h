@@ -4,14 +4,14 @@
 // file through the platform.
 #pragma once
 
+#include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace tw {
-
-class Session;
 
 void newProject(Session& s);
 void openProject(Session& s);
@@ -26,6 +26,17 @@ InputFileText composeSave(Session& s);
 // Writes the project to `path`; a run-time error is shown in the standard
 // error box and gives false.
 bool writeInputFile(Session& s, const std::string& path);
+// The project's file as it now is on disk when it changed since it was
+// read or written here, else nothing. The title and words of what the user
+// is told.
+std::optional<Session::OnDisk> changedOnDiskNow(const Session& s);
+inline constexpr char kChangedOnDiskTitle[] = "File Changed";
+std::string changedOnDiskText(const std::string& path);
+// The project's file is held open by another window or program too.
+inline constexpr char kOpenTwiceTitle[] = "File Open Twice";
+std::string openTwiceText(const std::string& path);
+// Reads the project's file again, as it now is on disk.
+void reloadProject(Session& s);
 // Reads `path` onto a form at its defaults; a failure is shown in the
 // standard error box and gives false. A number field whose text is no
 // number is kept and, with `notes`, told there.

@@ -102,6 +102,14 @@ class Session {
     void setDialogFileName(const std::string& path) { dialogFileName_ = path; }
     void setRunOutputBase(const std::string& base) { runOutputBase_ = base; }
     void setMainUnloaded() { mainUnloaded_ = true; }
+    // The bytes of the file last read or written, as they were then: a file
+    // changed since by someone else is told from one that is as we left it.
+    struct OnDisk {
+        std::string path;
+        std::string bytes;
+    };
+    const std::optional<OnDisk>& onDisk() const { return onDisk_; }
+    void setOnDisk(std::optional<OnDisk> d) { onDisk_ = std::move(d); }
 
     // --- Focus (main form). Moving it runs the leave handler of the control
     // that loses it, then the focus handler of the one that gains it.
@@ -166,6 +174,7 @@ class Session {
     bool hinting_ = false;
     std::optional<CtlId> hintField_;
     std::optional<Project> savedProject_;
+    std::optional<OnDisk> onDisk_;
     ChangeLog log_;
 };
 
