@@ -9,6 +9,7 @@
 #include "core/app/App.h"
 #include "platform/FileRead.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,13 @@ class QuietFilePorts : public QuietPorts {
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
         return readRegularFile(path, maxBytes);
     }
+    // A save is kept here, for the caller to write once it knows the whole
+    // command went through.
+    WriteResult writeFile(const std::string&, const std::string& bytes) override {
+        saved = bytes;
+        return {};
+    }
+    std::optional<std::string> saved;
 };
 
 struct QuietProject {

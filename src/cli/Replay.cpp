@@ -1,5 +1,7 @@
 #include "cli/Replay.h"
 
+#include "core/benttable/BentRows.h"
+
 #include "cli/Printing.h"
 #include "cli/ReplayArguments.h"
 #include "cli/ScriptReader.h"
@@ -39,7 +41,8 @@ const std::vector<std::pair<std::string, Replay::Verb>>& Replay::verbs() {
         {"show", &Replay::show},         {"state", &Replay::state},     {"focus", &Replay::focus},
         {"grid", &Replay::grid},         {"counter", &Replay::counter}, {"register", &Replay::registerLine},
         {"setting", &Replay::setting},   {"undo", &Replay::undo},       {"redo", &Replay::redo},
-        {"modified", &Replay::modified}, {"status", &Replay::status},
+        {"modified", &Replay::modified}, {"status", &Replay::status},   {"paste-bents", &Replay::pasteBents},
+        {"copy", &Replay::copy},
     };
     return table;
 }
@@ -252,6 +255,22 @@ bool Replay::registerLine(const Line&) {
 
 bool Replay::setting(const Line&) {
     out_ << "setting LastTime = " << quote(app_.system().readSetting("Usage", "UsageInfo", "LastTime")) << '\n';
+    return true;
+}
+
+bool Replay::pasteBents(const Line& l) {
+    if (!need(l, 2)) return false;
+    app_.actions.apply(cmd::PasteBents{textFrom(l, 1)});
+    return true;
+}
+
+bool Replay::copy(const Line&) {
+    // What Edit > Copy puts on the clipboard: the selected bent rows, heading first.
+    const GridSelection sel = app_.selection();
+    const auto& table = app_.project().table();
+    const int from = std::min(sel.row, sel.end), to = std::max(sel.row, sel.end);
+    out_ << "clipboard text/plain " << quote(tableTsv(table, from, to)) << '\n';
+    out_ << "clipboard text/csv " << quote(tableCsv(table, from, to)) << '\n';
     return true;
 }
 

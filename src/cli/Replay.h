@@ -74,6 +74,8 @@ class Replay {
     bool redo(const Line& l);
     bool modified(const Line& l);
     bool status(const Line& l);
+    bool pasteBents(const Line& l);
+    bool copy(const Line& l);
 
     App& app_;
     ReplayPorts& ports_;

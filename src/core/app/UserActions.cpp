@@ -233,8 +233,19 @@ ChangeSet UserActions::apply(const Command& command) {
             [&](const cmd::Undo&) { return a.walkHistory(false); },
             [&](const cmd::Redo&) { return a.walkHistory(true); },
             [&](const cmd::Restore& c) { return a.perform([&] { restoreRecovery(s, c.recovery); }); },
+            [&](const cmd::PasteBents& c) {
+                return a.perform([&] { tw::pasteBents(s, c.text); }, "Paste Bents", CtlId(Ctl::txtBentNoPI),
+                                 s.table().rows());
+            },
         },
         command);
+}
+
+PasteOutcome UserActions::pasteBents(const std::string& text) {
+    PasteOutcome outcome;
+    Session& s = app_.session_;
+    app_.perform([&] { outcome = tw::pasteBents(s, text); }, "Paste Bents", CtlId(Ctl::txtBentNoPI), s.table().rows());
+    return outcome;
 }
 
 bool UserActions::restore(const std::string& recovery) {
