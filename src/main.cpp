@@ -33,6 +33,8 @@ const char* kUsage =
     "  tarnwick table FILE --add ROWS.csv --output NEW.ebnt\n"
     "                                    FILE with the rows of ROWS.csv added through Add's checks,\n"
     "                                    written to NEW.ebnt; a refused row writes nothing\n"
+    "  tarnwick diff A.ebnt B.ebnt       every input and bent that differs; exit 0 the same, 1 different,\n"
+    "                                    2 a file that does not read\n"
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
     "  tarnwick draw FILE [--bent N] OUT the bent drawn from FILE's inputs (row N of the bent table for the\n"
     "                                    elevation, default 1) as SVG, PDF or PNG by OUT's suffix\n"
@@ -57,7 +59,7 @@ std::string defaultProgramDir() {
 
 bool isCommand(const std::string& arg) {
     return arg == "check" || arg == "dump" || arg == "run" || arg == "replay" || arg == "view" || arg == "draw" ||
-           arg == "table" || arg.rfind('-', 0) == 0;
+           arg == "table" || arg == "diff" || arg.rfind('-', 0) == 0;
 }
 
 // A whole, positive number of seconds; 0 for anything else.
@@ -159,6 +161,7 @@ int command(int& argc, char** argv, const Arguments& a) {
         if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
         if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
         if (cmd == "table" && !rest.empty()) return tw::cliTable(opt, rest);
+        if (cmd == "diff" && rest.size() == 2) return tw::cliDiff(opt, rest[0], rest[1]);
         if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
     } catch (const std::bad_alloc&) {
         std::cerr << "tarnwick: " << cmd << " needs more memory than the program may use.\n";

@@ -95,6 +95,63 @@ table_cases() {
   expect 2 "--add without --output"
 }
 
+diff_cases() {
+  # A revision made as the engineer makes one: a cap length typed, a bent pasted, a bent edited and replaced.
+  cat >revise.txt <<'SCRIPT'
+file end-with-backwall.ebnt
+click mnuOpen
+paste txtCapLength "82.5"
+leave txtCapLength
+paste-bents "9,,,99.8,99.9,100,100.1,104.25,104.5,101.75,104.5,105.1,105.2,104.9,105,104.95"
+select 1
+click cmdQuantity(3)
+paste txtEStepPI(1) "99.95"
+leave txtEStepPI(1)
+click cmdQuantity(2)
+answer No
+file revised.ebnt
+click mnuSave
+SCRIPT
+  run replay revise.txt
+  expect 0 "making the revision"
+
+  run diff end-with-backwall.ebnt end-with-backwall.ebnt
+  expect 0 "a project against itself"
+  [ -z "$out" ] || fail "a project against itself printed: $out"
+
+  run diff end-with-backwall.ebnt revised.ebnt
+  expect 1 "a revision"
+  cat >want.txt <<'LINES'
+Enter the length of the cap measured along the front face of the cap  txtCapLength: "38.0000" -> "82.5000"
+Bent 9 added: "9" "" "" "99.80" "99.90" "100.00" "100.10" "104.25" "104.50" "101.75" "104.50" "105.10" "105.20" "104.90" "105.00" "104.95"
+Bent 3 changed  2Step: "99.90" -> "99.95"
+LINES
+  cmp -s out.txt want.txt || fail "the revision's differences: $out"
+
+  run diff revised.ebnt end-with-backwall.ebnt
+  expect 1 "the revision the other way"
+  [[ "$out" == *'Bent 9 removed: "9"'* ]] || fail "a removed bent: $out"
+
+  # Another bent type: the type, its columns and every bent differ.
+  run diff intermediate.ebnt end-with-backwall.ebnt
+  expect 1 "two bent types"
+  [[ "$out" == *'cboTybent: "Pile Intermediate Bent" -> "Pile End Bent with Backwall"'* ]] || fail "bent type: $out"
+
+  # Files that do not read are an error, as diff has it.
+  run diff end-with-backwall.ebnt nowhere.ebnt
+  expect 2 "a missing file"
+  [[ "$err" == "nowhere.ebnt: "*"File not found"* ]] || fail "missing file: $err"
+  mkdir folder.ebnt
+  run diff folder.ebnt end-with-backwall.ebnt
+  expect 2 "a folder"
+  printf 'not a project\r\n' >garbage.ebnt
+  run diff end-with-backwall.ebnt garbage.ebnt
+  expect 2 "a file that is no project"
+  [ -z "$out" ] || fail "an unreadable file still printed: $out"
+  run diff end-with-backwall.ebnt
+  expect 2 "one file only"
+}
+
 case $mode in
 table) table_cases ;;
 diff) diff_cases ;;
