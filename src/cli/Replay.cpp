@@ -42,7 +42,7 @@ const std::vector<std::pair<std::string, Replay::Verb>>& Replay::verbs() {
         {"grid", &Replay::grid},         {"counter", &Replay::counter}, {"register", &Replay::registerLine},
         {"setting", &Replay::setting},   {"undo", &Replay::undo},       {"redo", &Replay::redo},
         {"modified", &Replay::modified}, {"status", &Replay::status},   {"paste-bents", &Replay::pasteBents},
-        {"copy", &Replay::copy},
+        {"copy", &Replay::copy},         {"recent", &Replay::recent},
     };
     return table;
 }
@@ -271,6 +271,15 @@ bool Replay::copy(const Line&) {
     const int from = std::min(sel.row, sel.end), to = std::max(sel.row, sel.end);
     out_ << "clipboard text/plain " << quote(tableTsv(table, from, to)) << '\n';
     out_ << "clipboard text/csv " << quote(tableCsv(table, from, to)) << '\n';
+    return true;
+}
+
+bool Replay::recent(const Line&) {
+    // The File menu's recent projects: caption and the path its status tip shows.
+    for (int i = 0; i < ctlArraySize(Ctl::mnuRecentFile); ++i) {
+        const Control& c = app_.ctl(CtlId(Ctl::mnuRecentFile, i));
+        if (c.visible) out_ << "recent " << i << ' ' << quote(c.caption) << ' ' << quote(c.text) << '\n';
+    }
     return true;
 }
 

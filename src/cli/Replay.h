@@ -76,6 +76,7 @@ class Replay {
     bool status(const Line& l);
     bool pasteBents(const Line& l);
     bool copy(const Line& l);
+    bool recent(const Line& l);
 
     App& app_;
     ReplayPorts& ports_;

@@ -6,6 +6,7 @@
 #include "core/form/Events.h"
 #include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
+#include "core/form/RecentFiles.h"
 #include "core/form/Recovery.h"
 #include "core/form/ShellCommands.h"
 #include "core/model/Inputs.h"
@@ -84,6 +85,7 @@ void clickMain(Session& s, const CtlId& id) {
     switch (id.ctl) {
     case Ctl::mnuNew: newProject(s); break;
     case Ctl::mnuOpen: openProject(s); break;
+    case Ctl::mnuRecentFile: openRecentFile(s, id.index); break;
     case Ctl::mnuSave:
     case Ctl::mnuSaveAs: saveProject(s); break;
     case Ctl::mnuPrint: printCommand(s); break;
