@@ -235,6 +235,7 @@ ChangeSet UserActions::apply(const Command& command) {
             [&](const cmd::Undo&) { return a.walkHistory(false); },
             [&](const cmd::Redo&) { return a.walkHistory(true); },
             [&](const cmd::Restore& c) { return a.perform([&] { restoreRecovery(s, c.recovery); }); },
+            [&](const cmd::OpenPath& c) { return a.perform([&] { openPath(s, c.path); }); },
             [&](const cmd::PasteBents& c) {
                 return a.perform([&] { tw::pasteBents(s, c.text); }, "Paste Bents", CtlId(Ctl::txtBentNoPI),
                                  s.table().rows());
