@@ -3,6 +3,8 @@
 
 #include "core/model/BentTable.h"
 
+#include <algorithm>
+
 namespace tw {
 
 std::vector<Record> readDelimited(const std::string& text, char separator) {
@@ -19,7 +21,9 @@ std::vector<Record> readDelimited(const std::string& text, char separator) {
     };
     auto endRecord = [&] {
         endCell();
-        const bool blank = current.cells.size() == 1 && current.cells[0].empty();
+        // A row of empty cells is what a spreadsheet exports below its data.
+        const bool blank =
+            std::all_of(current.cells.begin(), current.cells.end(), [](const std::string& c) { return c.empty(); });
         if (!blank) records.push_back(std::move(current));
         current = Record{};
         current.line = line;

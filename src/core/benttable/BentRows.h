@@ -19,8 +19,8 @@ struct Record {
 };
 
 // Reads delimited text. A cell in double quotes may hold the separator, line
-// breaks and doubled quotes; CR LF and LF both end a record. Blank lines are
-// skipped.
+// breaks and doubled quotes; CR LF and LF both end a record. Blank lines and
+// rows of empty cells are skipped.
 std::vector<Record> readDelimited(const std::string& text, char separator);
 // The separator of pasted text: a tab when its first line holds one, else a comma.
 char separatorOf(const std::string& text);
