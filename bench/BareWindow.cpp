@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The floor for start-up: a bare Qt window shown, then the program ends.
 #include <QApplication>
 #include <QLabel>

@@ -1,10 +1,15 @@
+// SPDX-License-Identifier: Apache-2.0
 // The core on the largest project: saving and opening against plain stdio
 // writing and reading the same bytes, and every form event an engineer
 // triggers.
 #include "LargestProject.h"
 
+#include "TestFiles.h"
+
 #include "core/drawing/BentDrawing.h"
-#include "core/inputfile/InputFile.h"
+#include "core/drawing/BentInputs.h"
+#include "core/form/FileCommands.h"
+#include "core/form/MainForm.h"
 
 #include <benchmark/benchmark.h>
 
@@ -18,9 +23,10 @@ namespace {
 const std::string kPath = (std::filesystem::temp_directory_path() / "tarnwick-bench.ebnt").string();
 
 std::string largestBytes() {
-    test::Loaded app;
-    fillLargestProject(*app);
-    return composeInputFile(*app).bytes;
+    test::Loaded s;
+    fillLargestProject(*s);
+    writeInputFile(*s, kPath);
+    return test::slurp(kPath);
 }
 
 void BM_Floor_WriteSameBytesWithStdio(benchmark::State& state) {
@@ -34,10 +40,10 @@ void BM_Floor_WriteSameBytesWithStdio(benchmark::State& state) {
 }
 
 void BM_SaveLargestProject(benchmark::State& state) {
-    test::Loaded app;
-    fillLargestProject(*app);
+    test::Loaded s;
+    fillLargestProject(*s);
     for (auto _ : state)
-        benchmark::DoNotOptimize(writeInputFile(*app, kPath));
+        benchmark::DoNotOptimize(writeInputFile(*s, kPath));
 }
 
 void BM_Floor_ReadSameBytesWithStdio(benchmark::State& state) {
@@ -54,17 +60,17 @@ void BM_Floor_ReadSameBytesWithStdio(benchmark::State& state) {
 
 void BM_OpenLargestProject(benchmark::State& state) {
     std::ofstream(kPath, std::ios::binary) << largestBytes();
-    test::Loaded app;
+    test::Loaded s;
     for (auto _ : state) {
-        resetForm(*app);
-        benchmark::DoNotOptimize(readInputFile(*app, kPath));
+        resetForm(*s);
+        benchmark::DoNotOptimize(readInputFile(*s, kPath));
     }
 }
 
 // One event on the largest project, the project rebuilt outside the timing.
 template <class Event> void perEvent(benchmark::State& state, Event event) {
-    test::Loaded app;
-    fillLargestProject(*app);
+    test::Program app;
+    loadLargestProject(*app);
     for (auto _ : state)
         event(*app, state);
 }
@@ -96,18 +102,16 @@ void BM_Event_SwitchBentType(benchmark::State& s) {
 void BM_Event_AddInsertReplace(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State& st) {
         st.PauseTiming();
-        fillEntry(a, "A");
-        a.bentRegister.erase(std::remove(a.bentRegister.begin(), a.bentRegister.end(), "A"), a.bentRegister.end());
+        test::bring(a, [](Session& f) {
+            fillLargestProject(f);
+            fillEntry(f, "A");
+        });
         st.ResumeTiming();
         a.actions.click(CtlId(Ctl::cmdQuantity, 0));
-        st.PauseTiming();
-        fillEntry(a, "B");
         a.actions.selectRows(50, 50);
-        st.ResumeTiming();
-        a.actions.click(CtlId(Ctl::cmdQuantity, 2));
-        st.PauseTiming();
-        a.grid.setRows(100);
-        st.ResumeTiming();
+        a.actions.edit(Ctl::txtBentNoPI, "B");
+        a.actions.click(CtlId(Ctl::cmdQuantity, 3)); // Edit: the row's values back into the fields
+        a.actions.click(CtlId(Ctl::cmdQuantity, 2)); // Replace
     });
 }
 void BM_Event_MoveUpDown(benchmark::State& s) {
@@ -122,18 +126,46 @@ void BM_Event_DeleteAllThenNew(benchmark::State& s) {
         a.actions.click(CtlId(Ctl::cmdQuantity, 5));
         a.actions.click(Ctl::mnuNew);
         st.PauseTiming();
-        fillLargestProject(a);
+        loadLargestProject(a);
         st.ResumeTiming();
     });
 }
 
+// Undo of Delete All on 99 bents: the grid, the counter, the register and
+// the entry fields put back in one step.
+void BM_Event_UndoDeleteAll(benchmark::State& s) {
+    perEvent(s, [](App& a, benchmark::State& st) {
+        st.PauseTiming();
+        a.actions.click(CtlId(Ctl::cmdQuantity, 5));
+        st.ResumeTiming();
+        a.actions.undo();
+    });
+}
+
+// What a long session's history holds: 1000 edits of the cap length, each
+// formatted on leaving, beside the 99 bents. The figure is the counter.
+void BM_History_1000Steps(benchmark::State& s) {
+    for (auto _ : s) {
+        s.PauseTiming();
+        test::Program app;
+        loadLargestProject(*app);
+        s.ResumeTiming();
+        for (int i = 0; i < 1000; ++i) {
+            app->actions.edit(Ctl::txtCapLength, i % 2 ? "95.5" : "96");
+            app->actions.leave(Ctl::txtCapLength);
+        }
+        s.counters["steps"] = static_cast<double>(app->history().steps());
+        s.counters["MiB"] = static_cast<double>(app->history().footprint()) / (1024.0 * 1024.0);
+    }
+}
+
 // Reading the inputs and laying the bent out for a pane of the window's size.
 void BM_Drawing_ReadAndLayOut(benchmark::State& state) {
-    test::Loaded app;
-    fillLargestProject(*app);
+    test::Loaded s;
+    fillLargestProject(*s);
     drawing::DrawOptions o;
     for (auto _ : state)
-        benchmark::DoNotOptimize(drawing::drawBentToFit(drawing::readBentInputs(*app), o, 260, 480));
+        benchmark::DoNotOptimize(drawing::drawBentToFit(drawing::readBentInputs(s->project()), o, 260, 480));
 }
 
 BENCHMARK(BM_Floor_WriteSameBytesWithStdio);
@@ -147,6 +179,8 @@ BENCHMARK(BM_Event_SwitchBentType);
 BENCHMARK(BM_Event_AddInsertReplace);
 BENCHMARK(BM_Event_MoveUpDown);
 BENCHMARK(BM_Event_DeleteAllThenNew);
+BENCHMARK(BM_Event_UndoDeleteAll);
+BENCHMARK(BM_History_1000Steps)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_Drawing_ReadAndLayOut)->Unit(benchmark::kMillisecond);
 
 } // namespace

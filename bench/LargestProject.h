@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The largest project the program allows: 99 bents, 20 beams, an end bent
 // with backwall, every field filled.
 #pragma once
@@ -6,8 +7,11 @@
 
 namespace tw::bench {
 
-void fillLargestProject(App& app);
+void fillLargestProject(Session& s);
+// The largest project brought onto the program as a whole, the way a
+// recovered project comes back: a fresh history.
+void loadLargestProject(App& app);
 // Fills the entry fields with one valid bent numbered `number`.
-void fillEntry(App& app, const std::string& number);
+void fillEntry(Session& s, const std::string& number);
 
 } // namespace tw::bench

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // From process start to the main form shown, offscreen, against a bare Qt
 // window; peak memory of each as a counter.
 #include <benchmark/benchmark.h>

@@ -1,8 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 // Form events on the largest project in the window: from the event to the
 // repainted window, offscreen. One frame is 16 ms. The window's own events
 // run with the drawing pane closed (the floor); the pane's cost is the same
 // edit with the pane open, redrawing the bent.
 #include "LargestProject.h"
+
+#include "gui/BentTable.h"
 
 #include "gui/DrawingPane.h"
 #include "gui/MainWindow.h"
@@ -27,20 +30,21 @@ namespace {
 // shows it: the keeper of unsaved work hears of every action, and Run's part
 // of the status bar stands.
 struct Window {
-    test::Loaded app;
+    test::Program app;
     MainWindow window;
     RecoveryStore store{QDir::tempPath() + QStringLiteral("/tw-bench-recovery")};
     std::unique_ptr<RecoveryKeeper> keeper;
     // With `pane`, the drawing pane stays open and redraws the bent after each action.
     explicit Window(const benchmark::State& state, bool pane = false) : window(*app) {
-        app->actions.afterEach([this] { window.refresh(); });
+        // As the program wires it: the window updates what each change names.
+        app->actions.onChange([this](const ChangeSet& changes) { window.refresh(changes); });
         if (state.range(0) == 1) {
             store.open();
             keeper = std::make_unique<RecoveryKeeper>(*app, store);
-            app->actions.afterEach([this] { keeper->changed(); });
+            app->actions.onChange([this](const ChangeSet& changes) { keeper->changed(changes); });
             new RunStatus(window.statusBar());
         }
-        fillLargestProject(*app);
+        loadLargestProject(*app);
         window.resize(1366, 768);
         if (!pane) window.drawingPane()->close();
         window.refresh();
@@ -51,12 +55,20 @@ struct Window {
         store.close();
         QDir(store.folder()).removeRecursively();
     }
-    // One user action, which refreshes the window, then the repaint.
+    // One user action, which refreshes what it changed, then the repaint.
     void event(const std::function<void()>& body) {
         body();
         window.repaint();
     }
 };
+
+// The floor of every event below: the same window repainted with nothing changed.
+void BM_Window_Floor_Repaint(benchmark::State& state) {
+    Window w(state);
+    w.window.tabs()->setCurrentIndex(1);
+    for (auto _ : state)
+        w.event([] {});
+}
 
 void BM_Window_KeyPress(benchmark::State& state) {
     Window w(state);
@@ -125,17 +137,33 @@ void BM_Window_EditCapLength_PaneAutomatic(benchmark::State& state) {
         editCapLength(w, ++i);
 }
 
+// Undo of Delete All on the largest project, the table's page in front:
+// 99 rows back in the grid and the entry fields as they were.
+void BM_Window_UndoDeleteAll(benchmark::State& state) {
+    Window w(state);
+    w.window.tabs()->setCurrentIndex(5);
+    for (auto _ : state) {
+        state.PauseTiming();
+        w.event([&] { w.app->actions.click(CtlId(Ctl::cmdQuantity, 5)); });
+        state.ResumeTiming();
+        w.event([&] { w.app->actions.undo(); });
+    }
+}
+
 // Keeping the largest project safe, once a second at most while it changes:
 // the recovery file composed and written through a temporary file.
 void BM_Window_KeepUnsavedWork(benchmark::State& state) {
     Window w(state);
     int n = 0;
     for (auto _ : state) {
-        w.app->setText(Ctl::txtCapLength, std::to_string(40 + n++ % 2) + ".0000");
+        state.PauseTiming();
+        w.app->actions.edit(Ctl::txtCapLength, std::to_string(40 + n++ % 2) + ".0000");
+        state.ResumeTiming();
         w.keeper->keep();
     }
 }
 
+BENCHMARK(BM_Window_Floor_Repaint)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_KeyPress)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_EditCapLength_PaneClosed)->Arg(0)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_EditCapLength_PaneRedraws)->Arg(0)->Unit(benchmark::kMillisecond);
@@ -143,6 +171,7 @@ BENCHMARK(BM_Window_EditCapLength_PaneAutomatic)->Arg(0)->Unit(benchmark::kMilli
 BENCHMARK(BM_Window_Beams1To20)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_SwitchBentType)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_MoveUpOnTheBentTable)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Window_UndoDeleteAll)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_KeepUnsavedWork)->Arg(1)->Unit(benchmark::kMillisecond);
 
 } // namespace

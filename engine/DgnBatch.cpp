@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sample drawing batch program: turns the engine's drawing script
 // (BASEe.sif) into a MicroStation V7 drawing BASEe.dgn with GDAL's ogr2ogr.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // DLL_ROUT: ten (name, length) pairs, C calling convention.
 #include "SampleListings.h"
 

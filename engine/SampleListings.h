@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The sample engine's listings, computed from a project read with the
 // program's own reader. Sample results, not a design.
 #pragma once

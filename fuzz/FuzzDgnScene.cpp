@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Whatever records a drawing reader hands over (style strings, texts,
 // coordinates that are not numbers or are huge, any level) become a scene
 // whose extent can be taken; any bytes get an answer from the chain check.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any bytes given to the reader are either read or refused with an error.
 #include "cli/QuietProject.h"
 #include "core/form/FileCommands.h"

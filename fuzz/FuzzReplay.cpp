@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Any script line is either carried out or refused; nothing reaches the disk
 // or starts a program.
 #include "cli/QuietProject.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The Debian package: `cpack -G DEB` in the build folder makes
 # tarnwick_<version>_<arch>.deb from what `cmake --install` lays out.
 set(TARNWICK_MAINTAINER "Norvale Bridge Design Office <bridge.software@norvale.example>")

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Builds the fuzz targets with clang and runs each for a bounded time.
 # Usage: scripts/fuzz.sh [SECONDS_EACH]
 set -euo pipefail

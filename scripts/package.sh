@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Builds the Release configuration, checks a staged install of it and makes
 # the Debian package build-release/tarnwick_<version>_<arch>.deb, checked by
 # lintian: any warning fails it.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Registers this build's Tarnwick with the current user's desktop: the menu
 # entry and its icon, the project (.ebnt) and drawing (.dgn) file types, and
 # Tarnwick as the program that opens both. An installed package does the same

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Builds the whole project once more under AddressSanitizer and
 # UndefinedBehaviorSanitizer and runs every test there.
 set -euo pipefail

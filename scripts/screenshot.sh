@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Takes the README's pictures of the real window: a sample project at
 # 1366 x 768 under Xvfb with the openbox window manager.
 # Usage: scripts/screenshot.sh [BUILD_DIR]   (build first: bash scripts/setup.sh)

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Sets everything up, registers Tarnwick with the user's desktop (menu entry,
 # icon, .ebnt and .dgn files) and starts it on the sample engine. Without a
 # display it says so and runs a sample project headlessly instead.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # Runs a command on a private X server (Xvfb, 1366 x 768, the smallest screen
 # Tarnwick is made for) with the openbox window manager, so windows get real
 # frames and title bars; ends both afterwards. Exits 77 when a tool is missing.

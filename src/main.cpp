@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One executable: the window by default, the headless commands by name.
 #include "cli/Cli.h"
 #include "cli/Replay.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # tarnwick draw on every sample: an SVG whose text holds the cap length as the
 # form shows it (the dump's txtCapLength) and every beam's number; then the
 # refusals: a bad file, a bent the file does not hold, a picture type it cannot write.

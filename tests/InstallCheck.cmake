@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Installs the build into a temporary prefix and uses the program from there.
 #   BUILD_DIR, SOURCE_DIR   the trees nothing installed may name
 #   CONFIG                  the build configuration to install

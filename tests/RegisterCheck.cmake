@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # scripts/register-desktop.sh in a throw-away home: the entry it writes for an
 # executable whose path needs quoting validates, and Tarnwick becomes the
 # program for both file types.

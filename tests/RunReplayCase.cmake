@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Runs one replay case in a fresh work folder and compares what it prints.
 #   CASE_DIR/script.txt     the script (run from a copy inside WORK_DIR), or
 #   CASE_DIR/command.txt    the arguments of another command, one a line

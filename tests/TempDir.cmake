@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # tw_temp_dir(VAR PREFIX): a fresh folder under $TMPDIR (or /tmp) whose path
 # holds no ".", since Run cuts file names at the first "." of the whole path.
 function(tw_temp_dir var prefix)

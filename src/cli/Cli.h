@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The headless commands: check, dump, run, replay, draw.
 #pragma once
 

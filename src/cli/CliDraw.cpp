@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // tarnwick draw FILE [--bent N] OUT: the bent of an input file, drawn as the
 // window's drawing pane shows it, written as SVG, PDF or PNG.
 #include "cli/Cli.h"

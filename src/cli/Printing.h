@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Lines the headless front end prints about the form, shared by the replay
 // and `dump`.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "cli/Replay.h"
 
 #include "core/benttable/BentRows.h"

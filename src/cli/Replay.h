@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Plays a script of form events against the program's logic, one event a line.
 #pragma once
 

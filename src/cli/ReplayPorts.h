@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The outside world of the headless front end: every box, dialog and program
 // start is printed as one line; answers come from the script's queue.
 #pragma once

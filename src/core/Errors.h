@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Run-time failures inside a command carry a number and a description, the
 // way the legacy program reported them, so one error box serves them all.
 #pragma once

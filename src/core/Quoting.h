@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Quoting of texts in replay scripts, in what the headless front end prints
 // and in the recovery file: one text a word, on one line.
 #pragma once

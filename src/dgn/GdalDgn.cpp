@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The part of the program that links GDAL, loaded only when a drawing is
 // opened: GDAL and its hundred libraries would otherwise load, relocate and
 // stay resident in every window and command.

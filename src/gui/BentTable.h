@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The bent table on a page of its own: the entry fields of one bent on the
 // left, the table of bents on the right with room for its rows, the bent
 // number kept in view while the elevations scroll sideways.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The drawing pane beside the form: the bent in plan and elevation as the
 // engineer types, the element of the focused field highlighted. A dock the
 // engineer can move, float, resize or close; zoom, pan and Fit are the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The engine's drawing in a window of its own: the drawing fitted, zoom and
 // pan, a list of levels to show or hide, print on one page and export to
 // SVG, PDF or PNG. What is hidden on screen is left out of print and export.

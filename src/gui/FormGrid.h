@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One grid for every group of the main form: prompt, field and unit in
 // columns of the same widths everywhere, so fields line up from group to
 // group and every number carries its unit.

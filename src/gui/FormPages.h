@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The pages of the main form's tabs, each built on the one form grid.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The last resort of the window: a failure that escapes the handling of an
 // event (the user's actions have their own) is told, and the window stays
 // up with the project in it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "gui/GuiPorts.h"
 #include "gui/WindowPlacement.h"
 #include "platform/QtText.h"

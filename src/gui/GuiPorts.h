@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The outside world of the window: Qt dialogs, the printer, the desktop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A drawing view whose scene is laid out for the room it has: text keeps its
 // size in points, so the room the text takes around the geometry depends on
 // the view's size, and a resize lays the drawing out again.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Prints the engine's listings: one printed line per file line in an 8-point
 // fixed-pitch font, half-inch margins, and on every page a header with the
 // listing's file name, its page number and the date. The listings of one

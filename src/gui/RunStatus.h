@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The status bar's part in Run: while Run waits for the engine or the
 // drawing batch program, what it waits for and a Cancel; afterwards, a
 // word about a batch program that did not do its work. Both stand in

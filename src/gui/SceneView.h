@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A widget that shows a drawing Scene: the wheel zooms about the pointer, a
 // drag pans, and Fit shows the whole drawing. While the user has not zoomed
 // or panned, a new scene is fitted again, so a live drawing follows the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where windows go: the old forms' rules (centred on the screen, centred on
 // the main window, beside its corner), applied to the whole window with its
 // frame, and never past the edges of the screen it is on.

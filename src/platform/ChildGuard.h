@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The programs this program starts end when it ends, however it ends (a
 // crash, a kill, a power-off of the session): a guard process, forked once,
 // holds one end of a socket from us. When we end, the socket closes and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Desktop entries (freedesktop.org): where one lives and how its Exec line
 // becomes an open command of the form the program's association rule reads:
 // the program and its fixed arguments, a blank, and "%1" in double quotes.

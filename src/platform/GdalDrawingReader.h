@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reads a MicroStation V7 design file with GDAL's DGN driver (and no other
 // driver), one record per element, handed over as it is read. GDAL lives in
 // a library of the program folder, loaded on the first drawing read. Only a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // QtCore services shared by the window and the headless front end.
 #pragma once
 

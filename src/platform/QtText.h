@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Text between the program's logic (UTF-8 in std::string) and Qt.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where the window keeps the project safe while it holds unsaved changes:
 // one recovery file a session, in the per-user data folder. A lock on a
 // file of its own marks a session that is running; the kernel lets go of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/SafeFile.h"
 
 #include "core/Errors.h"

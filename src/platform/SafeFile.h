@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writing a file the way an engineer expects a save to behave: a failure
 // leaves the previous file as it was, and the file stays the user's.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Paints a drawing Scene with QPainter: on a widget, an SVG, a PDF or an
 // image. Geometry scales with the view; screen-sized text, arrowheads and
 // line widths keep their size on the page, so a drawing stays readable at

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The explanatory sketches as pictures: drawn from the sketch's scene at a
 // multiple of the size they are meant to be seen at, text growing with them.
 #pragma once

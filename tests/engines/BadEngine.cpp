@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Engines that fail the way real ones can.
 #include <cstdlib>
 

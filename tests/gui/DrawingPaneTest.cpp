@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The drawing pane follows the form, and the sketch window draws the sketches.
 #include "ShownWindow.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The engine's drawing of each sample project, from the sample engine's
 // script through the batch program and GDAL to the viewer, its prints and
 // exports; the level list; the headless export drawing the same picture.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The window mirrors the form data and hands widget events to the core.
 #include "ShownWindow.h"
 
@@ -36,6 +37,16 @@ class MainWindowTest : public QObject, public test::ShownWindow {
         return w;
     }
 
+    // Bent 4 typed into the entry fields and added with the Add button.
+    void addBent4() {
+        (*app)->actions.edit(Ctl::txtBentNoPI, "4");
+        for (int i = 0; i < 4; ++i)
+            (*app)->actions.edit(CtlId(Ctl::txtEStepPI, i), "101.25");
+        (*app)->actions.edit(Ctl::txtLwingwallElevation, "104.00");
+        (*app)->actions.edit(Ctl::txtRwingwallElevation, "104.50");
+        QTest::mouseClick(find<QPushButton>("cmdQuantity(0)"), Qt::LeftButton);
+    }
+
   private slots:
     void init() { openWindow(); }
     void cleanup() { closeWindow(); }
@@ -70,12 +81,7 @@ class MainWindowTest : public QObject, public test::ShownWindow {
 
     void theGridShowsTheBentsTheCoreHolds() {
         window->tabs()->setCurrentIndex(5);
-        (*app)->actions.edit(Ctl::txtBentNoPI, "4");
-        for (int i = 0; i < 4; ++i)
-            (*app)->actions.edit(CtlId(Ctl::txtEStepPI, i), "101.25");
-        (*app)->actions.edit(Ctl::txtLwingwallElevation, "104.00");
-        (*app)->actions.edit(Ctl::txtRwingwallElevation, "104.50");
-        QTest::mouseClick(find<QPushButton>("cmdQuantity(0)"), Qt::LeftButton);
+        addBent4();
         const QAbstractItemModel* model = window->grid()->model();
         QCOMPARE(model->rowCount(), 1);
         QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("4"));
@@ -191,14 +197,79 @@ class MainWindowTest : public QObject, public test::ShownWindow {
         QVERIFY(window->close());
     }
 
-    // Pictures of every tab at 1366 x 768, for a person to look at.
+    QAction* action(const char* name) {
+        auto* a = window->findChild<QAction*>(QString::fromLatin1(name));
+        if (!a) qFatal("no action %s", name);
+        return a;
+    }
+
+    // Ctrl+Z in a field takes back its own typing first, then the steps
+    // before it, and the focus goes back to where each step was made.
+    void undoInAFieldTakesBackItsTypingThenTheStepsBefore() {
+        window->tabs()->setCurrentIndex(1);
+        auto* width = find<QLineEdit>("txtCapWidth");
+        auto* depth = find<QLineEdit>("txtCapDepth");
+        QVERIFY(!action("mnuUndo")->isEnabled());
+        width->setFocus(Qt::MouseFocusReason);
+        QTest::keyClicks(width, QStringLiteral("4"));
+        depth->setFocus(Qt::TabFocusReason);
+        QCOMPARE(width->text(), QStringLiteral("4.0000"));
+        QTest::keyClicks(depth, QStringLiteral("5"));
+        QVERIFY(action("mnuUndo")->isEnabled());
+        QTest::keyClick(depth, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(depth->text(), QStringLiteral("2.0000"));
+        QCOMPARE(width->text(), QStringLiteral("4.0000"));
+        QVERIFY(action("mnuRedo")->isEnabled());
+        QVERIFY2(action("mnuRedo")->text().startsWith(QStringLiteral("Redo ")), qPrintable(action("mnuRedo")->text()));
+        QTest::keyClick(depth, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(depth->text(), QStringLiteral("5"));
+        QTest::keyClick(depth, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(depth, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(width->text(), QStringLiteral("3.0000"));
+        QCOMPARE((*app)->text(Ctl::txtCapWidth), std::string("3.0000"));
+        QTRY_COMPARE(QApplication::focusWidget(), width);
+        QVERIFY(!action("mnuUndo")->isEnabled());
+        QVERIFY(!window->isWindowModified());
+    }
+
+    // A bent-table command is one step, named in the Edit menu; undoing it
+    // brings the table's page to the front.
+    void theEditMenuNamesTheBentTableStep() {
+        window->tabs()->setCurrentIndex(5);
+        addBent4();
+        QCOMPARE(window->grid()->model()->rowCount(), 1);
+        QCOMPARE(action("mnuUndo")->text(), QStringLiteral("Undo Add Bent 4"));
+        window->tabs()->setCurrentIndex(0);
+        action("mnuUndo")->trigger();
+        QCOMPARE(window->grid()->model()->rowCount(), 0);
+        QCOMPARE(window->tabs()->currentIndex(), 5);
+        QCOMPARE(find<QLineEdit>("txtBentNoPI")->text(), QStringLiteral("4"));
+        QCOMPARE(action("mnuRedo")->text(), QStringLiteral("Redo Add Bent 4"));
+        action("mnuRedo")->trigger();
+        QCOMPARE(window->grid()->model()->rowCount(), 1);
+        QVERIFY(app->ports.messages.empty());
+    }
+
+    // Pictures of every tab at 1366 x 768, for a person to look at; each
+    // shows its page's fields inside the window.
     void everyTabRendersAtTheSmallestSupportedSize() {
         for (int i = 0; i < window->tabs()->count(); ++i) {
+            if (!window->tabs()->isTabVisible(i)) continue;
             window->tabs()->setCurrentIndex(i);
             QApplication::processEvents();
             const QImage shot = window->grab().toImage();
             QVERIFY(!shot.isNull());
             shot.save(QStringLiteral("tab-%1.png").arg(i));
+            int shown = 0;
+            for (auto* field : window->tabs()->currentWidget()->findChildren<QWidget*>()) {
+                if (!field->isVisible() || !(qobject_cast<QLineEdit*>(field) || qobject_cast<QComboBox*>(field)))
+                    continue;
+                ++shown;
+                const QRect r(field->mapTo(window.get(), QPoint(0, 0)), field->size());
+                QVERIFY2(r.width() > 20 && r.height() > 10, qPrintable(field->objectName()));
+                QVERIFY2(r.left() >= 0 && r.left() < window->width(), qPrintable(field->objectName()));
+            }
+            QVERIFY2(shown > 0, qPrintable(window->tabs()->tabText(i)));
         }
     }
 };

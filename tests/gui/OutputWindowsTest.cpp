@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The output windows show file text as it is, never as markup.
 #include "../unit/FakePorts.h"
 

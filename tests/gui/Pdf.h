@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a printed PDF holds, for the printing tests.
 #pragma once
 

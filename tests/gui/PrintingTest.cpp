@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Listings print one printed line per file line, pages breaking when full.
 #include "Pdf.h"
 #include "gui/GuiPorts.h"

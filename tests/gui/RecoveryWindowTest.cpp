@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Unsaved work survives the window's end: killed with SIGKILL after an
 // edit, a new window offers the project back and restores all of it; a save
 // that the pile-box check cut short, followed by a normal exit, loses nothing.

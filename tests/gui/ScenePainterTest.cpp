@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Drawings reach the screen and the three export formats the same way.
 #include "render/ScenePainter.h"
 

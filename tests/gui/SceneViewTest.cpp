@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The drawing view: zoom about the pointer, pan, fit, and a live scene that
 // follows the inputs until the user picks a view of their own.
 #include "gui/SceneView.h"

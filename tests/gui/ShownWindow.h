@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The main window on a freshly loaded program, shown at the smallest screen
 // size it is made for; a test class mixes it in and opens it for each test.
 #pragma once

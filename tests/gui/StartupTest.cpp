@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // `tarnwick FILE`: the window starts as always and, once the splash is gone,
 // opens FILE as File > Open does.
 #include "../unit/FakePorts.h"

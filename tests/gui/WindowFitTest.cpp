@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The window at a 1366 x 768 laptop: every window whole on the screen, the
 // bent table with room for its rows and nothing cut off, scroll bars that
 // move with the content, the wheel that scrolls rather than changes a value,

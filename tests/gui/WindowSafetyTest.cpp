@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The window while Run waits for a real drawing batch program: what the
 // user types is shown and kept in order, a Save writes what is shown, Cancel
 // ends the program; afterwards the status bar tells of a missing drawing;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The program a drawing opens with: the desktop's default application for
 // the drawing's MIME type, its Exec line turned into an open command; and
 // Preview on "DGN File" starting it on the drawing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The drawing of a bent and the explanatory sketches, as scenes.
 #include "core/drawing/BentDrawing.h"
 #include "FakePorts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The bent worked out from its inputs, against coordinates worked out by hand.
 #include "FakePorts.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Design-file records become shapes: colour, weight, line style, texts,
 // levels; style strings read leniently; a cut-off element chain is found.
 #include "core/drawing/DgnFile.h"

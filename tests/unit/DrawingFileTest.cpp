@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Drawings read with GDAL's DGN driver: a drawing the sample batch program
 // wrote comes back element by element; anything else is refused in one
 // sentence that names the file.

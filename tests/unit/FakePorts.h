@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Ports for unit tests: answers from queues, everything recorded.
 #pragma once
 

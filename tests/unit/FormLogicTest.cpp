@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Key filters, and the handlers that ignore texts they do not know.
 #include "FakePorts.h"
 

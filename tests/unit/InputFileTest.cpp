@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The input file: exact bytes, round trips, and files that must be refused.
 #include "FakePorts.h"
 #include "ProjectMaker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The project model: names, defaults, reset and the bent-table layouts.
 #include "FakePorts.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What counts as a number and how the field formatter writes it.
 #include "core/model/Numeric.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Programs Run waits for end with tarnwick, however it ends, and a time
 // limit ends one that hangs: the real executable, engines and batch
 // programs that never end, and a look at the processes afterwards.

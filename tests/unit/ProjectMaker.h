@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Random projects, every value formatted the way its field leaves it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The recovery file: it brings back the whole project, opens as an input
 // file, is composed without touching the form, and a damaged one changes nothing.
 #include "FakePorts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Run after the save: names, emptied outputs, the engine call, the batch
 // program and the final word, with the outside world faked.
 #include "FakePorts.h"

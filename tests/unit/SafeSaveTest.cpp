@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Saving onto the user's files: what must be refused, and what must stay as
 // it was. Permissions mean nothing to root, so each case runs in a child
 // process as an ordinary user (root gives its rights away there).

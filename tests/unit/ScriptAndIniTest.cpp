@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Script words and quoting of the headless front end; the raw INI read.
 #include "core/Quoting.h"
 #include "platform/Platform.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files for tests that touch the disk.
 #pragma once
 

@@ -60,6 +60,20 @@ void History::closeCurrent() {
 void History::take(const ChangeLog& log, const std::string& label, std::optional<CtlId> control,
                    std::optional<int> row) {
     bool fresh = false;
+    // A command of its own (a button, a menu, a choice) that does not touch
+    // the field being typed into ends that field's step before it makes its own.
+    if (open_) {
+        const auto ofOpenField = [&](const ChangeEntry& e) {
+            const auto* typed = std::get_if<change::Typed>(&e);
+            const auto* left = std::get_if<change::Left>(&e);
+            return (typed && typed->id == open_->control) || (left && left->id == open_->control);
+        };
+        const auto changes = [](const ChangeEntry& e) {
+            return changesProject(e) || std::holds_alternative<change::Rows>(e);
+        };
+        if (std::none_of(log.begin(), log.end(), ofOpenField) && std::any_of(log.begin(), log.end(), changes))
+            closeOpen();
+    }
     for (const auto& e : log) {
         if (const auto* typed = std::get_if<change::Typed>(&e)) {
             if (open_ && open_->control == typed->id) continue;
@@ -105,7 +119,7 @@ std::string History::undoLabel() const {
     return undo_.empty() ? std::string() : undo_.back().label;
 }
 
-std::string History::redoLabel() const { return redo_.empty() ? std::string() : redo_.back().label; }
+std::string History::redoLabel() const { return canRedo() ? redo_.back().label : std::string(); }
 
 std::optional<Step> History::undo() {
     closeOpen();
@@ -117,6 +131,7 @@ std::optional<Step> History::undo() {
 }
 
 std::optional<Step> History::redo() {
+    closeOpen();
     if (redo_.empty()) return std::nullopt;
     Step step = std::move(redo_.back());
     redo_.pop_back();

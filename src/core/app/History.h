@@ -29,7 +29,12 @@ class History {
     void clear();
 
     bool canUndo() const { return !undo_.empty() || (open_ && !open_->entries.empty()); }
-    bool canRedo() const { return !redo_.empty(); }
+    // Typing in a field is a new step: what could be redone before it is gone.
+    bool canRedo() const { return !redo_.empty() && !(open_ && !open_->entries.empty()); }
+    // A field is being typed into: its step is still open until the field is left.
+    bool typing() const { return open_.has_value(); }
+    // Steps Undo can take back, the open one included.
+    std::size_t undoDepth() const { return undo_.size() + (open_ && !open_->entries.empty() ? 1 : 0); }
     // The name of the step Undo (Redo) would take back (again); empty when none.
     std::string undoLabel() const;
     std::string redoLabel() const;

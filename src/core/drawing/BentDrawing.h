@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The drawing of a bent: the plan and the elevation of its geometry with
 // dimensions and labels, and a title block. Text is sized in points on the
 // page; the room kept for it around the geometry depends on how many feet a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The bent worked out from its inputs, in feet: the plan (x along the front
 // face of the cap from its left end, y from the front face toward the back)
 // and the elevation of one bent (x the same, y the elevation). Nothing here

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the drawing of a bent is made from: the project's inputs as the form
 // shows them, each with the control it comes from, and the elevations of
 // one bent. Reading the program is done once, here; the geometry is a pure

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The standard colour table of a V7 design file, as GDAL's DGN reader gives
 // it for a file without a table of its own (read from GDAL 3.6, one index at
 // a time).

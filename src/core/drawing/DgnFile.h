@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The engine's drawing (a MicroStation V7 design file) as plain records, one
 // per element, and the turn of those records into a Scene. Reading the file
 // itself is the platform's business, behind DrawingFileReader.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Design-file elements to shapes: colour from the element (or its style
 // string, which carries the file's own colour table), weight and line style
 // from the element's symbology, texts at their origin in design units.

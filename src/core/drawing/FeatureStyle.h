@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Feature style strings as GDAL's readers give them:
 //   PEN(id:"ogr-pen-2",c:#0000ff,w:2px);BRUSH(fc:#ff7f00);LABEL(t:"TEXT",s:0.6g,a:30)
 // read leniently: a string that cannot be made sense of yields what could.

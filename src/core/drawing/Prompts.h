@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The prompt the form shows for an input, for drawings that explain the
 // inputs instead of showing their values.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A drawing as plain data: shapes in world coordinates (feet for the bent,
 // design units for an engine drawing), y pointing up as on paper. The bent
 // geometry and the engine's drawing both end up as a Scene; one painter

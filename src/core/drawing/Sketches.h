@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The explanatory sketches: the bent of a typical project of each bent type,
 // drawn by the same code as the live drawing, each sketch showing the inputs
 // of its subject labelled with the prompts the form asks them by.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/inputfile/Codepage.h"
 
 #include "core/model/Utf8.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The input file is single-byte Windows-1252 text; the program holds UTF-8.
 #pragma once
 

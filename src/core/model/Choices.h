@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The items of the choice inputs, in the order the form lists them, each
 // beside the code the input file stores for it. No list is ever sorted:
 // positions are part of the defaults. "Yes" is stored "0" and "No" "1": the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Typed names of every control the program's logic talks about. The names
 // are those of the legacy forms, so a replay script, a test and the window
 // all say `txtCapLength` for the same thing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every input of the main form in one table: what it holds, which keys it
 // takes, how it is formatted when the user leaves it, its default, and how
 // many columns the input file gives it. The reset, the key filter, the leave

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What counts as a number, and how numbers become field texts. Decided once
 // here and used by the field formatter, the closing values and the file writer.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Texts are held as UTF-8; keys and single-byte files speak in code points.
 #pragma once
 
