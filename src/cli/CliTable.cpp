@@ -29,6 +29,7 @@ int addRows(QuietProject& project, const std::string& rowsFile, const std::strin
         return 1;
     }
     project.ports.lastMessage.clear();
+    project.ports.keepSaves = true;
     if (!project.app.writeFile(output) || !project.ports.saved || !project.ports.lastMessage.empty()) {
         std::cerr << output << ": " << (project.ports.lastMessage.empty() ? "not written" : project.why()) << '\n';
         return 1;

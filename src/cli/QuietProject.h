@@ -21,12 +21,14 @@ class QuietFilePorts : public QuietPorts {
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
         return readRegularFile(path, maxBytes);
     }
-    // A save is kept here, for the caller to write once it knows the whole
-    // command went through.
-    WriteResult writeFile(const std::string&, const std::string& bytes) override {
+    // With `keepSaves`, a save is kept in `saved`, for the caller to write
+    // once it knows the whole command went through; else nothing is written.
+    WriteResult writeFile(const std::string& path, const std::string& bytes) override {
+        if (!keepSaves) return QuietPorts::writeFile(path, bytes);
         saved = bytes;
         return {};
     }
+    bool keepSaves = false;
     std::optional<std::string> saved;
 };
 
