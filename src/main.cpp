@@ -30,6 +30,12 @@ const char* kUsage =
     "  tarnwick run FILE [--timeout S]   open FILE and run it, answering Yes to the save question;\n"
     "                                    with --timeout, a program still running after S seconds\n"
     "                                    is ended and the run fails\n"
+    "  tarnwick table FILE               print FILE's bent table as CSV (RFC 4180), the heading row first\n"
+    "  tarnwick table FILE --add ROWS.csv --output NEW.ebnt\n"
+    "                                    FILE with the rows of ROWS.csv added through Add's checks,\n"
+    "                                    written to NEW.ebnt; a refused row writes nothing\n"
+    "  tarnwick diff A.ebnt B.ebnt       every input and bent that differs; exit 0 the same, 1 different,\n"
+    "                                    2 a file that does not read\n"
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
     "  tarnwick draw FILE [--bent N] OUT the bent drawn from FILE's inputs (row N of the bent table for the\n"
     "                                    elevation, default 1) as SVG, PDF or PNG by OUT's suffix\n"
@@ -56,7 +62,7 @@ std::string defaultProgramDir() {
 
 bool isCommand(const std::string& arg) {
     return arg == "check" || arg == "dump" || arg == "run" || arg == "replay" || arg == "view" || arg == "draw" ||
-           arg == "report" || arg.rfind('-', 0) == 0;
+           arg == "report" || arg == "table" || arg == "diff" || arg.rfind('-', 0) == 0;
 }
 
 // A whole, positive number of seconds; 0 for anything else.
@@ -157,6 +163,8 @@ int command(int& argc, char** argv, const Arguments& a) {
         if (cmd == "check" && !rest.empty()) return tw::cliCheck(opt, rest);
         if (cmd == "dump" && rest.size() == 1) return tw::cliDump(opt, rest[0]);
         if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
+        if (cmd == "table" && !rest.empty()) return tw::cliTable(opt, rest);
+        if (cmd == "diff" && rest.size() == 2) return tw::cliDiff(opt, rest[0], rest[1]);
         if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
         if (cmd == "report" && rest.size() == 2) return tw::cliReport(opt, rest[0], rest[1]);
     } catch (const std::bad_alloc&) {

@@ -2,6 +2,8 @@
 # Runs one replay case in a fresh work folder and compares what it prints.
 #   CASE_DIR/script.txt     the script (run from a copy inside WORK_DIR), or
 #   CASE_DIR/command.txt    the arguments of another command, one a line
+#   CASE_DIR/script-2.txt   a second script, run after the first by a new program
+#                           sharing its settings folder; its output follows
 #   CASE_DIR/expected.txt   standard output, exactly
 #   CASE_DIR/expected-warnings.txt   whole lines that standard error must hold
 #   CASE_DIR/exit           the expected exit status (default 0)
@@ -41,6 +43,14 @@ set(ENV{QT_QPA_PLATFORM} offscreen)
 execute_process(COMMAND ${TARNWICK} --program-dir ${PROGRAM_DIR} ${args}
                 WORKING_DIRECTORY ${WORK_DIR}
                 OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
+if(EXISTS ${CASE_DIR}/script-2.txt AND rc EQUAL 0)
+  file(COPY ${CASE_DIR}/script-2.txt DESTINATION ${WORK_DIR})
+  execute_process(COMMAND ${TARNWICK} --program-dir ${PROGRAM_DIR} replay ${WORK_DIR}/script-2.txt
+                  WORKING_DIRECTORY ${WORK_DIR}
+                  OUTPUT_VARIABLE out2 ERROR_VARIABLE err2 RESULT_VARIABLE rc)
+  string(APPEND out "${out2}")
+  string(APPEND err "${err2}")
+endif()
 set(expected_rc 0)
 if(EXISTS ${CASE_DIR}/exit)
   file(STRINGS ${CASE_DIR}/exit expected_rc LIMIT_COUNT 1)

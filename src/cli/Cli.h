@@ -19,6 +19,10 @@ int cliReplay(const CliOptions& opt, const std::string& script);
 int cliCheck(const CliOptions& opt, const std::vector<std::string>& files);
 int cliDump(const CliOptions& opt, const std::string& file);
 int cliRun(const CliOptions& opt, const std::string& file);
+// table FILE [--add ROWS --output NEW]: the bent table as CSV, or a new project with rows added.
+int cliTable(const CliOptions& opt, const std::vector<std::string>& args);
+// diff A B: the inputs and bents that differ; 0 the same, 1 different, 2 an error.
+int cliDiff(const CliOptions& opt, const std::string& a, const std::string& b);
 // draw FILE [--bent N] OUT; needs the application of paintingApplication().
 int cliDraw(const CliOptions& opt, const std::vector<std::string>& args);
 // report FILE OUT: the checker's report as a PDF; needs the application of paintingApplication().

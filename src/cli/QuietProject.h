@@ -9,6 +9,7 @@
 #include "core/app/App.h"
 #include "platform/FileRead.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,15 @@ class QuietFilePorts : public QuietPorts {
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
         return readRegularFile(path, maxBytes);
     }
+    // With `keepSaves`, a save is kept in `saved`, for the caller to write
+    // once it knows the whole command went through; else nothing is written.
+    WriteResult writeFile(const std::string& path, const std::string& bytes) override {
+        if (!keepSaves) return QuietPorts::writeFile(path, bytes);
+        saved = bytes;
+        return {};
+    }
+    bool keepSaves = false;
+    std::optional<std::string> saved;
 };
 
 struct QuietProject {

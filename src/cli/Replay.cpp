@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Replay.h"
 
+#include "core/benttable/BentRows.h"
+
 #include "cli/Printing.h"
 #include "cli/ReplayArguments.h"
 #include "cli/ScriptReader.h"
@@ -41,7 +43,8 @@ const std::vector<std::pair<std::string, Replay::Verb>>& Replay::verbs() {
         {"show", &Replay::show},         {"state", &Replay::state},     {"focus", &Replay::focus},
         {"grid", &Replay::grid},         {"counter", &Replay::counter}, {"register", &Replay::registerLine},
         {"setting", &Replay::setting},   {"undo", &Replay::undo},       {"redo", &Replay::redo},
-        {"modified", &Replay::modified}, {"status", &Replay::status},
+        {"modified", &Replay::modified}, {"status", &Replay::status},   {"paste-bents", &Replay::pasteBents},
+        {"copy", &Replay::copy},         {"recent", &Replay::recent},
     };
     return table;
 }
@@ -254,6 +257,31 @@ bool Replay::registerLine(const Line&) {
 
 bool Replay::setting(const Line&) {
     out_ << "setting LastTime = " << quote(app_.system().readSetting("Usage", "UsageInfo", "LastTime")) << '\n';
+    return true;
+}
+
+bool Replay::pasteBents(const Line& l) {
+    if (!need(l, 2)) return false;
+    app_.actions.apply(cmd::PasteBents{textFrom(l, 1)});
+    return true;
+}
+
+bool Replay::copy(const Line&) {
+    // What Edit > Copy puts on the clipboard: the selected bent rows, heading first.
+    const GridSelection sel = app_.selection();
+    const auto& table = app_.project().table();
+    const int from = std::min(sel.row, sel.end), to = std::max(sel.row, sel.end);
+    out_ << "clipboard text/plain " << quote(tableTsv(table, from, to)) << '\n';
+    out_ << "clipboard text/csv " << quote(tableCsv(table, from, to)) << '\n';
+    return true;
+}
+
+bool Replay::recent(const Line&) {
+    // The File menu's recent projects: caption and the path its status tip shows.
+    for (int i = 0; i < ctlArraySize(Ctl::mnuRecentFile); ++i) {
+        const Control& c = app_.ctl(CtlId(Ctl::mnuRecentFile, i));
+        if (c.visible) out_ << "recent " << i << ' ' << quote(c.caption) << ' ' << quote(c.text) << '\n';
+    }
     return true;
 }
 

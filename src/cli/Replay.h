@@ -76,6 +76,9 @@ class Replay {
     bool redo(const Line& l);
     bool modified(const Line& l);
     bool status(const Line& l);
+    bool pasteBents(const Line& l);
+    bool copy(const Line& l);
+    bool recent(const Line& l);
 
     // What the window's watcher would tell: the project's file changed on
     // disk; Yes reads it again, as the bar's Reload does.

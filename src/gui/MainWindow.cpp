@@ -1,20 +1,29 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/MainWindow.h"
 
+#include "core/benttable/BentRows.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
 #include "core/form/StandingNotes.h"
 #include "gui/BentTable.h"
+#include "gui/CompareWindow.h"
 #include "gui/DrawingPane.h"
+#include "gui/DrawingViewer.h"
 #include "gui/FormPages.h"
 #include "gui/ReportCommands.h"
 #include "gui/RunOutputs.h"
 #include "gui/ViewerMain.h"
+#include "platform/GdalDrawingReader.h"
 #include "platform/QtText.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDir>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -22,6 +31,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabWidget>
@@ -134,6 +144,7 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     statusBar()->addWidget(standing_, 1);
     buildViewMenu();
     refreshMenus();
+    setAcceptDrops(true);
     resize(preferredSize());
     // The drawing gets about a quarter of the width; the form keeps the rest.
     resizeDocks({drawing_}, {width() * 27 / 100}, Qt::Horizontal);
@@ -175,7 +186,29 @@ void MainWindow::buildMenus() {
     auto* file = menuBar()->addMenu(q(app_.ctl(Ctl::mnuFile).caption));
     for (const auto& c : fileCommands()) {
         if (c.menu == Ctl::mnuPrint || c.menu == Ctl::mnuRun || c.menu == Ctl::mnuExit) file->addSeparator();
+        if (c.menu == Ctl::mnuExit) {
+            // The recent projects, above Exit as other programs place them.
+            for (int i = 0; i < ctlArraySize(Ctl::mnuRecentFile); ++i) {
+                const CtlId id(Ctl::mnuRecentFile, i);
+                auto* a = file->addAction(QString());
+                a->setObjectName(q(toString(id)));
+                a->setVisible(false);
+                connect(a, &QAction::triggered, this, [this, id] { app_.actions.click(id); });
+                recent_.push_back(a);
+            }
+            file->addSeparator();
+        }
         item(file, c.menu, c.toolbarKey ? commandIcon(c.themeIcon, c.toolbarKey) : QIcon(), c.shortcut);
+        if (c.menu == Ctl::mnuSaveAs) {
+            auto* compare = file->addAction(QStringLiteral("Co&mpare With..."));
+            compare->setObjectName(QStringLiteral("actionCompareWith"));
+            compare->setStatusTip(QStringLiteral("What differs between a project file and the project on the form"));
+            connect(compare, &QAction::triggered, this, [this] {
+                const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Compare With"), QString(),
+                                                                  QStringLiteral("Tarnwick projects (*.ebnt)"));
+                if (!path.isEmpty()) compareWith(path);
+            });
+        }
         // The checker's report, beside the legacy Print of the listings.
         if (c.menu == Ctl::mnuPrint) {
             auto* exportItem = file->addAction(QIcon::fromTheme(QStringLiteral("document-export")),
@@ -200,6 +233,18 @@ void MainWindow::buildMenus() {
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
     mirrored_.emplace_back(Ctl::mnuUndo, undo);
     mirrored_.emplace_back(Ctl::mnuRedo, redo);
+    edit->addSeparator();
+    // In a text field Ctrl+C and Ctrl+V stay the field's own; elsewhere they copy and paste bent rows.
+    auto* copy = edit->addAction(QIcon::fromTheme(QStringLiteral("edit-copy")), QStringLiteral("&Copy"));
+    copy->setObjectName(QStringLiteral("actionCopyBents"));
+    copy->setShortcut(QKeySequence::Copy);
+    copy->setStatusTip(QStringLiteral("The selected bent rows to the clipboard, for a spreadsheet"));
+    connect(copy, &QAction::triggered, this, &MainWindow::copyBents);
+    auto* paste = edit->addAction(QIcon::fromTheme(QStringLiteral("edit-paste")), QStringLiteral("&Paste Bents"));
+    paste->setObjectName(QStringLiteral("actionPasteBents"));
+    paste->setShortcut(QKeySequence::Paste);
+    paste->setStatusTip(QStringLiteral("Bent rows from a spreadsheet, each added as Add adds a bent"));
+    connect(paste, &QAction::triggered, this, &MainWindow::pasteBents);
     help_ = menuBar()->addMenu(q(app_.ctl(Ctl::mnuHelp).caption));
     auto* help = help_;
     item(help, Ctl::mnuTarnwickHelp, QIcon::fromTheme(QStringLiteral("help-contents")), QKeySequence::HelpContents);
@@ -316,6 +361,12 @@ void MainWindow::refreshTitle() {
 }
 
 void MainWindow::refreshMenus() {
+    for (size_t i = 0; i < recent_.size(); ++i) {
+        const Control& c = app_.ctl(CtlId(Ctl::mnuRecentFile, static_cast<int>(i)));
+        recent_[i]->setText(q(c.caption));
+        recent_[i]->setStatusTip(QDir::toNativeSeparators(q(c.text)));
+        recent_[i]->setVisible(c.visible);
+    }
     for (const auto& [ctl, action] : mirrored_) {
         const Control& c = app_.ctl(ctl);
         const bool toolbar = action->objectName().startsWith(QStringLiteral("Toolbar1."));
@@ -375,6 +426,81 @@ void MainWindow::lookAt(const ChangeSet& changes) {
                 }
     if (changes.lookAtRow) bentTable_->showRow(*changes.lookAtRow);
     if (changes.lookAt) placeFocus();
+}
+
+void MainWindow::copyBents() {
+    const GridSelection sel = app_.selection();
+    const int from = std::max(std::min(sel.row, sel.end), 1), to = std::max(sel.row, sel.end);
+    const BentTable& table = app_.project().table();
+    if (to < 1 || to >= table.rows()) {
+        statusBar()->showMessage(QStringLiteral("Select the bent rows to copy in the bent table."), 5000);
+        return;
+    }
+    auto* data = new QMimeData;
+    data->setText(q(tableTsv(table, from, to)));
+    data->setData(QStringLiteral("text/csv"), QByteArray::fromStdString(tableCsv(table, from, to)));
+    QApplication::clipboard()->setMimeData(data);
+    const int n = to - from + 1;
+    statusBar()->showMessage(QStringLiteral("%1 bent row%2 copied").arg(n).arg(n == 1 ? "" : "s"), 5000);
+}
+
+void MainWindow::pasteBents() {
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    QString text;
+    if (data && data->hasText())
+        text = data->text();
+    else if (data && data->hasFormat(QStringLiteral("text/csv")))
+        text = QString::fromUtf8(data->data(QStringLiteral("text/csv")));
+    if (text.trimmed().isEmpty()) {
+        statusBar()->showMessage(QStringLiteral("The clipboard holds no bent rows to paste."), 5000);
+        return;
+    }
+    tabs_->setCurrentIndex(kBentTableTab);
+    app_.actions.apply(cmd::PasteBents{text.toStdString()});
+}
+
+void MainWindow::compareWith(const QString& file) {
+    auto* window = new CompareWindow(app_, file, this);
+    window->show();
+}
+
+void MainWindow::openDropped(const QString& path) {
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("ebnt")) {
+        app_.actions.apply(cmd::OpenPath{path.toStdString()});
+        return;
+    }
+    if (suffix == QLatin1String("dgn")) {
+        LoadedDrawing drawing;
+        std::string error;
+        if (!loadDrawing(app_.programDir(), path.toStdString(), drawing, error)) {
+            statusBar()->showMessage(q(error));
+            return;
+        }
+        auto* viewer = new DrawingViewer(std::move(drawing.scene), path, drawing.elements, this);
+        viewer->setAttribute(Qt::WA_DeleteOnClose);
+        viewer->setWindowFlag(Qt::Window);
+        viewer->placeOnScreen();
+        viewer->show();
+        return;
+    }
+    statusBar()->showMessage(QStringLiteral("%1 is neither a project (.ebnt) nor a drawing (.dgn); nothing was opened.")
+                                 .arg(QFileInfo(path).fileName()));
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const auto urls = event->mimeData()->urls();
+    for (const QUrl& url : urls)
+        if (url.isLocalFile()) {
+            event->acceptProposedAction();
+            openDropped(url.toLocalFile());
+            return;
+        }
+    statusBar()->showMessage(QStringLiteral("Only files on this computer can be dropped here."));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

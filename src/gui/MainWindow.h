@@ -39,11 +39,24 @@ class MainWindow : public QMainWindow {
     // View > Run Outputs: the list of the last Run's outputs, non-modal.
     void showRunOutputs();
     RunOutputsWindow* runOutputs() const { return runOutputs_; }
+    // Edit > Copy: the selected bent rows on the clipboard, heading first,
+    // as tab-separated text and as CSV.
+    void copyBents();
+    // Edit > Paste Bents: the clipboard's rows through Add, one step of the history.
+    void pasteBents();
+    // File > Compare With...: the differences from `file` to the form's project, in a window of their own.
+    void compareWith(const QString& file);
+    // What a file dropped on the window does: a project opens as Open opens
+    // it, a drawing opens in the drawing viewer, anything else is refused
+    // in the status bar.
+    void openDropped(const QString& path);
     // The size the window opens at on a screen with room for it.
     static QSize preferredSize();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     QWidget* sketchStrip();
@@ -69,6 +82,7 @@ class MainWindow : public QMainWindow {
     RunOutputsWindow* runOutputs_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
+    std::vector<QAction*> recent_; // mnuRecentFile(0..7)
     std::string shownRunBase_;
     bool syncing_ = false;
 };

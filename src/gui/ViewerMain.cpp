@@ -33,12 +33,20 @@ int exportDrawing(int& argc, char** argv, const std::string& programDir, const s
     if (!hasDisplay()) qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
     QString why;
-    if (!exportScene(drawing.scene, QString::fromStdString(out), &why, replaceFile,
-                     QFileInfo(QString::fromStdString(file)).fileName())) {
-        std::cerr << "tarnwick: " << why.toStdString() << '\n';
-        return 1;
+    bool written = false;
+    try {
+        written = exportScene(drawing.scene, QString::fromStdString(out), &why, replaceFile,
+                              QFileInfo(QString::fromStdString(file)).fileName());
+    } catch (const std::bad_alloc&) {
+        why = QString::fromStdString(file) +
+              QStringLiteral(" cannot be drawn: it needs more memory than the program may use.");
     }
-    return 0;
+    if (!written) std::cerr << "tarnwick: " << why.toStdString() << '\n';
+    // The file is written (or refused and gone): end here. Short of memory,
+    // the font library does not survive the application's teardown.
+    std::cout.flush();
+    std::cerr.flush();
+    std::_Exit(written ? 0 : 1);
 }
 
 int showDrawing(int& argc, char** argv, const std::string& programDir, const std::string& file) {

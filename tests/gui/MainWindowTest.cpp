@@ -3,19 +3,28 @@
 #include "ShownWindow.h"
 
 #include "gui/BentTable.h"
+#include "gui/CompareWindow.h"
+#include "gui/DrawingViewer.h"
 #include "gui/MainWindow.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFile>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 namespace tw {
 
@@ -92,6 +101,91 @@ class MainWindowTest : public QObject, public test::ShownWindow {
         QCOMPARE(window->windowTitle(), QStringLiteral("Norvale-Tarnwick - [bent7.ebnt][*]"));
         QVERIFY(!window->isWindowModified());
         QCOMPARE(app->ports.dialogs.back().defaultExt, std::string("ibnt"));
+    }
+
+    // Files dropped on the window: a project opens as Open opens it (the same
+    // one again asks first) and joins the recent projects; a drawing goes to
+    // the drawing viewer; anything else is a note in the status bar.
+    void droppingFilesOnTheWindow() {
+        auto drop = [&](const QString& path) {
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(path)});
+            const QPointF at = window->rect().center();
+            QDragEnterEvent enter(at.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window.get(), &enter);
+            QVERIFY(enter.isAccepted());
+            QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window.get(), &dropped);
+        };
+        const QString project = QStringLiteral(TW_SOURCE_DIR "/samples/intermediate.ebnt");
+        drop(project);
+        const QString title = QStringLiteral("Norvale-Tarnwick - [intermediate.ebnt][*]");
+        QCOMPARE(window->windowTitle(), title);
+        QCOMPARE(window->grid()->model()->rowCount(), 1);
+        QVERIFY(app->ports.dialogs.empty());
+        auto* recent = find<QAction>("mnuRecentFile(0)");
+        QVERIFY(recent->isVisible());
+        QCOMPARE(recent->text(), QStringLiteral("&1 intermediate.ebnt"));
+        QCOMPARE(recent->statusTip(), project);
+        QVERIFY(!find<QAction>("mnuRecentFile(1)")->isVisible());
+
+        app->ports.answers = {MsgAnswer::No};
+        drop(project);
+        QCOMPARE(app->ports.messages.back().text, std::string("File is already open.  Revert to last saved copy?"));
+
+        drop(QStringLiteral(TW_SOURCE_DIR "/tests/replay/view-not-a-drawing/files/notes.dgn"));
+        QVERIFY(window->findChildren<DrawingViewer*>().isEmpty());
+        QVERIFY(!window->statusBar()->currentMessage().isEmpty());
+
+        drop(QStringLiteral(TW_SOURCE_DIR "/README.md"));
+        QVERIFY(window->statusBar()->currentMessage().startsWith(QStringLiteral("README.md is neither")));
+        QCOMPARE(window->windowTitle(), title);
+    }
+
+    // Bent rows to and from a spreadsheet through the clipboard; a paste is one step of the history.
+    void copyingAndPastingBentRows() {
+        window->tabs()->setCurrentIndex(5);
+        QApplication::clipboard()->setText(
+            QStringLiteral("5\t\t\t101\t101.1\t101.2\t101.3\t104\t104\t104\t104\n"
+                           "6\t98\t98.5\t101\t101.1\t101.2\t101.3\t104\t104\t104.5\t104\n"));
+        find<QAction>("actionPasteBents")->trigger();
+        QCOMPARE(window->grid()->model()->rowCount(), 2);
+        QCOMPARE(window->grid()->model()->index(1, 1).data().toString(), QStringLiteral("98.00"));
+        QCOMPARE(find<QAction>("mnuUndo")->text(), QStringLiteral("Undo Paste Bents"));
+
+        (*app)->actions.selectRows(1, 2);
+        find<QAction>("actionCopyBents")->trigger();
+        const QMimeData* copied = QApplication::clipboard()->mimeData();
+        const QStringList lines = copied->text().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 3);
+        QVERIFY(lines[0].startsWith(QStringLiteral("Bent Number\tBottom Left Cap\t")));
+        QCOMPARE(lines[2],
+                 QStringLiteral("6\t98.00\t98.50\t101.00\t101.10\t101.20\t101.30\t104.00\t104.00\t104.50\t104.00"));
+        QVERIFY(copied->data(QStringLiteral("text/csv")).contains("\r\n5,,,101.00,101.10"));
+
+        // In a text field the keys are the field's own.
+        QApplication::clipboard()->setText(QStringLiteral("12"));
+        auto* number = find<QLineEdit>("txtBentNoPI");
+        number->setFocus(Qt::MouseFocusReason);
+        QTest::keySequence(number, QKeySequence::Paste);
+        QCOMPARE(number->text(), QStringLiteral("12"));
+        QCOMPARE(window->grid()->model()->rowCount(), 2);
+
+        find<QAction>("mnuUndo")->trigger();
+        find<QAction>("mnuUndo")->trigger();
+        QCOMPARE(window->grid()->model()->rowCount(), 0);
+    }
+
+    void compareWithShowsTheDifferencesInAWindowOfItsOwn() {
+        window->compareWith(QStringLiteral(TW_SOURCE_DIR "/samples/intermediate.ebnt"));
+        auto* compare = window->findChild<CompareWindow*>();
+        QVERIFY(compare);
+        QVERIFY(!compare->isModal());
+        QVERIFY(compare->isVisible());
+        const QString list = compare->list()->toPlainText();
+        QVERIFY(list.contains(
+            QStringLiteral("cboTybent: \"Pile Intermediate Bent\" -> \"Pile End Bent without Backwall\"")));
+        QVERIFY(list.contains(QStringLiteral("Bent 2 removed")));
     }
 
     void closingTheWindowAsks() {

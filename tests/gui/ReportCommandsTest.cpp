@@ -37,8 +37,19 @@ class ReportCommandsTest : public QObject, public test::ShownWindow {
         QStringList names;
         for (QAction* a : file->actions())
             if (!a->isSeparator()) names << a->objectName();
-        QCOMPARE(names, QStringList({"mnuNew", "mnuOpen", "mnuSave", "mnuSaveAs", "mnuPrint", "actionExportReport",
-                                     "actionPrintReport", "mnuRun", "mnuExit"}));
+        QStringList expected{"mnuNew",
+                             "mnuOpen",
+                             "mnuSave",
+                             "mnuSaveAs",
+                             "actionCompareWith",
+                             "mnuPrint",
+                             "actionExportReport",
+                             "actionPrintReport",
+                             "mnuRun"};
+        for (int i = 0; i < 8; ++i)
+            expected << QStringLiteral("mnuRecentFile(%1)").arg(i);
+        expected << QStringLiteral("mnuExit");
+        QCOMPARE(names, expected);
     }
 
     void aProjectNotSavedYetIsReportedAsSuch() {

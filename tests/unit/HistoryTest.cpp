@@ -105,6 +105,7 @@ const char* const kFixtures[] = {
     "cap-length-and-closing",
     "numeric-entry",
     "options-sections",
+    "paste-bents",
     "pile-box-check",
     "relayout",
     "sample-end-with-backwall",

@@ -28,6 +28,12 @@ bool App::readFile(const std::string& path, std::vector<std::string>* notes) {
     return read;
 }
 
+bool App::writeFile(const std::string& path) {
+    bool written = false;
+    perform([&] { written = writeInputFile(session_, path) && !session_.project().saveFailed; });
+    return written;
+}
+
 void App::reportFailure(const std::string& what) {
     perform([&] { session_.reportError(internalError(what)); });
 }

@@ -52,6 +52,9 @@ class App {
     // Reads an input file onto the form at its defaults (check, dump, draw); a
     // failure ends in the error box and gives false.
     bool readFile(const std::string& path, std::vector<std::string>* notes = nullptr);
+    // Writes the project to `path` as a save does, without its dialogs; true
+    // when the whole file was written.
+    bool writeFile(const std::string& path);
     // A failure nothing caught: the standard error box.
     void reportFailure(const std::string& what);
 

@@ -72,6 +72,16 @@ struct Close {
 // One whole step of the project's history back, or forward again.
 struct Undo {};
 struct Redo {};
+// A project file given without Open's dialog (dropped on the window): what
+// Open does once its dialog gave the path.
+struct OpenPath {
+    std::string path;
+};
+// Bent rows from a spreadsheet (tab- or comma-separated, the heading row
+// optional), each added as Add adds a typed bent; one step of the history.
+struct PasteBents {
+    std::string text;
+};
 // The project of a recovery file comes back on the form.
 struct Restore {
     std::string recovery;
@@ -81,9 +91,9 @@ struct Restore {
 
 namespace tw {
 
-using Command =
-    std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click, cmd::DoubleClick,
-                 cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Undo, cmd::Redo, cmd::Restore>;
+using Command = std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click,
+                             cmd::DoubleClick, cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Undo,
+                             cmd::Redo, cmd::Restore, cmd::PasteBents, cmd::OpenPath>;
 
 // The keys of the toolbar's buttons, in their order.
 const std::vector<std::string>& toolbarKeys();

@@ -15,7 +15,9 @@ namespace {
 // unsave.
 bool restored(const ChangeEntry& e) {
     if (changesProject(e) || std::holds_alternative<change::Rows>(e)) return true;
-    if (const auto* p = std::get_if<change::Property>(&e)) return p->form == FormId::Main && p->prop != Prop::Caret;
+    // The recent projects are the user's, not the project's.
+    if (const auto* p = std::get_if<change::Property>(&e))
+        return p->form == FormId::Main && p->prop != Prop::Caret && p->id.ctl != Ctl::mnuRecentFile;
     return false;
 }
 

@@ -6,6 +6,7 @@
 #include "core/form/Events.h"
 #include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
+#include "core/form/RecentFiles.h"
 #include "core/form/Recovery.h"
 #include "core/form/ShellCommands.h"
 #include "core/model/Inputs.h"
@@ -84,6 +85,7 @@ void clickMain(Session& s, const CtlId& id) {
     switch (id.ctl) {
     case Ctl::mnuNew: newProject(s); break;
     case Ctl::mnuOpen: openProject(s); break;
+    case Ctl::mnuRecentFile: openRecentFile(s, id.index); break;
     case Ctl::mnuSave:
     case Ctl::mnuSaveAs: saveProject(s); break;
     case Ctl::mnuPrint: printCommand(s); break;
@@ -242,8 +244,20 @@ ChangeSet UserActions::apply(const Command& command) {
             [&](const cmd::Undo&) { return a.walkHistory(false); },
             [&](const cmd::Redo&) { return a.walkHistory(true); },
             [&](const cmd::Restore& c) { return a.perform([&] { restoreRecovery(s, c.recovery); }); },
+            [&](const cmd::OpenPath& c) { return a.perform([&] { openPath(s, c.path); }); },
+            [&](const cmd::PasteBents& c) {
+                return a.perform([&] { tw::pasteBents(s, c.text); }, "Paste Bents", CtlId(Ctl::txtBentNoPI),
+                                 s.table().rows());
+            },
         },
         command);
+}
+
+PasteOutcome UserActions::pasteBents(const std::string& text) {
+    PasteOutcome outcome;
+    Session& s = app_.session_;
+    app_.perform([&] { outcome = tw::pasteBents(s, text); }, "Paste Bents", CtlId(Ctl::txtBentNoPI), s.table().rows());
+    return outcome;
 }
 
 bool UserActions::restore(const std::string& recovery) {

@@ -10,6 +10,7 @@
 
 #include "core/app/Commands.h"
 #include "core/form/Changes.h"
+#include "core/form/PasteBents.h"
 
 #include <functional>
 #include <optional>
@@ -45,6 +46,8 @@ class UserActions {
     void closeWindow(FormId form) { apply(cmd::Close{form}); }
     void undo() { apply(cmd::Undo{}); }
     void redo() { apply(cmd::Redo{}); }
+    // What a paste of bent rows added, and the line of the row it stopped at.
+    PasteOutcome pasteBents(const std::string& text);
     // False when the recovery file could not be read.
     bool restore(const std::string& recovery);
     // Reads the project's file again, as another program left it.

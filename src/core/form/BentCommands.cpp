@@ -7,6 +7,7 @@
 #include "core/model/Numeric.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace tw {
 
@@ -97,40 +98,17 @@ void loadWingwall(Session& s, const std::string& front, const std::string& end, 
 }
 
 void edit(Session& s) {
-    const auto type = bentType(s);
-    if (!type) return;
+    if (!bentType(s)) return;
     const int r = s.selection().row;
     if (r == 0) return;
     if (s.selection().end > r) {
         s.message("Please select only one row", kAppTitle, MsgButtons::OK, MsgIcon::Critical);
         return;
     }
-    const BentTable table = s.table();
-    auto cell = [&](int c) { return trim(table.cell(r, c)); };
-    s.setText(Ctl::txtBentNoPI, cell(0));
-    const std::string left = cell(1), right = cell(2);
-    if (isNumeric(left) || isNumeric(right)) {
-        s.setListIndex(Ctl::cboBtomCalPI, 1);
-        s.setText(Ctl::txtBtLCapPI, left);
-        s.setText(Ctl::txtBtRCapPI, right);
-    } else {
-        s.setListIndex(Ctl::cboBtomCalPI, 0);
-        s.setText(Ctl::txtBtLCapPI, "");
-        s.setText(Ctl::txtBtRCapPI, "");
-    }
-    const int n = s.project().beams();
-    for (int i = 0; i < n; ++i)
-        s.setText(CtlId(Ctl::txtEStepPI, i), cell(i + 3));
-    if (!isEndBent(*type)) return;
-    loadWingwall(s, cell(n + 3), cell(n + 5), Ctl::cboTPLwinwall, Ctl::Frame12, Ctl::Frame11,
-                 Ctl::txtLwingwallElevation, Ctl::txtElevationTopLeftfront, Ctl::txtElevationTopLeftEnd);
-    loadWingwall(s, cell(n + 4), cell(n + 6), Ctl::cboTPRwingwall, Ctl::Frame10, Ctl::Frame9,
-                 Ctl::txtRwingwallElevation, Ctl::txtElevationTopRighFront, Ctl::txtElevationTopRighEnd);
-    if (*type != BentType::EndWithBackwall) return;
-    const Ctl backwall[] = {Ctl::txtTopLeftEndPost, Ctl::txtTopRightEndPost, Ctl::txtTopLeftBackwall,
-                            Ctl::txtTopCentBackwall, Ctl::txtTopRightBackwall};
-    for (int k = 0; k < 5; ++k)
-        s.setText(backwall[k], cell(n + 7 + k));
+    std::vector<std::string> cells = s.table().rowCells(r);
+    for (auto& c : cells)
+        c = trim(c);
+    loadBentFields(s, cells, [](const std::string& c) { return isNumeric(c); });
 }
 
 void remove(Session& s) {
@@ -168,6 +146,39 @@ void removeAll(Session& s) {
 }
 
 } // namespace
+
+void loadBentFields(Session& s, const std::vector<std::string>& cells,
+                    const std::function<bool(const std::string&)>& bottomGiven) {
+    const auto type = bentType(s);
+    if (!type) return;
+    auto cell = [&](int c) {
+        return c < static_cast<int>(cells.size()) ? cells[static_cast<size_t>(c)] : std::string();
+    };
+    s.setText(Ctl::txtBentNoPI, cell(0));
+    const std::string left = cell(1), right = cell(2);
+    if (bottomGiven(left) || bottomGiven(right)) {
+        s.setListIndex(Ctl::cboBtomCalPI, 1);
+        s.setText(Ctl::txtBtLCapPI, left);
+        s.setText(Ctl::txtBtRCapPI, right);
+    } else {
+        s.setListIndex(Ctl::cboBtomCalPI, 0);
+        s.setText(Ctl::txtBtLCapPI, "");
+        s.setText(Ctl::txtBtRCapPI, "");
+    }
+    const int n = s.project().beams();
+    for (int i = 0; i < n; ++i)
+        s.setText(CtlId(Ctl::txtEStepPI, i), cell(i + 3));
+    if (!isEndBent(*type)) return;
+    loadWingwall(s, cell(n + 3), cell(n + 5), Ctl::cboTPLwinwall, Ctl::Frame12, Ctl::Frame11,
+                 Ctl::txtLwingwallElevation, Ctl::txtElevationTopLeftfront, Ctl::txtElevationTopLeftEnd);
+    loadWingwall(s, cell(n + 4), cell(n + 6), Ctl::cboTPRwingwall, Ctl::Frame10, Ctl::Frame9,
+                 Ctl::txtRwingwallElevation, Ctl::txtElevationTopRighFront, Ctl::txtElevationTopRighEnd);
+    if (*type != BentType::EndWithBackwall) return;
+    const Ctl backwall[] = {Ctl::txtTopLeftEndPost, Ctl::txtTopRightEndPost, Ctl::txtTopLeftBackwall,
+                            Ctl::txtTopCentBackwall, Ctl::txtTopRightBackwall};
+    for (int k = 0; k < 5; ++k)
+        s.setText(backwall[k], cell(n + 7 + k));
+}
 
 void bentCommand(Session& s, int index) {
     static void (*const commands[])(Session&) = {add, insert, replace, edit, remove, removeAll};

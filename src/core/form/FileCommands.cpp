@@ -3,6 +3,7 @@
 
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/RecentFiles.h"
 #include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Numeric.h"
@@ -115,6 +116,7 @@ FileDialogRequest saveDialog(const char* filter, const char* defaultExt, const s
 bool writeAndCaption(Session& s, const std::string& path) {
     if (!writeInputFile(s, path)) return false;
     setMainCaption(s, true);
+    rememberRecentFile(s, path);
     // A file the pile-box check cut short holds less than the form: the
     // project is still unsaved, and kept safe as such.
     if (s.project().saveFailed)
@@ -130,6 +132,7 @@ void readProject(Session& s, const std::string& path) {
     if (readInputFile(s, path)) {
         setMainCaption(s, true);
         s.markSaved();
+        rememberRecentFile(s, path);
     } else {
         resetForm(s); // never leave a half-read project on the form
     }
@@ -150,6 +153,8 @@ bool saveSteps(Session& s) {
     return writeAndCaption(s, path);
 }
 
+void openChosen(Session& s, const std::string& path, const std::string& previous);
+
 } // namespace
 
 void newProject(Session& s) {
@@ -167,6 +172,18 @@ void openProject(Session& s) {
     const std::string previous = s.dialogFileName();
     r.fileName = previous;
     const std::string path = chooseFile(s, r);
+    openChosen(s, path, previous);
+}
+
+void openPath(Session& s, const std::string& path) {
+    const std::string previous = s.dialogFileName();
+    s.setDialogFileName(path);
+    openChosen(s, path, previous);
+}
+
+namespace {
+
+void openChosen(Session& s, const std::string& path, const std::string& previous) {
     if (!hasCurrentFile(s) || path != previous) {
         readProject(s, path);
         return;
@@ -175,6 +192,8 @@ void openProject(Session& s) {
                   MsgIcon::None) == MsgAnswer::Yes)
         readProject(s, path);
 }
+
+} // namespace
 
 bool saveProject(Session& s) {
     try {

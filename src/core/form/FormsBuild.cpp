@@ -223,6 +223,9 @@ void addMenus(Builder& b) {
     for (const auto& [c, caption] : menus)
         // Nothing to undo or redo yet.
         b.menu(c, caption).enabled = c != Ctl::mnuUndo && c != Ctl::mnuRedo;
+    // The recent projects show once there are some.
+    for (int i = 0; i < ctlArraySize(Ctl::mnuRecentFile); ++i)
+        b.add(Ctl::mnuRecentFile, Kind::Menu, i).visible = false;
 }
 
 Form buildMain() {

@@ -4,6 +4,7 @@
 
 #include "core/form/Events.h"
 #include "core/form/Forms.h"
+#include "core/form/RecentFiles.h"
 #include "core/form/Session.h"
 #include "core/model/Columns.h"
 #include "core/model/Inputs.h"
@@ -125,6 +126,7 @@ void loadMainForm(Session& s) {
     s.load(FormId::Main);
     resetForm(s);
     setupPanes(s);
+    showRecentFiles(s);
 }
 
 void setMainCaption(Session& s, bool fileCurrent) {

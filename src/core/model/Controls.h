@@ -154,6 +154,7 @@ namespace tw {
     X(mnuEdit, 0)                                                                                                      \
     X(mnuUndo, 0)                                                                                                      \
     X(mnuRedo, 0)                                                                                                      \
+    X(mnuRecentFile, 8)                                                                                                \
     /* frmSplash, frmAbout */                                                                                          \
     X(lblTitle, 0)                                                                                                     \
     X(lblVersion, 0)                                                                                                   \

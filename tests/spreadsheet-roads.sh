@@ -1,0 +1,161 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
+# The bent table to and from a spreadsheet (`tarnwick table`) and the
+# comparison of two projects (`tarnwick diff`), through the command line.
+# Usage: spreadsheet-roads.sh table|diff TARNWICK PROGRAM_DIR SAMPLES_DIR WORK_DIR
+set -uo pipefail
+mode=$1 tarnwick=$2 program_dir=$3 samples=$4 work=$5
+rm -rf "$work"
+mkdir -p "$work/xdg"
+export XDG_CONFIG_HOME=$work/xdg QT_QPA_PLATFORM=offscreen
+cd "$work" || exit 1
+cp "$samples"/*.ebnt .
+failures=0
+
+fail() {
+  echo "FAILED: $*"
+  failures=$((failures + 1))
+}
+
+# Sets rc, out and err.
+run() {
+  rc=0
+  "$tarnwick" --program-dir "$program_dir" "$@" >out.txt 2>err.txt || rc=$?
+  out=$(cat out.txt)
+  err=$(cat err.txt)
+}
+
+expect() { # STATUS WHAT...
+  local want=$1
+  shift
+  [ "$rc" = "$want" ] || fail "$*: exit $rc, expected $want (stderr: $err)"
+}
+
+crlf() { printf '%s\r\n' "$@"; }
+
+table_cases() {
+  local heading='Bent Number,Bottom Left Cap,Bottom Right Cap,1Step,2Step,3Step,4Step,5Step'
+
+  run table intermediate.ebnt
+  expect 0 "table of a sample"
+  crlf "$heading" '2,,,101.32,101.45,101.58,101.45,101.32' >want.txt
+  cmp -s out.txt want.txt || fail "table intermediate.ebnt printed: $out"
+
+  # A heading row, quoted cells, CR LF and LF lines; typed values are formatted as leaving the field formats them.
+  printf '%s\r\n"3",96.5,"96.25",1,2,3,4,5\n4,,,"1.5",2,3,4,5\n' "$heading" >rows.csv
+  run table intermediate.ebnt --add rows.csv --output new.ebnt
+  expect 0 "rows added"
+  run table new.ebnt
+  crlf "$heading" '2,,,101.32,101.45,101.58,101.45,101.32' '3,96.50,96.25,1.00,2.00,3.00,4.00,5.00' \
+    '4,,,1.50,2.00,3.00,4.00,5.00' >want.txt
+  cmp -s out.txt want.txt || fail "the new project's table: $out"
+  run check new.ebnt
+  [[ "$out" == "new.ebnt: ok (3 bents, 5 beams, Pile Intermediate Bent)" ]] || fail "check of the new project: $out"
+
+  # A comma and a quote inside a cell come back quoted, the quote doubled.
+  printf '"7,",,,1,2,3,4,5\n"8""",,,1,2,3,4,5\n' >quoted.csv
+  run table intermediate.ebnt --add quoted.csv --output quoted.ebnt
+  expect 0 "quoted cells"
+  run table quoted.ebnt
+  [[ "$out" == *$'\r\n"7,",,,1.00,2.00,3.00,4.00,5.00\r\n"8""",,,1.00'* ]] || fail "quoting in the output: $out"
+
+  # A refused row (a repeated bent number) stops everything; the line counts a cell's own line breaks.
+  printf '"5\n",,,1,2,3,4,5\n2,,,1,2,3,4,5\n6,,,1,2,3,4,5\n' >repeat.csv
+  run table intermediate.ebnt --add repeat.csv --output refused.ebnt
+  expect 1 "a repeated bent"
+  [ "$err" = "repeat.csv:3: You have entered the repeated Bent Number. Please check!" ] || fail "repeated: $err"
+  [ ! -e refused.ebnt ] || fail "a refused row still wrote refused.ebnt"
+
+  printf '9,,,1,2,,4,5\n' >missing-step.csv
+  run table intermediate.ebnt --add missing-step.csv --output refused.ebnt
+  expect 1 "a missing step"
+  [ "$err" = "missing-step.csv:1: Please complete all the step elevation!" ] || fail "missing step: $err"
+
+  # Rows that do not fit the table are refused before anything is added, naming the columns.
+  printf '9,,,1,2,3,4,5\n10,,,1,2,3\n' >short.csv
+  run table intermediate.ebnt --add short.csv --output refused.ebnt
+  expect 1 "a short row"
+  [[ "$err" == "short.csv:2: Line 2 holds 6 columns, "*"has 8: Bent Number, Bottom Left Cap, "*", 5Step. Nothing was pasted." ]] || fail "short row: $err"
+  [ ! -e refused.ebnt ] || fail "a short row still wrote refused.ebnt"
+
+  # Files that do not read.
+  run table nowhere.ebnt
+  expect 1 "a missing project"
+  [[ "$err" == "nowhere.ebnt: "* ]] || fail "missing project: $err"
+  mkdir folder.csv
+  run table intermediate.ebnt --add folder.csv --output refused.ebnt
+  expect 1 "rows from a folder"
+  [[ "$err" == "folder.csv: "* ]] || fail "rows from a folder: $err"
+  run table intermediate.ebnt --add nowhere.csv --output refused.ebnt
+  expect 1 "rows from nowhere"
+  run table intermediate.ebnt --add rows.csv --output no-folder/new.ebnt
+  expect 1 "output into a missing folder"
+  [[ "$err" == "no-folder/new.ebnt: "* ]] || fail "output into a missing folder: $err"
+  run table intermediate.ebnt --add rows.csv
+  expect 2 "--add without --output"
+}
+
+diff_cases() {
+  # A revision made as the engineer makes one: a cap length typed, a bent pasted, a bent edited and replaced.
+  cat >revise.txt <<'SCRIPT'
+file end-with-backwall.ebnt
+click mnuOpen
+paste txtCapLength "82.5"
+leave txtCapLength
+paste-bents "9,,,99.8,99.9,100,100.1,104.25,104.5,101.75,104.5,105.1,105.2,104.9,105,104.95"
+select 1
+click cmdQuantity(3)
+paste txtEStepPI(1) "99.95"
+leave txtEStepPI(1)
+click cmdQuantity(2)
+answer No
+file revised.ebnt
+click mnuSave
+SCRIPT
+  run replay revise.txt
+  expect 0 "making the revision"
+
+  run diff end-with-backwall.ebnt end-with-backwall.ebnt
+  expect 0 "a project against itself"
+  [ -z "$out" ] || fail "a project against itself printed: $out"
+
+  run diff end-with-backwall.ebnt revised.ebnt
+  expect 1 "a revision"
+  cat >want.txt <<'LINES'
+Enter the length of the cap measured along the front face of the cap  txtCapLength: "38.0000" -> "82.5000"
+Bent 9 added: "9" "" "" "99.80" "99.90" "100.00" "100.10" "104.25" "104.50" "101.75" "104.50" "105.10" "105.20" "104.90" "105.00" "104.95"
+Bent 3 changed  2Step: "99.90" -> "99.95"
+LINES
+  cmp -s out.txt want.txt || fail "the revision's differences: $out"
+
+  run diff revised.ebnt end-with-backwall.ebnt
+  expect 1 "the revision the other way"
+  [[ "$out" == *'Bent 9 removed: "9"'* ]] || fail "a removed bent: $out"
+
+  # Another bent type: the type, its columns and every bent differ.
+  run diff intermediate.ebnt end-with-backwall.ebnt
+  expect 1 "two bent types"
+  [[ "$out" == *'cboTybent: "Pile Intermediate Bent" -> "Pile End Bent with Backwall"'* ]] || fail "bent type: $out"
+
+  # Files that do not read are an error, as diff has it.
+  run diff end-with-backwall.ebnt nowhere.ebnt
+  expect 2 "a missing file"
+  [[ "$err" == "nowhere.ebnt: "*"File not found"* ]] || fail "missing file: $err"
+  mkdir folder.ebnt
+  run diff folder.ebnt end-with-backwall.ebnt
+  expect 2 "a folder"
+  printf 'not a project\r\n' >garbage.ebnt
+  run diff end-with-backwall.ebnt garbage.ebnt
+  expect 2 "a file that is no project"
+  [ -z "$out" ] || fail "an unreadable file still printed: $out"
+  run diff end-with-backwall.ebnt
+  expect 2 "one file only"
+}
+
+case $mode in
+table) table_cases ;;
+diff) diff_cases ;;
+*) echo "unknown mode $mode"; exit 2 ;;
+esac
+[ "$failures" = 0 ] || exit 1
+echo "all $mode cases passed"
