@@ -33,7 +33,12 @@ fail() {
 run() {
   local limit=${LIMIT:-4000000}
   rc=0
-  (ulimit -v "$limit" && exec timeout 60 "$tarnwick" --program-dir "$program_dir" "$@") >out.txt 2>err.txt || rc=$?
+  if [ "${SANITIZED:-OFF}" = ON ]; then
+    # The sanitizers reserve more address space than any limit leaves: a time bound only.
+    (exec timeout 60 "$tarnwick" --program-dir "$program_dir" "$@") >out.txt 2>err.txt || rc=$?
+  else
+    (ulimit -v "$limit" && exec timeout 60 "$tarnwick" --program-dir "$program_dir" "$@") >out.txt 2>err.txt || rc=$?
+  fi
   # What libraries say of themselves when memory runs out as they load is not ours.
   err=$(grep -v -e '^QStandardPaths' -e '^Fontconfig' -e '^Error in GnuTLS' err.txt)
 }
