@@ -2,6 +2,7 @@
 // Programs Run waits for end with tarnwick, however it ends, and a time
 // limit ends one that hangs: the real executable, engines and batch
 // programs that never end, and a look at the processes afterwards.
+#include "RunTarnwick.h"
 #include "TestFiles.h"
 
 #include <gtest/gtest.h>
@@ -58,12 +59,7 @@ class ProcessEnd : public ::testing::Test {
         if (pid == 0) {
             if (chdir(dir.c_str()) != 0) _exit(126);
             if (!freopen("out.txt", "w", stdout) || !freopen("err.txt", "w", stderr)) _exit(126);
-            std::vector<char*> argv;
-            for (auto& a : args)
-                argv.push_back(a.data());
-            argv.push_back(nullptr);
-            execv(argv[0], argv.data());
-            _exit(127);
+            test::execArgs(args);
         }
         return pid;
     }

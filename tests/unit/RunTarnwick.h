@@ -17,6 +17,16 @@
 
 namespace tw::test {
 
+// In a forked child: becomes the program args[0] with its arguments; 127 when it cannot.
+[[noreturn]] inline void execArgs(std::vector<std::string>& args) {
+    std::vector<char*> argv;
+    for (auto& a : args)
+        argv.push_back(a.data());
+    argv.push_back(nullptr);
+    execv(argv[0], argv.data());
+    _exit(127);
+}
+
 struct Ran {
     int status = -1; // the exit status; 128 + N for signal N; -1 when it had to be ended
     std::string out, err;
@@ -39,12 +49,7 @@ inline Ran runTarnwick(std::vector<std::string> args, const std::filesystem::pat
         dup2(in[0], 0);
         dup2(out, 1);
         dup2(err, 2);
-        std::vector<char*> argv;
-        for (auto& a : args)
-            argv.push_back(a.data());
-        argv.push_back(nullptr);
-        execv(argv[0], argv.data());
-        _exit(127);
+        execArgs(args);
     }
     close(in[0]);
     signal(SIGPIPE, SIG_IGN);
