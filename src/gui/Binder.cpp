@@ -382,6 +382,11 @@ void Binder::sync() {
         syncOne(b);
 }
 
+void Binder::syncSince(size_t first) {
+    for (size_t i = first; i < bindings_.size(); ++i)
+        syncOne(bindings_[i]);
+}
+
 void Binder::syncGroups() {
     for (const auto& b : bindings_)
         if (b.type == Type::Group || b.type == Type::ViewGroup) syncOne(b);

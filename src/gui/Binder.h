@@ -49,6 +49,10 @@ class Binder : public QObject {
     void sync();
     // Copies what the change set names.
     void sync(const ChangeSet& changes);
+    // How many widgets are bound so far, and a copy into those bound since
+    // that count: a part of the view built later catches up alone.
+    size_t bindingCount() const { return bindings_.size(); }
+    void syncSince(size_t first);
     QWidget* widgetFor(const CtlId& id) const;
     // The control a widget stands for, if it is bound.
     std::optional<CtlId> idOf(const QWidget* w) const;

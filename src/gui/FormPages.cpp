@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/FormPages.h"
 
+#include "core/app/App.h"
 #include "core/form/FormPrompts.h"
 #include "gui/Binder.h"
 #include "gui/FormGrid.h"
@@ -233,6 +234,55 @@ QWidget* pilePage(Binder& b) {
         bg.row(CtlId(Ctl::lblBatterPile, i), CtlId(Ctl::txtBatterPile, i), kFeet);
     bg.row(QStringLiteral("Distance left"), CtlId(Ctl::txtBatterPile, 6), kFeet);
     return scrolledPage(column({piles, battered}));
+}
+
+const std::vector<FormPage>& formPages() {
+    static const std::vector<FormPage> pages = {
+        {generalPage,
+         {{Ctl::Frame1,
+           {Ctl::txtProjectInfo, Ctl::cboTybent, Ctl::cboNoBeam, Ctl::cboDrScale, Ctl::cboBentDrawn, Ctl::cboBSkew,
+            Ctl::cboAngleType, Ctl::txtCapLength, Ctl::cboWingParallel, Ctl::cboWingwallPileBox, Ctl::cboBatterPile,
+            Ctl::cboTPLwinwall, Ctl::cboTPRwingwall}}}},
+        {capPage,
+         {{Ctl::Frame2, {Ctl::txtCapWidth, Ctl::txtCapDepth}},
+          {Ctl::Frame3, {Ctl::txtTransWidth, Ctl::txtLongWidth}},
+          {Ctl::Frame4, {Ctl::txtCapStep}}}},
+        {wingwallPage,
+         {{Ctl::Frame5, {Ctl::txtWingwallLength, Ctl::txtWinLAngle, Ctl::txtWinRAngle}},
+          {Ctl::Frame6, {Ctl::txtPileBoxDistance1, Ctl::txtPileBoxDistance2}},
+          {Ctl::Frame7, {Ctl::txtWidthEndPost, Ctl::txtLengthEndPost}}}},
+        {bearingPage,
+         {{std::nullopt, {Ctl::cboBearingHole, Ctl::txtCenterlineDistance}},
+          {std::nullopt, {Ctl::txtBeamangleH, Ctl::txtBeamangleM, Ctl::txtBeamangleS}},
+          {std::nullopt, {Ctl::txtCenterline}}}},
+        {pilePage,
+         {{std::nullopt, {Ctl::cboTypeOfPile, Ctl::cboStrirrups}},
+          {Ctl::Frame18, {Ctl::cboBatteredPile, Ctl::txtBatterPile}}}},
+    };
+    return pages;
+}
+
+bool pageShows(const App& app, const FormPage& page) {
+    auto shows = [&](Ctl ctl) {
+        const int n = ctlArraySize(ctl);
+        if (n == 0) return app.ctl(ctl).visible;
+        for (int i = 0; i < n; ++i)
+            if (app.ctl(CtlId(ctl, i)).visible) return true;
+        return false;
+    };
+    for (const PageSection& s : page.sections) {
+        if (s.frame && !app.ctl(*s.frame).visible) continue;
+        for (Ctl f : s.fields)
+            if (shows(f)) return true;
+    }
+    return false;
+}
+
+bool pageHolds(const FormPage& page, Ctl ctl) {
+    for (const PageSection& s : page.sections)
+        for (Ctl f : s.fields)
+            if (f == ctl) return true;
+    return false;
 }
 
 } // namespace tw

@@ -38,6 +38,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <utility>
+
 static void initToolbarIcons() { Q_INIT_RESOURCE(toolbar); }
 
 namespace tw {
@@ -90,18 +92,18 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     tabs_ = new QTabWidget;
     tabs_->setObjectName(QStringLiteral("SSTab1"));
     tabs_->setDocumentMode(true);
-    tabs_->addTab(generalPage(binder_), QString());
-    tabs_->addTab(capPage(binder_), QString());
-    tabs_->addTab(wingwallPage(binder_), QString());
-    tabs_->addTab(bearingPage(binder_), QString());
-    tabs_->addTab(pilePage(binder_), QString());
-    bentTable_ = new BentTablePage(app_, binder_);
-    tabs_->addTab(bentTable_, QString());
+    // A page is built when it is first shown: the window comes up with the
+    // one page it shows, not all six pages' hundreds of controls.
     const auto& captions = tabCaptions();
-    for (int i = 0; i < tabs_->count(); ++i)
-        tabs_->setTabText(i, q(captions[i]));
-    tabs_->setTabText(kBentTableTab, QStringLiteral("Bent Table"));
+    for (int i = 0; i <= kBentTableTab; ++i) {
+        auto* slot = new QWidget;
+        auto* layout = new QVBoxLayout(slot);
+        layout->setContentsMargins(0, 0, 0, 0);
+        tabs_->addTab(slot, i == kBentTableTab ? QStringLiteral("Bent Table") : q(captions[i]));
+    }
+    built_.assign(tabs_->count(), false);
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int index) {
+        buildPage(index);
         if (!syncing_) app_.actions.selectTab(index);
     });
     // From anywhere in the window, Ctrl+Page Down and Ctrl+Page Up step through the tabs that show.
@@ -152,7 +154,51 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
 
 QSize MainWindow::preferredSize() { return {1280, 800}; }
 
-FrozenColumnTable* MainWindow::grid() const { return bentTable_->table(); }
+FrozenColumnTable* MainWindow::grid() { return bentTablePage()->table(); }
+
+BentTablePage* MainWindow::bentTablePage() {
+    buildPage(kBentTableTab);
+    return bentTable_;
+}
+
+void MainWindow::buildPage(int tab) {
+    if (tab < 0 || tab >= static_cast<int>(built_.size()) || built_[tab]) return;
+    built_[tab] = true;
+    const size_t first = binder_.bindingCount();
+    QWidget* page = nullptr;
+    if (tab == kBentTableTab)
+        page = bentTable_ = new BentTablePage(app_, binder_);
+    else
+        page = formPages()[tab].build(binder_);
+    tabs_->widget(tab)->layout()->addWidget(page);
+    page->show(); // now, not when the layout's queued show comes round: the focus may go to it at once
+    // Fonts and style as shown, before anything is measured by them.
+    page->ensurePolished();
+    const bool wasSyncing = std::exchange(syncing_, true);
+    binder_.syncSince(first);
+    if (bentTable_ && page == bentTable_) {
+        bentTable_->table()->fitColumns(); // by the fonts it is shown in
+        bentTable_->refresh();
+    }
+    syncing_ = wasSyncing;
+}
+
+void MainWindow::buildAllPages() {
+    for (int i = 0; i < tabs_->count(); ++i)
+        buildPage(i);
+}
+
+QWidget* MainWindow::widgetFor(const CtlId& id) {
+    if (QWidget* w = binder_.widgetFor(id)) return w;
+    // Not built yet: the page that holds it, or else the bent table's, which holds the rest.
+    const auto& pages = formPages();
+    int tab = kBentTableTab;
+    for (int i = 0; i < static_cast<int>(pages.size()); ++i)
+        if (pageHolds(pages[i], id.ctl)) tab = i;
+    if (built_[tab]) return nullptr;
+    buildPage(tab);
+    return binder_.widgetFor(id);
+}
 
 void MainWindow::addNotice(QWidget* bar) { notices_->addWidget(bar); }
 
@@ -321,16 +367,16 @@ void MainWindow::buildToolbar() {
 }
 
 void MainWindow::refreshTabs() {
-    // A tab whose every section is hidden for this bent type is hidden too.
-    for (int i = 0; i < tabs_->count(); ++i) {
-        if (i == kBentTableTab) continue;
-        bool shows = false;
-        for (const QGroupBox* g : tabs_->widget(i)->findChildren<QGroupBox*>())
-            shows = shows || !g->isHidden();
+    // A tab whose every section is hidden for this bent type is hidden too;
+    // the form's data says so whether or not the page is built yet.
+    const auto& pages = formPages();
+    for (int i = 0; i < static_cast<int>(pages.size()); ++i) {
+        const bool shows = pageShows(app_, pages[i]);
         if (tabs_->isTabVisible(i) != shows) tabs_->setTabVisible(i, shows);
     }
     const int tab = app_.currentTab();
     if (tabs_->currentIndex() != tab && tabs_->isTabVisible(tab)) tabs_->setCurrentIndex(tab);
+    buildPage(tabs_->currentIndex());
 }
 
 void MainWindow::refreshStatus() {
@@ -394,7 +440,7 @@ void MainWindow::refresh() {
     refreshMenus();
     binder_.sync();
     refreshTabs();
-    bentTable_->refresh();
+    if (bentTable_) bentTable_->refresh();
     drawing_->showProject(app_);
     refreshStatus();
     syncing_ = false;
@@ -407,7 +453,7 @@ void MainWindow::refresh(const ChangeSet& changes) {
     refreshMenus();
     binder_.sync(changes);
     if (!changes.controls.empty()) refreshTabs();
-    if (changes.table || changes.selection) bentTable_->refresh();
+    if (bentTable_ && (changes.table || changes.selection)) bentTable_->refresh();
     if (!changes.inputs.empty() || changes.table || changes.selection || changes.focus) drawing_->showProject(app_);
     refreshStatus();
     syncing_ = false;
@@ -418,13 +464,13 @@ void MainWindow::refresh(const ChangeSet& changes) {
 void MainWindow::lookAt(const ChangeSet& changes) {
     // After an undo or redo: the tab of the step's field, and its bent row in view.
     if (changes.lookAt)
-        if (QWidget* w = binder_.widgetFor(*changes.lookAt))
+        if (QWidget* w = widgetFor(*changes.lookAt))
             for (int i = 0; i < tabs_->count(); ++i)
                 if (tabs_->widget(i)->isAncestorOf(w) && tabs_->isTabVisible(i)) {
                     tabs_->setCurrentIndex(i);
                     break;
                 }
-    if (changes.lookAtRow) bentTable_->showRow(*changes.lookAtRow);
+    if (changes.lookAtRow) bentTablePage()->showRow(*changes.lookAtRow);
     if (changes.lookAt) placeFocus();
 }
 

@@ -31,7 +31,12 @@ class MainWindow : public QMainWindow {
     void refresh();
     void refresh(const ChangeSet& changes);
     Binder& binder() { return binder_; }
-    FrozenColumnTable* grid() const;
+    // The bent table's grid (its page built if it is not yet).
+    FrozenColumnTable* grid();
+    // Every page built now; otherwise each is built when first shown.
+    void buildAllPages();
+    // The widget bound to a control, its page built if need be.
+    QWidget* widgetFor(const CtlId& id);
     QTabWidget* tabs() const { return tabs_; }
     DrawingPane* drawingPane() const { return drawing_; }
     // A bar across the top of the window, above the form (a message that needs no answer now).
@@ -63,6 +68,8 @@ class MainWindow : public QMainWindow {
     void buildMenus();
     void buildToolbar();
     void buildViewMenu();
+    void buildPage(int tab);
+    BentTablePage* bentTablePage();
     void refreshTabs();
     void refreshStatus();
     void refreshTitle();
@@ -84,6 +91,7 @@ class MainWindow : public QMainWindow {
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
     std::vector<QAction*> recent_; // mnuRecentFile(0..7)
     std::string shownRunBase_;
+    std::vector<bool> built_; // each tab's page
     bool syncing_ = false;
 };
 

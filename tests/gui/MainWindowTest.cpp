@@ -5,7 +5,9 @@
 #include "gui/BentTable.h"
 #include "gui/CompareWindow.h"
 #include "gui/DrawingViewer.h"
+#include "gui/FormPages.h"
 #include "gui/MainWindow.h"
+#include "platform/QtText.h"
 
 #include <QAction>
 #include <QApplication>
@@ -32,6 +34,7 @@ class MainWindowTest : public QObject, public test::ShownWindow {
     Q_OBJECT
 
     template <class W> W* find(const char* name) {
+        window->buildAllPages();
         auto* w = window->findChild<W*>(QString::fromLatin1(name));
         if (!w) qFatal("no widget %s", name);
         return w;
@@ -77,6 +80,65 @@ class MainWindowTest : public QObject, public test::ShownWindow {
         emit type->activated(1);
         QVERIFY(!find<QGroupBox>("Frame7")->isHidden());
         QCOMPARE(window->grid()->model()->columnCount(), 16);
+    }
+
+    // A page is built when its tab is first shown, with what the form holds
+    // by then; before that its tab shows or hides as its sections would.
+    void pagesBuiltLateShowTheFormAsItIsThen() {
+        QVERIFY(!window->findChild<QLineEdit*>(QStringLiteral("txtCapDepth")));
+        QVERIFY(!window->findChild<QTableView*>());
+        (*app)->actions.focus(Ctl::txtCapDepth);
+        (*app)->actions.edit(Ctl::txtCapDepth, "3.5");
+        (*app)->actions.leave(Ctl::txtCapDepth);
+        (*app)->actions.choose(Ctl::cboNoBeam, 3);
+        window->tabs()->setCurrentIndex(1);
+        auto* depth = window->findChild<QLineEdit*>(QStringLiteral("txtCapDepth"));
+        QVERIFY(depth && depth->isVisible());
+        QCOMPARE(depth->text().toStdString(), (*app)->text(Ctl::txtCapDepth));
+        for (int i = 0; i < 20; ++i) {
+            auto* step = window->findChild<QLineEdit*>(q(toString(CtlId(Ctl::txtCapStep, i))));
+            QCOMPARE(step->isVisibleTo(window.get()), (*app)->ctl(CtlId(Ctl::txtCapStep, i)).visible);
+        }
+
+        // Every choice that hides sections, pages unbuilt and then built: a
+        // tab shows exactly while a section on its page does.
+        auto sectionsShown = [&](int tab) {
+            for (const QGroupBox* g : window->tabs()->widget(tab)->findChildren<QGroupBox*>())
+                if (!g->isHidden()) return true;
+            return false;
+        };
+        window->buildAllPages();
+        // What each page is said to hold, so its tab can show or hide unbuilt, is what it holds.
+        const auto& pages = formPages();
+        for (int tab = 0; tab < static_cast<int>(pages.size()); ++tab) {
+            QWidget* page = window->tabs()->widget(tab);
+            for (QWidget* w : page->findChildren<QWidget*>())
+                if (qobject_cast<QLineEdit*>(w) || qobject_cast<QComboBox*>(w))
+                    if (auto id = window->binder().idOf(w))
+                        QVERIFY2(pageHolds(pages[tab], id->ctl), qPrintable(w->objectName()));
+            for (const PageSection& section : pages[tab].sections)
+                for (Ctl field : section.fields) {
+                    const int n = ctlArraySize(field);
+                    for (int i = 0; i < std::max(n, 1); ++i) {
+                        const QString name = q(toString(n ? CtlId(field, i) : CtlId(field)));
+                        QVERIFY2(page->findChild<QWidget*>(name), qPrintable(name));
+                    }
+                }
+        }
+        for (int type = 0; type < 3; ++type)
+            for (int boxes = 0; boxes < 3; ++boxes)
+                for (int batter = 0; batter < 2; ++batter) {
+                    (*app)->actions.choose(Ctl::cboTybent, type);
+                    (*app)->actions.choose(Ctl::cboWingwallPileBox, boxes);
+                    (*app)->actions.choose(Ctl::cboBatterPile, batter);
+                    for (int tab = 0; tab < 5; ++tab)
+                        QVERIFY2(window->tabs()->isTabVisible(tab) == sectionsShown(tab),
+                                 qPrintable(QStringLiteral("type %1, boxes %2, batter %3: tab %4")
+                                                .arg(type)
+                                                .arg(boxes)
+                                                .arg(batter)
+                                                .arg(tab)));
+                }
     }
 
     void theGridShowsTheBentsTheCoreHolds() {

@@ -68,6 +68,7 @@ class SmallScreenTest : public QObject {
         return a;
     }
     QLineEdit* field(const char* name) {
+        main().buildAllPages();
         auto* e = main().findChild<QLineEdit*>(QString::fromLatin1(name));
         if (!e) qFatal("no field %s", name);
         return e;
@@ -128,6 +129,7 @@ class SmallScreenTest : public QObject {
     }
 
     void everyFieldSaysItsPromptUnitAndLimits() {
+        main().buildAllPages();
         const QString capLength = main().binder().toolTipFor(Ctl::txtCapLength);
         QVERIFY2(capLength.contains(QStringLiteral("at most 99 ft")), qPrintable(capLength));
         QVERIFY2(capLength.contains(QStringLiteral("length of the cap"), Qt::CaseInsensitive), qPrintable(capLength));

@@ -3,6 +3,7 @@
 // opens FILE as File > Open does.
 #include "../unit/FakePorts.h"
 #include "gui/GuiMain.h"
+#include "gui/MainWindow.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -27,9 +28,10 @@ class StartupTest : public QObject {
                 if (!w->isVisible()) continue;
                 if (w->objectName() == QLatin1String("frmSplash")) {
                     if (auto* ok = w->findChild<QPushButton*>(QStringLiteral("cmdOK"))) ok->click();
-                } else if (auto* main = qobject_cast<QMainWindow*>(w);
+                } else if (auto* main = qobject_cast<MainWindow*>(w);
                            main && main->windowTitle().contains(QLatin1String(" - ["))) {
                     seen << main->windowTitle();
+                    main->buildAllPages(); // pages not shown yet are built with what was opened
                     for (const QString& name : fields)
                         seen << main->findChild<QLineEdit*>(name)->text();
                     QCoreApplication::exit(0);

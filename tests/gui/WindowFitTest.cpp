@@ -119,6 +119,7 @@ class WindowFitTest : public QObject {
 
     MainWindow& main() { return windows->main(); }
     template <class W> W* find(const char* name) {
+        main().buildAllPages();
         auto* w = main().findChild<W*>(QString::fromLatin1(name));
         if (!w) qFatal("no widget %s", name);
         return w;

@@ -76,6 +76,7 @@ class WindowSafetyTest : public QObject {
     std::unique_ptr<MainWindow> window;
 
     template <class W> W* find(const char* name) {
+        window->buildAllPages();
         auto* w = window->findChild<W*>(QString::fromLatin1(name));
         if (!w) qFatal("no widget %s", name);
         return w;
