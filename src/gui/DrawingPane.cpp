@@ -8,7 +8,9 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QEvent>
 #include <QLabel>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -65,6 +67,7 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
         view_->relayout();
         view_->fit();
     });
+    view_->installEventFilter(this);
     // A closed pane costs nothing; it catches up when it is shown again.
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {
         if (visible && app_) showProject(*app_);
@@ -73,9 +76,20 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
 
 QSize DrawingPane::sizeHint() const { return {345, 480}; }
 
+bool DrawingPane::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view_ && event->type() == QEvent::Paint && !windowUp_) {
+        view_->removeEventFilter(this);
+        QTimer::singleShot(0, this, [this] {
+            windowUp_ = true;
+            if (app_) showProject(*app_);
+        });
+    }
+    return QDockWidget::eventFilter(watched, event);
+}
+
 void DrawingPane::showProject(const App& app) {
     app_ = &app;
-    if (!isVisible()) return;
+    if (!isVisible() || !windowUp_) return;
     const QString stale = q(staleClosingNote(app.session()));
     if (stale_->text() != stale) stale_->setText(stale);
     stale_->setVisible(!stale.isEmpty());
@@ -97,6 +111,7 @@ void DrawingPane::showProject(const App& app) {
 }
 
 drawing::Scene DrawingPane::layout(double widthPt, double heightPt) const {
+    if (!windowUp_) return {};
     drawing::DrawOptions o;
     const int view = views_->currentIndex();
     o.plan = view != Elevation;

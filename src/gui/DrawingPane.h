@@ -32,6 +32,9 @@ class DrawingPane : public QDockWidget {
 
     QSize sizeHint() const override;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     drawing::Scene layout(double widthPt, double heightPt) const;
 
@@ -50,6 +53,9 @@ class DrawingPane : public QDockWidget {
     QLabel* stale_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;
+    // The bent is first drawn once the window has shown its first frame:
+    // the form comes up without waiting for the drawing.
+    bool windowUp_ = false;
 };
 
 } // namespace tw

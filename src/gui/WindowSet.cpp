@@ -30,14 +30,6 @@ WindowSet::WindowSet(App& app, GuiPorts& ports) : app_(app), main_(std::make_uni
     keepOnScreen(main_.get());
     app_.actions.onChange([this](const ChangeSet& changes) { refreshAll(changes); });
     ports.setParent(main_.get());
-    windows_[FormId::Splash] = makeSplashOrAbout(app, FormId::Splash, main_.get());
-    windows_[FormId::About] = makeSplashOrAbout(app, FormId::About, main_.get());
-    windows_[FormId::Printer] = makePrinterWindow(app, main_.get());
-    windows_[FormId::Preview] = makePreviewWindow(app, main_.get());
-    picture_ = new PictureWindow(app, main_.get());
-    windows_[FormId::Picture] = picture_;
-    for (auto& [name, w] : windows_)
-        keepOnScreen(w);
     ports.onShow = [this](const std::string& form, const std::string&) {
         if (const auto f = formNamed(form)) show(*f);
     };
@@ -45,15 +37,27 @@ WindowSet::WindowSet(App& app, GuiPorts& ports) : app_(app), main_(std::make_uni
         if (const auto f = formNamed(form)) close(*f);
     };
     ports.onPicture = [this](const std::string&, const std::string& file) {
-        picture_->showPicture(QString::fromStdString(file));
+        static_cast<PictureWindow*>(window(FormId::Picture))->showPicture(QString::fromStdString(file));
     };
 }
 
 WindowSet::~WindowSet() = default;
 
 FormWindow* WindowSet::window(FormId form) const {
-    auto it = windows_.find(form);
-    return it == windows_.end() ? nullptr : it->second;
+    if (auto it = windows_.find(form); it != windows_.end()) return it->second;
+    // Each small window is made when first wanted: most sessions never open the preview or the printer window.
+    FormWindow* w = nullptr;
+    switch (form) {
+    case FormId::Splash:
+    case FormId::About: w = makeSplashOrAbout(app_, form, main_.get()); break;
+    case FormId::Printer: w = makePrinterWindow(app_, main_.get()); break;
+    case FormId::Preview: w = makePreviewWindow(app_, main_.get()); break;
+    case FormId::Picture: w = new PictureWindow(app_, main_.get()); break;
+    case FormId::Main: return nullptr;
+    }
+    keepOnScreen(w);
+    windows_[form] = w;
+    return w;
 }
 
 void WindowSet::refreshAll(const ChangeSet& changes) {

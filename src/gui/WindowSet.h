@@ -41,8 +41,7 @@ class WindowSet {
 
     App& app_;
     std::unique_ptr<MainWindow> main_;
-    std::map<FormId, FormWindow*> windows_;
-    PictureWindow* picture_ = nullptr;
+    mutable std::map<FormId, FormWindow*> windows_; // made when first wanted
 };
 
 } // namespace tw

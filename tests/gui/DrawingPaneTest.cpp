@@ -39,7 +39,11 @@ class DrawingPaneTest : public QObject, public test::ShownWindow {
     LaidOutView* view() const { return window->drawingPane()->view(); }
 
   private slots:
-    void init() { openWindow(); }
+    void init() {
+        openWindow();
+        // The window comes up first; the bent is drawn right after its first frame.
+        QTRY_VERIFY(!view()->scene().shapes.empty());
+    }
     void cleanup() { closeWindow(); }
 
     void typingAFieldRedrawsTheBentAndHighlightsIt() {
