@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/Binder.h"
+#include "gui/WrapLabel.h"
 #include "core/model/Inputs.h"
 #include "platform/QtText.h"
 
@@ -139,7 +140,7 @@ QWidget* Binder::field(const CtlId& id, QWidget* parent) {
 }
 
 QLabel* Binder::label(const CtlId& id, QWidget* parent, bool clickable) {
-    auto* l = new QLabel(parent);
+    auto* l = new WrapLabel({}, parent);
     l->setObjectName(q(toString(id)));
     l->setTextFormat(Qt::PlainText);
     if (clickable) {

@@ -2,6 +2,7 @@
 #include "gui/FormGrid.h"
 
 #include "gui/Binder.h"
+#include "gui/WrapLabel.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -22,7 +23,7 @@ FormGrid::FormGrid(Binder& binder, QWidget* group, int promptWidth)
 }
 
 QLabel* FormGrid::prompt(const QString& text, const CtlId& follows) {
-    auto* l = new QLabel(text);
+    auto* l = new WrapLabel(text);
     l->setWordWrap(true);
     binder_.bindVisibility(follows, l);
     return l;

@@ -5,6 +5,7 @@
 #include "core/form/FormPrompts.h"
 #include "gui/Binder.h"
 #include "gui/FormGrid.h"
+#include "gui/WrapLabel.h"
 #include "platform/QtText.h"
 
 #include <QGridLayout>
@@ -30,7 +31,7 @@ QWidget* column(std::initializer_list<QWidget*> groups) {
 }
 
 QLabel* note(const QString& text) {
-    auto* l = new QLabel(text);
+    auto* l = new WrapLabel(text);
     l->setWordWrap(true);
     return l;
 }

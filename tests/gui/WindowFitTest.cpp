@@ -13,6 +13,7 @@
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
 #include "gui/WindowSet.h"
+#include "gui/WrapLabel.h"
 
 #include <QAction>
 #include <QApplication>
@@ -132,6 +133,43 @@ class WindowFitTest : public QObject {
     }
 
   private slots:
+    // A wrapped prompt measured once per text, font and width still measures
+    // what QLabel would: a text or font that changes is measured again.
+    void wrappedPromptsMeasureTheirTextAsItStands() {
+        const QString text = QStringLiteral("Enter the longitudinal width of the fillet (measured perpendicular "
+                                            "to the back face paving rest)");
+        WrapLabel prompt(text);
+        QLabel plain(text);
+        for (QLabel* l : {static_cast<QLabel*>(&prompt), &plain}) {
+            l->setWordWrap(true);
+            l->setFixedWidth(180);
+        }
+        auto same = [&](const char* what) {
+            QVERIFY2(prompt.sizeHint().height() == plain.heightForWidth(180), what);
+            QCOMPARE(prompt.sizeHint().width(), 180);
+            QCOMPARE(prompt.heightForWidth(180), plain.heightForWidth(180));
+            QCOMPARE(prompt.heightForWidth(400), plain.heightForWidth(400));
+        };
+        same("as made");
+        const int lines = prompt.sizeHint().height();
+        for (QLabel* l : {static_cast<QLabel*>(&prompt), &plain})
+            l->setText(text + QLatin1Char(' ') + text);
+        same("a longer text");
+        QVERIFY(prompt.sizeHint().height() > lines);
+        QFont big = prompt.font();
+        big.setPointSizeF(big.pointSizeF() * 1.5);
+        for (QLabel* l : {static_cast<QLabel*>(&prompt), &plain})
+            l->setFont(big);
+        same("a larger font");
+        // Not of a fixed width, it answers as QLabel does.
+        WrapLabel free(text);
+        QLabel freePlain(text);
+        free.setWordWrap(true);
+        freePlain.setWordWrap(true);
+        QCOMPARE(free.sizeHint(), freePlain.sizeHint());
+        QCOMPARE(free.minimumSizeHint(), freePlain.minimumSizeHint());
+    }
+
     void init() {
         ports = std::make_unique<TestPorts>();
         system = std::make_unique<test::FakePorts>();
