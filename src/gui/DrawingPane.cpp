@@ -7,8 +7,8 @@
 #include "platform/QtText.h"
 
 #include <QComboBox>
-#include <QHBoxLayout>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QTimer>
 #include <QToolButton>
@@ -67,7 +67,9 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
         view_->relayout();
         view_->fit();
     });
-    view_->installEventFilter(this);
+    // The first frame is the window's: its paint comes before any of its parts'.
+    firstPaint_ = parent ? parent->window() : view_;
+    firstPaint_->installEventFilter(this);
     // A closed pane costs nothing; it catches up when it is shown again.
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool visible) {
         if (visible && app_) showProject(*app_);
@@ -77,12 +79,18 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
 QSize DrawingPane::sizeHint() const { return {345, 480}; }
 
 bool DrawingPane::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == view_ && event->type() == QEvent::Paint && !windowUp_) {
-        view_->removeEventFilter(this);
-        QTimer::singleShot(0, this, [this] {
+    if (watched == firstPaint_ && event->type() == QEvent::Paint && !windowUp_) {
+        firstPaint_->removeEventFilter(this);
+        // A timer of its own, not a queued call: those run in the same turn
+        // as the paint, before the frame is on the screen.
+        auto* later = new QTimer(this);
+        later->setSingleShot(true);
+        connect(later, &QTimer::timeout, this, [this, later] {
+            later->deleteLater();
             windowUp_ = true;
             if (app_) showProject(*app_);
         });
+        later->start(0);
     }
     return QDockWidget::eventFilter(watched, event);
 }

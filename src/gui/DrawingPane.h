@@ -56,6 +56,7 @@ class DrawingPane : public QDockWidget {
     // The bent is first drawn once the window has shown its first frame:
     // the form comes up without waiting for the drawing.
     bool windowUp_ = false;
+    QWidget* firstPaint_ = nullptr;
 };
 
 } // namespace tw

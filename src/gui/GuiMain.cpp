@@ -2,9 +2,11 @@
 #include "gui/GuiMain.h"
 
 #include "gui/DiskWatch.h"
+#include "gui/DrawingPane.h"
 #include "gui/FormWindows.h"
 #include "gui/GuardedApplication.h"
 #include "gui/GuiPorts.h"
+#include "gui/LaidOutView.h"
 #include "gui/MainWindow.h"
 #include "gui/RecoveryBar.h"
 #include "gui/RecoveryKeeper.h"
@@ -41,6 +43,28 @@ class StartPorts : public GuiPorts {
 
   private:
     std::string file_;
+};
+
+// Ends the program once the widget has painted (and `ready` holds): the
+// moment start-up is measured to.
+class QuitAfterPaint : public QObject {
+  public:
+    QuitAfterPaint(QWidget* w, std::function<bool()> ready = {}) : QObject(w), ready_(std::move(ready)) {
+        w->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* e) override {
+        if (e->type() == QEvent::Paint && !quitting_ && (!ready_ || ready_())) {
+            quitting_ = true;
+            QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
+        }
+        return false;
+    }
+
+  private:
+    std::function<bool()> ready_;
+    bool quitting_ = false;
 };
 
 QIcon programIcon() {
@@ -92,7 +116,19 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         diskWatch.changed();
     });
 
+    // Measuring start-up: the program ends when a moment is on the screen:
+    // "splash" the splash, "drawn" the main form with the bent drawn in its
+    // pane, anything else the main form's first frame.
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
+    const QByteArray quitMoment = qgetenv("TARNWICK_QUIT_WHEN_SHOWN");
+    if (quitMoment == "splash") {
+        new QuitAfterPaint(windows.window(FormId::Splash));
+    } else if (quitMoment == "drawn") {
+        LaidOutView* view = main.drawingPane()->view();
+        new QuitAfterPaint(view, [view] { return !view->scene().shapes.empty(); });
+    } else if (quitWhenShown) {
+        new QuitAfterPaint(&main);
+    }
     windows.onMainShown = [&] {
         for (auto& left : store.claimLeft())
             main.addNotice(new RecoveryBar(app, store, std::move(left)));
@@ -100,7 +136,6 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
             QTimer::singleShot(0, &main, [&] {
                 if (auto* open = main.findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();
             });
-        if (quitWhenShown) QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(0); });
     };
     windows.onMainClosed = [] { QCoreApplication::exit(0); };
 
@@ -109,7 +144,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         if (!main.isVisible()) QCoreApplication::exit(0);
     });
     app.start();
-    if (quitWhenShown) // measuring start-up: go straight on to the main form
+    if (quitWhenShown && quitMoment != "splash") // go straight on to the main form
         QTimer::singleShot(0, qApp, [&] { app.actions.click(Target(FormId::Splash, Ctl::cmdOK)); });
     // A logout, Ctrl+C or a closed terminal ends the window as Exit does, the unsaved work kept.
     QuitOnSignals quitOnSignals;
