@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/Binder.h"
-#include "gui/WrapLabel.h"
 #include "core/model/Inputs.h"
+#include "gui/WrapLabel.h"
 #include "platform/QtText.h"
 
 #include <QComboBox>
@@ -59,8 +59,13 @@ int utf16Position(const std::string& text, int bytes) {
 class WheelSafeCombo : public QComboBox {
   public:
     using QComboBox::QComboBox;
+    bool shownOnce = false;
 
   protected:
+    void showEvent(QShowEvent* e) override {
+        shownOnce = true;
+        QComboBox::showEvent(e);
+    }
     void wheelEvent(QWheelEvent* e) override {
         if (hasFocus())
             QComboBox::wheelEvent(e);
@@ -127,7 +132,9 @@ QComboBox* Binder::comboBox(const CtlId& id, QWidget* parent) {
     auto* c = new WheelSafeCombo(parent);
     c->setObjectName(q(toString(id)));
     c->setFocusPolicy(Qt::StrongFocus);
-    c->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    // Sized to its items when first shown; made to follow them only when they
+    // change after that (see syncCombo): following them from the start builds
+    // each box's popup list before the window can show.
     c->installEventFilter(this);
     add(id, Type::Combo, c);
     connect(c, &QComboBox::activated, this, [this, id](int index) { app_.actions.choose(target(id), index); });
@@ -332,6 +339,9 @@ void syncCombo(QComboBox* cb, const Control& c, int listIndex) {
     for (int i = 0; same && i < items.size(); ++i)
         same = cb->itemText(i) == items[i];
     if (!same) {
+        if (auto* w = dynamic_cast<WheelSafeCombo*>(cb);
+            w && w->shownOnce && cb->sizeAdjustPolicy() != QComboBox::AdjustToContents)
+            cb->setSizeAdjustPolicy(QComboBox::AdjustToContents);
         cb->clear();
         cb->addItems(items);
     }

@@ -330,6 +330,11 @@ class MainWindowTest : public QObject, public test::ShownWindow {
                 const QRect r(field->mapTo(window.get(), QPoint(0, 0)), field->size());
                 QVERIFY2(r.width() > 20 && r.height() > 10, qPrintable(field->objectName()));
                 QVERIFY2(r.left() >= 0 && r.left() < window->width(), qPrintable(field->objectName()));
+                // A choice shows its longest item whole.
+                if (auto* box = qobject_cast<QComboBox*>(field))
+                    for (int k = 0; k < box->count(); ++k)
+                        QVERIFY2(box->fontMetrics().horizontalAdvance(box->itemText(k)) + 8 <= box->width(),
+                                 qPrintable(box->objectName() + QLatin1Char(' ') + box->itemText(k)));
             }
             QVERIFY2(shown > 0, qPrintable(window->tabs()->tabText(i)));
         }
