@@ -152,6 +152,20 @@ void BM_Window_UndoDeleteAll(benchmark::State& state) {
 
 // Keeping the largest project safe, once a second at most while it changes:
 // the recovery file composed and written through a temporary file.
+// A tab's page is built when it is first shown: that first show, from the
+// click to the repainted window, on a window fresh each time.
+void BM_Window_FirstShowOfPage(benchmark::State& state) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto w = std::make_unique<Window>(state);
+        state.ResumeTiming();
+        w->event([&] { w->window.tabs()->setCurrentIndex(static_cast<int>(state.range(1))); });
+        state.PauseTiming();
+        w.reset();
+        state.ResumeTiming();
+    }
+}
+
 void BM_Window_KeepUnsavedWork(benchmark::State& state) {
     Window w(state);
     int n = 0;
@@ -172,6 +186,7 @@ BENCHMARK(BM_Window_Beams1To20)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_SwitchBentType)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_MoveUpOnTheBentTable)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_UndoDeleteAll)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Window_FirstShowOfPage)->ArgsProduct({{0}, {1, 2, 3, 4, 5}})->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Window_KeepUnsavedWork)->Arg(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
