@@ -11,6 +11,7 @@
 #include "gui/RecoveryBar.h"
 #include "gui/RecoveryKeeper.h"
 #include "gui/RunStatus.h"
+#include "gui/StylePictures.h"
 #include "gui/ViewerMain.h"
 #include "gui/WindowSet.h"
 #include "platform/Platform.h"
@@ -70,7 +71,7 @@ class QuitAfterPaint : public QObject {
 QIcon programIcon() {
     QIcon icon;
     for (const QFileInfo& png : QDir(QStringLiteral(":/icons")).entryInfoList(QDir::Files))
-        icon.addFile(png.filePath());
+        icon.addPixmap(readPixmap(png.filePath(), "png"));
     return icon;
 }
 } // namespace
@@ -81,6 +82,8 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     QApplication::setOrganizationName(QStringLiteral("Norvale"));
     QApplication::setApplicationName(QStringLiteral("Tarnwick"));
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setStyle(new LazyStyleIcons);
+    prepareStylePictures();
     QApplication::setWindowIcon(programIcon());
     QGuiApplication::setDesktopFileName(QStringLiteral("example.norvale.Tarnwick"));
 

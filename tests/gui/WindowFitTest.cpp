@@ -12,6 +12,7 @@
 #include "gui/FormWindows.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
+#include "gui/StylePictures.h"
 #include "gui/WindowSet.h"
 #include "gui/WrapLabel.h"
 
@@ -133,6 +134,22 @@ class WindowFitTest : public QObject {
     }
 
   private slots:
+    // The style's icons read when first drawn are the style's own icons.
+    void styleIconsReadLateAreTheStylesOwn() {
+        LazyStyleIcons lazy;
+        for (auto which : {QStyle::SP_ToolBarHorizontalExtensionButton, QStyle::SP_DialogOkButton,
+                           QStyle::SP_MessageBoxWarning, QStyle::SP_ArrowLeft}) {
+            const QIcon late = lazy.standardIcon(which);
+            const QIcon now = lazy.baseStyle()->standardIcon(which);
+            QVERIFY(!late.isNull());
+            QCOMPARE(late.pixmap(16).toImage(), now.pixmap(16).toImage());
+            QCOMPARE(late.pixmap(32).toImage(), now.pixmap(32).toImage());
+        }
+        // Read as PNG, nothing guessed: the same picture as a guess reads.
+        const QString png = QStringLiteral(":/qt-project.org/styles/commonstyle/images/fusion_groupbox.png");
+        QCOMPARE(readPixmap(png, "png").toImage(), QPixmap(png).toImage());
+    }
+
     // A wrapped prompt measured once per text, font and width still measures
     // what QLabel would: a text or font that changes is measured again.
     void wrappedPromptsMeasureTheirTextAsItStands() {
