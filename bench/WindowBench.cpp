@@ -8,6 +8,7 @@
 #include "gui/BentTable.h"
 
 #include "gui/DrawingPane.h"
+#include "gui/LaidOutView.h"
 #include "gui/MainWindow.h"
 #include "gui/RecoveryKeeper.h"
 #include "gui/RunStatus.h"
@@ -50,6 +51,9 @@ struct Window {
         window.refresh();
         window.show();
         QApplication::processEvents();
+        // The pane draws the bent a turn after the window's first frame.
+        while (pane && window.drawingPane()->view()->scene().shapes.empty())
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     ~Window() {
         store.close();
