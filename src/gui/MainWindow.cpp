@@ -38,6 +38,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <map>
 #include <utility>
 
 static void initToolbarIcons() { Q_INIT_RESOURCE(toolbar); }
@@ -72,7 +73,7 @@ const std::vector<MenuCommand>& fileCommands() {
     return commands;
 }
 
-QIcon commandIcon(const char* theme, const char* key) {
+QIcon lookUpIcon(const char* theme, const char* key) {
     const QString fallback = QStringLiteral(":/toolbar/%1.svg").arg(QString::fromLatin1(key).toLower());
     return QIcon::fromTheme(QString::fromLatin1(theme), QIcon(fallback));
 }
@@ -85,6 +86,14 @@ QString plainCaption(const std::string& caption) {
 }
 
 } // namespace
+
+// Each command's icon is looked up once and shared by its menu item and its
+// toolbar button: a lookup searches the icon theme and reads the fallback SVG.
+QIcon MainWindow::commandIcon(const char* theme, const char* key) {
+    auto it = icons_.find(key);
+    if (it == icons_.end()) it = icons_.emplace(key, lookUpIcon(theme, key)).first;
+    return it->second;
+}
 
 MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     initToolbarIcons();

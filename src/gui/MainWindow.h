@@ -7,7 +7,12 @@
 #include "core/app/App.h"
 #include "gui/Binder.h"
 
+#include <QIcon>
 #include <QMainWindow>
+
+#include <map>
+#include <string>
+#include <vector>
 
 class QAction;
 class QLabel;
@@ -65,6 +70,7 @@ class MainWindow : public QMainWindow {
 
   private:
     QWidget* sketchStrip();
+    QIcon commandIcon(const char* theme, const char* key);
     void buildMenus();
     void buildToolbar();
     void buildViewMenu();
@@ -89,7 +95,8 @@ class MainWindow : public QMainWindow {
     RunOutputsWindow* runOutputs_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
-    std::vector<QAction*> recent_; // mnuRecentFile(0..7)
+    std::map<std::string, QIcon> icons_; // each command's icon, looked up once
+    std::vector<QAction*> recent_;       // mnuRecentFile(0..7)
     std::string shownRunBase_;
     std::vector<bool> built_; // each tab's page
     bool syncing_ = false;
