@@ -8,6 +8,7 @@
 
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace tw::drawing {
 namespace {
@@ -189,6 +190,36 @@ TEST(DgnScene, ArcsWhenTheReaderKnowsThemOtherwiseTheirStrokes) {
     const Shape a = only(sceneFromDgn({e}));
     EXPECT_EQ(a.kind, Shape::Kind::Arc);
     EXPECT_EQ(a.sweep, 180);
+}
+
+// An arc's extent holds every point of the arc and no more: rotated
+// ellipses, either way round, through or short of their extremes, whole.
+TEST(DgnScene, AnArcsExtentIsTheArcsOwn) {
+    struct Case {
+        double rx, ry, rotation, start, sweep;
+    };
+    const Case cases[] = {{1, 1, 0, 0, 360},      {3, 1, 30, 0, 360},        {3, 1, 30, 10, 60}, {2, 5, -70, 350, 40},
+                          {2, 5, 110, 200, -250}, {4, 1, 45, 720 + 80, 100}, {1, 2, 0, 90, 0.5}, {5, 3, 15, -30, -400}};
+    for (const Case& c : cases) {
+        Scene scene;
+        Shape& arc = scene.arc({10, -4}, c.rx, c.ry, c.start, c.sweep);
+        arc.rotation = c.rotation;
+        const Box box = scene.bounds();
+        Box dense;
+        const double rot = c.rotation * std::numbers::pi / 180;
+        for (int i = 0; i <= 20000; ++i) {
+            const double a = (c.start + c.sweep * i / 20000) * std::numbers::pi / 180;
+            const double x = c.rx * std::cos(a), y = c.ry * std::sin(a);
+            dense.add(Point{10 + x * std::cos(rot) - y * std::sin(rot), -4 + x * std::sin(rot) + y * std::cos(rot)});
+        }
+        const double tight = 1e-6 * std::max(c.rx, c.ry);
+        SCOPED_TRACE(testing::Message() << c.rx << " " << c.ry << " " << c.rotation << " " << c.start << " "
+                                        << c.sweep);
+        EXPECT_NEAR(box.minX, dense.minX, tight);
+        EXPECT_NEAR(box.maxX, dense.maxX, tight);
+        EXPECT_NEAR(box.minY, dense.minY, tight);
+        EXPECT_NEAR(box.maxY, dense.maxY, tight);
+    }
 }
 
 TEST(DgnScene, NumbersThatAreNoneAreLeftOut) {

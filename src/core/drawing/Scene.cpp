@@ -60,16 +60,30 @@ Shape Polylines::shape(std::size_t i) const {
 
 namespace {
 
-// The extent of an elliptical arc, sampled finely enough for fitting a view.
+// The extent of an elliptical arc: its ends and, of the four points where
+// the ellipse is furthest left, right, down and up, those the arc passes.
+// Worked out, not sampled: a bent's layout takes the bounds of hundreds of
+// bubbles and piles several times over.
 void addArc(Box& box, const Shape& s) {
-    const double rot = s.rotation * std::numbers::pi / 180;
-    const int steps = 72;
-    for (int i = 0; i <= steps; ++i) {
-        const double a = (s.start + s.sweep * i / steps) * std::numbers::pi / 180;
+    constexpr double kDegree = std::numbers::pi / 180;
+    const double rot = s.rotation * kDegree;
+    const double cr = std::cos(rot), sr = std::sin(rot);
+    auto at = [&](double a) {
         const double x = s.rx * std::cos(a), y = s.ry * std::sin(a);
-        box.add(Point{s.center.x + x * std::cos(rot) - y * std::sin(rot),
-                      s.center.y + x * std::sin(rot) + y * std::cos(rot)});
-    }
+        box.add(Point{s.center.x + x * cr - y * sr, s.center.y + x * sr + y * cr});
+    };
+    const double from = s.start * kDegree, sweep = s.sweep * kDegree;
+    at(from);
+    at(from + sweep);
+    const double full = 2 * std::numbers::pi;
+    const double lo = std::min(from, from + sweep), span = std::abs(sweep);
+    // Where x' = 0 and where y' = 0, each with its opposite half a turn on.
+    const double extremes[] = {std::atan2(-s.ry * sr, s.rx * cr), std::atan2(s.ry * cr, s.rx * sr)};
+    for (const double e : extremes)
+        for (const double t : {e, e + std::numbers::pi}) {
+            const double past = std::fmod(std::fmod(t - lo, full) + full, full);
+            if (span >= full || past <= span) at(t);
+        }
 }
 
 } // namespace
