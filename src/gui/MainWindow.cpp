@@ -34,6 +34,7 @@
 #include <QMimeData>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -181,6 +182,15 @@ void MainWindow::buildPage(int tab) {
         page = formPages()[tab].build(binder_);
     tabs_->widget(tab)->layout()->addWidget(page);
     page->show(); // now, not when the layout's queued show comes round: the focus may go to it at once
+    // Tab goes from the tab bar into the page, as when every page was built
+    // with the window: a widget built late would otherwise come last in the
+    // window's focus chain, after the drawing pane.
+    std::vector<QWidget*> chain;
+    for (QWidget* w = page->nextInFocusChain(); w != page && page->isAncestorOf(w); w = w->nextInFocusChain())
+        if (w->focusPolicy() & Qt::TabFocus) chain.push_back(w);
+    QWidget* before = tabs_->tabBar();
+    for (QWidget* w : chain)
+        QWidget::setTabOrder(std::exchange(before, w), w);
     // Fonts and style as shown, before anything is measured by them.
     page->ensurePolished();
     const bool wasSyncing = std::exchange(syncing_, true);

@@ -22,6 +22,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -139,6 +140,18 @@ class MainWindowTest : public QObject, public test::ShownWindow {
                                                 .arg(batter)
                                                 .arg(tab)));
                 }
+    }
+
+    // Tab from the tab bar goes into the page in front, built first or late.
+    void tabFromTheTabBarGoesIntoThePage() {
+        for (int tab : {0, 1, 3}) {
+            window->tabs()->setCurrentIndex(tab);
+            window->tabs()->tabBar()->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(window->tabs()->tabBar(), Qt::Key_Tab);
+            QWidget* now = QApplication::focusWidget();
+            QVERIFY2(now && window->tabs()->currentWidget()->isAncestorOf(now),
+                     qPrintable(QStringLiteral("tab %1: %2").arg(tab).arg(now ? now->objectName() : QString())));
+        }
     }
 
     void theGridShowsTheBentsTheCoreHolds() {
