@@ -69,9 +69,9 @@ class QuitAfterPaint : public QObject {
 };
 
 QIcon programIcon() {
-    // Title-bar and task-switcher sizes only: the larger pictures (for
-    // launchers) come from the installed icon theme, and decoding them here
-    // took a twentieth of the start-up.
+    // The resource holds the title-bar and task-switcher sizes only: the
+    // larger pictures (for launchers) come from the installed icon theme, and
+    // decoding them here took a twentieth of the start-up.
     QIcon icon;
     for (const QFileInfo& png : QDir(QStringLiteral(":/icons")).entryInfoList(QDir::Files))
         icon.addPixmap(readPixmap(png.filePath(), "png"));

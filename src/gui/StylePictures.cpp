@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/StylePictures.h"
 
+#include <QApplication>
 #include <QFileInfo>
 #include <QIconEngine>
 #include <QImageReader>
@@ -47,11 +48,13 @@ class LazyIconEngine : public QIconEngine {
         if (!icon_) {
             QStyleOption option;
             if (direction_) option.direction = *direction_;
-            icon_ = base_->standardIcon(which_, direction_ ? &option : nullptr, widget_.data());
+            // The style it was made by, or the program's style if that one has been replaced.
+            const QStyle* style = base_ ? base_.data() : QApplication::style();
+            icon_ = style->standardIcon(which_, direction_ ? &option : nullptr, widget_.data());
         }
         return *icon_;
     }
-    const QStyle* base_;
+    QPointer<const QStyle> base_;
     QStyle::StandardPixmap which_;
     QPointer<const QWidget> widget_; // the widget it is for, while it lives
     std::optional<Qt::LayoutDirection> direction_;
