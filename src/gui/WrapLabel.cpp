@@ -8,8 +8,8 @@ namespace tw {
 WrapLabel::WrapLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {}
 
 WrapLabel::Key WrapLabel::key() const {
-    return {text(),      font(),     contentsMargins(), margin(),      indent(),
-            alignment(), wordWrap(), sizePolicy(),      minimumSize(), maximumSize()};
+    return {text(),      textFormat(), font(),       contentsMargins(), margin(),     indent(),
+            alignment(), wordWrap(),   sizePolicy(), minimumSize(),     maximumSize()};
 }
 
 void WrapLabel::check() const {

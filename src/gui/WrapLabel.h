@@ -26,6 +26,7 @@ class WrapLabel : public QLabel {
     // What the measures hang on; when any of it changes they are taken again.
     struct Key {
         QString text;
+        Qt::TextFormat format = Qt::AutoText;
         QFont font;
         QMargins margins;
         int margin = 0;
