@@ -2,7 +2,7 @@
 // The window on a 1024 x 640 screen with the drawing pane open: it fits,
 // its View menu brings back what was closed, its fields say what they take,
 // and a closing field's text can be read on its red or yellow.
-#include "../unit/FakePorts.h"
+#include "ProgramWindows.h"
 
 #include "core/form/MainForm.h"
 #include "gui/Binder.h"
@@ -33,14 +33,6 @@ namespace tw {
 
 namespace {
 
-class TestPorts : public GuiPorts {
-  public:
-    MsgAnswer message(const std::string&, const std::string&, MsgButtons b, MsgIcon) override {
-        return b == MsgButtons::YesNo ? MsgAnswer::Yes : MsgAnswer::OK;
-    }
-    std::optional<std::string> fileDialog(const FileDialogRequest&) override { return std::nullopt; }
-};
-
 // The relative luminance of a colour, and the contrast of two (WCAG's formulas).
 double luminance(const QColor& c) {
     auto lin = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
@@ -53,15 +45,9 @@ double contrast(const QColor& a, const QColor& b) {
 
 } // namespace
 
-class SmallScreenTest : public QObject {
+class SmallScreenTest : public QObject, public test::ProgramWindows {
     Q_OBJECT
 
-    std::unique_ptr<TestPorts> ports;
-    std::unique_ptr<test::FakePorts> system;
-    std::unique_ptr<App> app;
-    std::unique_ptr<WindowSet> windows;
-
-    MainWindow& main() { return windows->main(); }
     QAction* action(const char* name) {
         auto* a = main().findChild<QAction*>(QString::fromLatin1(name));
         if (!a) qFatal("no action %s", name);
@@ -76,21 +62,10 @@ class SmallScreenTest : public QObject {
 
   private slots:
     void init() {
-        ports = std::make_unique<TestPorts>();
-        system = std::make_unique<test::FakePorts>();
-        app = std::make_unique<App>(*ports, *system, TW_PROGRAM_DIR);
-        windows = std::make_unique<WindowSet>(*app, *ports);
-        app->start();
-        app->actions.click(Target(FormId::Splash, Ctl::cmdOK));
-        QVERIFY(QTest::qWaitForWindowExposed(&main()));
-        QApplication::processEvents();
+        makeProgram();
+        startMainWindow();
     }
-    void cleanup() {
-        windows.reset();
-        app.reset();
-        system.reset();
-        ports.reset();
-    }
+    void cleanup() { endProgram(); }
 
     void theWindowFitsTheScreenWithTheDrawingPaneOpen() {
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();

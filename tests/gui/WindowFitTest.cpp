@@ -3,8 +3,8 @@
 // bent table with room for its rows and nothing cut off, scroll bars that
 // move with the content, the wheel that scrolls rather than changes a value,
 // the preview's size, and one file for one Print.
-#include "../unit/FakePorts.h"
 #include "Pdf.h"
+#include "ProgramWindows.h"
 
 #include "core/form/MainForm.h"
 #include "gui/BentTable.h"
@@ -62,24 +62,6 @@ QString where(const QWidget* w) {
         .arg(f.height());
 }
 
-// Boxes and dialogs stay in the test, the rest of the window is real.
-class TestPorts : public GuiPorts {
-  public:
-    std::vector<std::string> messages;
-    MsgAnswer message(const std::string& text, const std::string&, MsgButtons b, MsgIcon) override {
-        messages.push_back(text);
-        return b == MsgButtons::YesNo ? MsgAnswer::Yes : MsgAnswer::OK;
-    }
-    std::optional<std::string> fileDialog(const FileDialogRequest&) override { return std::nullopt; }
-    QString pdf; // where the printer dialog sends the print
-  protected:
-    bool choosePrinter(QPrinter& printer) override {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdf);
-        return true;
-    }
-};
-
 void writeFile(const QString& path, const std::string& text) {
     std::ofstream(path.toStdString(), std::ios::binary) << text;
 }
@@ -110,27 +92,16 @@ void currentFile(App& app, const QString& path) {
 
 } // namespace
 
-class WindowFitTest : public QObject {
+class WindowFitTest : public QObject, public test::ProgramWindows {
     Q_OBJECT
 
-    std::unique_ptr<TestPorts> ports;
-    std::unique_ptr<test::FakePorts> system;
-    std::unique_ptr<App> app;
-    std::unique_ptr<WindowSet> windows;
     QTemporaryDir dir;
 
-    MainWindow& main() { return windows->main(); }
     template <class W> W* find(const char* name) {
         main().buildAllPages();
         auto* w = main().findChild<W*>(QString::fromLatin1(name));
         if (!w) qFatal("no widget %s", name);
         return w;
-    }
-    void startMainWindow() {
-        app->start();
-        app->actions.click(Target(FormId::Splash, Ctl::cmdOK));
-        QVERIFY(QTest::qWaitForWindowExposed(&main()));
-        QApplication::processEvents();
     }
 
   private slots:
@@ -188,18 +159,10 @@ class WindowFitTest : public QObject {
     }
 
     void init() {
-        ports = std::make_unique<TestPorts>();
-        system = std::make_unique<test::FakePorts>();
+        makeProgram();
         system->desktopOpens = false; // no browser: the guide shows inside
-        app = std::make_unique<App>(*ports, *system, TW_PROGRAM_DIR);
-        windows = std::make_unique<WindowSet>(*app, *ports);
     }
-    void cleanup() {
-        windows.reset();
-        app.reset();
-        system.reset();
-        ports.reset();
-    }
+    void cleanup() { endProgram(); }
 
     void everyWindowOpensWholeOnTheScreen() {
         app->start();
