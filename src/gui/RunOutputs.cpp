@@ -27,15 +27,9 @@ namespace {
 
 enum Column { What, File, Size, Time };
 
-// The listing's lines as the printer takes them: CR LF or LF, Windows-1252 text.
+// The listing's lines as the printer takes them (Windows-1252 text).
 std::vector<std::string> linesOf(const QByteArray& bytes) {
-    std::vector<std::string> lines;
-    for (QByteArray l : bytes.split('\n')) {
-        if (l.endsWith('\r')) l.chop(1);
-        lines.push_back(l.toStdString());
-    }
-    if (!lines.empty() && lines.back().empty()) lines.pop_back();
-    return lines;
+    return listingLines(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
 }
 
 } // namespace

@@ -137,6 +137,16 @@ TEST(Outputs, TheErrorLineScanReadsCommaSeparatedItems) {
     EXPECT_TRUE(concreteDataIsClean(file + ".missing"));
 }
 
+// A listing's lines as the printer and the preview take them.
+TEST(Outputs, ListingLinesEndByLineFeedOrCarriageReturnLineFeed) {
+    using Lines = std::vector<std::string>;
+    EXPECT_EQ(listingLines(""), Lines{});
+    EXPECT_EQ(listingLines("A\r\nB\nC"), (Lines{"A", "B", "C"}));
+    EXPECT_EQ(listingLines("A\r\n\r\n"), (Lines{"A", ""}));
+    EXPECT_EQ(listingLines("\n\n"), (Lines{"", ""}));
+    EXPECT_EQ(listingLines("A\rB\n"), Lines{"A\rB"}); // a CR inside a line stays
+}
+
 TEST(Outputs, SketchTitlesTakeTheFirstMatchingKey) {
     EXPECT_EQ(sketchTitle("cwbw"), "Pile End Bent with Backwall Centerlines Sketch");
     EXPECT_EQ(sketchTitle("cpb"), "Pile Intermediate Bent Centerlines Sketch");

@@ -6,7 +6,9 @@
 #include "core/form/Session.h"
 #include "core/model/Choices.h"
 
+#include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <vector>
 
 namespace tw {
@@ -16,13 +18,8 @@ namespace {
 std::vector<std::string> readLines(const std::string& file) {
     std::ifstream in(file, std::ios::binary);
     if (!in) throw RuntimeError(err::kFileNotFound, "File not found: " + file);
-    std::vector<std::string> lines;
-    std::string l;
-    while (std::getline(in, l)) {
-        if (!l.empty() && l.back() == '\r') l.pop_back();
-        lines.push_back(std::move(l));
-    }
-    return lines;
+    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    return listingLines(bytes);
 }
 
 const Target kTypes(FormId::Printer, Ctl::cmbFileTypes);
@@ -57,6 +54,18 @@ void openDrawing(Session& s) {
 }
 
 } // namespace
+
+std::vector<std::string> listingLines(std::string_view bytes) {
+    std::vector<std::string> lines;
+    while (!bytes.empty()) {
+        const std::size_t end = std::min(bytes.find('\n'), bytes.size());
+        std::string_view l = bytes.substr(0, end);
+        if (!l.empty() && l.back() == '\r') l.remove_suffix(1);
+        lines.emplace_back(l);
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    }
+    return lines;
+}
 
 std::vector<RunOutput> runOutputs(const Session& s) {
     std::string base = s.runOutputBase();

@@ -6,6 +6,7 @@
 #include "core/model/Controls.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tw {
@@ -14,6 +15,10 @@ class Session;
 
 // The current file's name up to and including its first "." (the listings'
 // base), and before it (the drawing's base).
+// A listing's lines as the printer and the preview take them: ended by LF or
+// CR LF, the last one with or without its end.
+std::vector<std::string> listingLines(std::string_view bytes);
+
 std::string dottedBase(const std::string& currentFile);
 std::string plainBase(const std::string& currentFile);
 
