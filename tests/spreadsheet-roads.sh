@@ -4,26 +4,13 @@
 # comparison of two projects (`tarnwick diff`), through the command line.
 # Usage: spreadsheet-roads.sh table|diff TARNWICK PROGRAM_DIR SAMPLES_DIR WORK_DIR
 set -uo pipefail
+source "$(dirname "$0")/cli-cases.sh"
 mode=$1 tarnwick=$2 program_dir=$3 samples=$4 work=$5
 rm -rf "$work"
 mkdir -p "$work/xdg"
 export XDG_CONFIG_HOME=$work/xdg QT_QPA_PLATFORM=offscreen
 cd "$work" || exit 1
 cp "$samples"/*.ebnt .
-failures=0
-
-fail() {
-  echo "FAILED: $*"
-  failures=$((failures + 1))
-}
-
-# Sets rc, out and err.
-run() {
-  rc=0
-  "$tarnwick" --program-dir "$program_dir" "$@" >out.txt 2>err.txt || rc=$?
-  out=$(cat out.txt)
-  err=$(cat err.txt)
-}
 
 expect() { # STATUS WHAT...
   local want=$1

@@ -9,6 +9,7 @@
 #include "platform/FileRead.h"
 #include "platform/OutputFiles.h"
 #include "platform/ProcessTree.h"
+#include "platform/PutAsideStore.h"
 #include "platform/SafeFile.h"
 
 #include <QCoreApplication>
@@ -269,5 +270,9 @@ std::string Platform::readIni(const std::string& path, const std::string& sectio
 }
 
 std::string executableDir() { return QCoreApplication::applicationDirPath().toStdString(); }
+
+PutAside Platform::putAside(const std::string& bytes, const std::string& command) {
+    return putAsideInStore(bytes, command);
+}
 
 } // namespace tw

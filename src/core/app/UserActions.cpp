@@ -232,6 +232,9 @@ ChangeSet UserActions::apply(const Command& command) {
                 return apply(cmd::Click{Target(*menu)});
             },
             [&](const cmd::Tab& c) { return a.perform([&] { tw::selectTab(s, c.tab); }, "Closing Values"); },
+            [&](const cmd::BringUpToDate&) {
+                return a.perform([&] { applyTab(s, s.currentTab()); }, "Bring Closing Values Up to Date");
+            },
             [&](const cmd::SelectRows& c) { return a.perform([&] { s.select(c.row, c.end); }); },
             [&](const cmd::Close& c) {
                 return a.perform([&] {

@@ -3,6 +3,7 @@
 
 #include "core/Quoting.h"
 #include "core/form/MainForm.h"
+#include "core/form/PutAside.h"
 #include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Inputs.h"
@@ -121,13 +122,15 @@ bool isChoice(const CtlId& id) { return inputRule(id).kind == InputKind::Choice;
 
 } // namespace
 
-std::string composeRecovery(const Session& s) {
+std::string composeRecovery(const Session& s) { return composeRecovery(s, s.dialogFileName()); }
+
+std::string composeRecovery(const Session& s, const std::string& dialogFileName) {
     const Project& p = s.project();
     std::string out = describeInputFile(p);
     auto line = [&](const std::string& l) { out += l + "\r\n"; };
     line(kMarker);
     line("file " + quote(p.currentFile));
-    line("dialog " + quote(s.dialogFileName()));
+    line("dialog " + quote(dialogFileName));
     line("counter " + std::to_string(p.bentCounter));
     line("register" + words(p.bentRegister));
     line("columns " + std::to_string(p.table().cols()));
@@ -141,14 +144,21 @@ std::string composeRecovery(const Session& s) {
 RecoverySummary summarizeRecovery(const std::string& recovery) {
     try {
         Kept k = parse(recovery);
-        return {std::move(k.currentFile), std::move(k.inputs[CtlId(Ctl::txtProjectInfo, 0)])};
+        return {std::move(k.currentFile), std::move(k.inputs[CtlId(Ctl::txtProjectInfo, 0)]),
+                static_cast<int>(k.rows.size())};
     } catch (const RuntimeError&) {
         return {};
     }
 }
 
+std::string recoveredInputFile(const std::string& recovery) {
+    const auto at = recovery.rfind(std::string("\n") + kMarker);
+    return at == std::string::npos ? std::string() : recovery.substr(0, at + 1);
+}
+
 void restoreRecovery(Session& s, const std::string& recovery) {
     const Kept k = parse(recovery);
+    putAsideUnsaved(s, "Restore");
     resetForm(s);
     // The number of beams and the bent type first: their handlers lay out the
     // sections and the bent table and give defaults that the kept texts override.

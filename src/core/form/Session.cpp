@@ -272,7 +272,8 @@ void Session::notice(const std::string& text) {
 }
 
 void Session::hint(const std::string& text, std::optional<CtlId> field) {
-    notice(text);
+    status_ = text;
+    user.note(text, field ? toString(*field) : std::string());
     hinting_ = true;
     hintField_ = field;
 }
