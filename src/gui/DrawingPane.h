@@ -9,10 +9,12 @@
 
 #include <QDockWidget>
 
+#include <functional>
 #include <optional>
 
 class QComboBox;
 class QLabel;
+class QPushButton;
 
 namespace tw {
 
@@ -29,6 +31,9 @@ class DrawingPane : public QDockWidget {
     LaidOutView* view() const { return view_; }
     // What the pane says of closing values the form has not brought up to date.
     QLabel* staleNote() const { return stale_; }
+    // Its one click that brings them up to date, and what the click does.
+    QPushButton* bringUpToDateButton() const { return bringUpToDate_; }
+    std::function<void()> onBringUpToDate;
 
     QSize sizeHint() const override;
 
@@ -51,6 +56,7 @@ class DrawingPane : public QDockWidget {
     mutable std::optional<Choice> choice_;
     QComboBox* views_ = nullptr;
     QLabel* stale_ = nullptr;
+    QPushButton* bringUpToDate_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;
     // The bent is first drawn once the window has shown its first frame:

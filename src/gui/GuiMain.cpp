@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/GuiMain.h"
 
+#include "core/form/PutAside.h"
 #include "gui/DiskWatch.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormWindows.h"
@@ -15,12 +16,14 @@
 #include "gui/ViewerMain.h"
 #include "gui/WindowSet.h"
 #include "platform/Platform.h"
+#include "platform/PutAsideStore.h"
 #include "platform/QuitOnSignals.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QLocale>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
@@ -67,6 +70,12 @@ class QuitAfterPaint : public QObject {
     std::function<bool()> ready_;
     bool quitting_ = false;
 };
+
+// When a copy was kept: the time alone today, with the day before that.
+std::string keptAt(const QDateTime& kept) {
+    const bool today = kept.date() == QDate::currentDate();
+    return QLocale().toString(kept, today ? QStringLiteral("HH:mm") : QStringLiteral("d MMM HH:mm")).toStdString();
+}
 
 QIcon programIcon() {
     // The resource holds the title-bar and task-switcher sizes only: the
@@ -138,6 +147,13 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     windows.onMainShown = [&] {
         for (auto& left : store.claimLeft())
             main.addNotice(new RecoveryBar(app, store, std::move(left)));
+        // What Exit put aside last time, offered once; old copies go.
+        PutAsideStore aside;
+        aside.prune();
+        for (const auto& copy : aside.claimLeftByExit())
+            main.tellPutAside(QString::fromStdString(putAsideText(copy.currentFile, keptAt(copy.kept), {})) +
+                                  QStringLiteral(" when Tarnwick last exited"),
+                              copy.path);
         if (!file.empty()) // `tarnwick FILE`: File > Open, its dialog answered with FILE
             QTimer::singleShot(0, &main, [&] {
                 if (auto* open = main.findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();

@@ -10,9 +10,11 @@
 #include "gui/DrawingPane.h"
 #include "gui/DrawingViewer.h"
 #include "gui/FormPages.h"
+#include "gui/PutAsideWork.h"
 #include "gui/ReportCommands.h"
 #include "gui/RunOutputs.h"
 #include "gui/ViewerMain.h"
+#include "gui/WindowPlacement.h"
 #include "platform/GdalDrawingReader.h"
 #include "platform/QtText.h"
 
@@ -28,14 +30,17 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <map>
@@ -140,6 +145,7 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     v->addWidget(sketchStrip());
     setCentralWidget(central);
     drawing_ = new DrawingPane(this);
+    drawing_->onBringUpToDate = [this] { app_.actions.apply(cmd::BringUpToDate{}); };
     addDockWidget(Qt::RightDockWidgetArea, drawing_);
     buildMenus();
     buildToolbar();
@@ -153,6 +159,12 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     standing_->setTextFormat(Qt::PlainText);
     standing_->setMinimumWidth(1);
     statusBar()->addWidget(standing_, 1);
+    bringUpToDate_ = new QPushButton(tr("Bring up to date"));
+    bringUpToDate_->setObjectName(QStringLiteral("bringUpToDate"));
+    bringUpToDate_->setToolTip(tr("Work out the closing values again now, as a change of tab does"));
+    bringUpToDate_->hide();
+    connect(bringUpToDate_, &QPushButton::clicked, this, [this] { app_.actions.apply(cmd::BringUpToDate{}); });
+    statusBar()->addWidget(bringUpToDate_);
     buildViewMenu();
     refreshMenus();
     setAcceptDrops(true);
@@ -220,6 +232,29 @@ QWidget* MainWindow::widgetFor(const CtlId& id) {
 
 void MainWindow::addNotice(QWidget* bar) { notices_->addWidget(bar); }
 
+void MainWindow::tellPutAside(const QString& text, const QString& copy) {
+    addNotice(new PutAsideBar(app_, text, copy));
+    if (putAsideWork_ && putAsideWork_->isVisible()) putAsideWork_->refresh();
+}
+
+void MainWindow::showPutAsideWork() {
+    const bool first = !putAsideWork_;
+    if (first) putAsideWork_ = new PutAsideWindow(app_, this);
+    putAsideWork_->refresh();
+    if (first) centre(putAsideWork_, this);
+    putAsideWork_->show();
+    putAsideWork_->raise();
+    putAsideWork_->activateWindow();
+}
+
+void MainWindow::showBalloon(const QString& text, const CtlId& field) {
+    auto* edit = qobject_cast<QLineEdit*>(binder_.widgetFor(field));
+    if (!edit || !edit->isVisible()) return;
+    // Where the eye is while typing: under the caret, for two seconds or until the next key.
+    const QRect caret = edit->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    QToolTip::showText(edit->mapToGlobal(caret.bottomLeft() + QPoint(0, 4)), text, edit, {}, 2000);
+}
+
 QWidget* MainWindow::sketchStrip() {
     auto* strip = new QWidget;
     auto* h = new QHBoxLayout(strip);
@@ -272,6 +307,10 @@ void MainWindow::buildMenus() {
                                                                   QStringLiteral("Tarnwick projects (*.ebnt)"));
                 if (!path.isEmpty()) compareWith(path);
             });
+            auto* aside = file->addAction(QStringLiteral("Put-Aside &Work..."));
+            aside->setObjectName(QStringLiteral("actionPutAsideWork"));
+            aside->setStatusTip(QStringLiteral("Unsaved changes that Open, New, Exit or a reload put aside"));
+            connect(aside, &QAction::triggered, this, &MainWindow::showPutAsideWork);
         }
         // The checker's report, beside the legacy Print of the listings.
         if (c.menu == Ctl::mnuPrint) {
@@ -406,6 +445,8 @@ void MainWindow::refreshStatus() {
         standing_->setText(standing);
         standing_->setToolTip(standing);
     }
+    const bool stale = !staleClosingNote(app_.session()).empty();
+    if (bringUpToDate_->isVisible() != stale) bringUpToDate_->setVisible(stale);
     const QString path = q(app_.project().currentFile);
     filePath_->setText(path.isEmpty() ? QStringLiteral("Not saved yet") : QDir::toNativeSeparators(path));
     if (app_.session().runOutputBase() != shownRunBase_) {
