@@ -2,8 +2,10 @@
 // The window on a 1024 x 640 screen with the drawing pane open: it fits,
 // its View menu brings back what was closed, its fields say what they take,
 // and a closing field's text can be read on its red or yellow.
+#include "../unit/LargestProject.h"
 #include "ProgramWindows.h"
 
+#include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
 #include "gui/Binder.h"
 #include "gui/DrawingPane.h"
@@ -20,6 +22,7 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
@@ -81,6 +84,41 @@ class SmallScreenTest : public QObject, public test::ProgramWindows {
         QApplication::processEvents();
         QVERIFY2(main().frameGeometry().width() <= 1024 + 16, qPrintable(QString::number(main().width())));
         QVERIFY(main().drawingPane()->isVisible());
+        QVERIFY(main().drawingPane()->width() >= 200);
+    }
+
+    // Every page built late (as each tab is first shown) must not push the
+    // window, or the pane beside it, past the screen: with every sample and
+    // with the largest project the program allows.
+    void theWindowStillFitsOnceEveryPageOfEveryProjectHasBeenShown_data() {
+        QTest::addColumn<QString>("project");
+        for (const char* sample : {"intermediate", "end-without-backwall", "end-with-backwall", "twelve-beams"})
+            QTest::newRow(sample) << QStringLiteral(TW_SOURCE_DIR "/samples/%1.ebnt").arg(QLatin1String(sample));
+        QTest::newRow("largest") << QString();
+    }
+    void theWindowStillFitsOnceEveryPageOfEveryProjectHasBeenShown() {
+        QFETCH(QString, project);
+        QVERIFY(test::bring(*app, [&](Session& s) {
+            if (project.isEmpty())
+                test::fillLargestProject(s);
+            else
+                QVERIFY(readInputFile(s, project.toStdString()));
+        }));
+        main().resize(1024, 600);
+        QTabWidget* tabs = main().tabs();
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (!tabs->isTabVisible(i)) continue;
+            tabs->setCurrentIndex(i);
+            QApplication::processEvents();
+        }
+        QApplication::processEvents();
+        const int wanted = main().minimumSizeHint().width();
+        QVERIFY2(wanted <= 1024, qPrintable(QStringLiteral("the window wants %1 px").arg(wanted)));
+        QVERIFY2(main().frameGeometry().right() < 1024 + 8,
+                 qPrintable(QString::number(main().frameGeometry().right())));
+        const QRect pane(main().drawingPane()->mapTo(&main(), QPoint()), main().drawingPane()->size());
+        QVERIFY(main().drawingPane()->isVisible());
+        QVERIFY2(pane.right() <= main().width(), qPrintable(QString::number(pane.right())));
         QVERIFY(main().drawingPane()->width() >= 200);
     }
 
