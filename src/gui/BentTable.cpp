@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/BentTable.h"
+#include "gui/FocusMarker.h"
 
 #include "core/app/App.h"
 #include "gui/Binder.h"
@@ -7,12 +8,14 @@
 #include "gui/FormPages.h"
 #include "platform/QtText.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSplitter>
@@ -213,6 +216,15 @@ QModelIndex FrozenColumnTable::moveCursor(CursorAction cursorAction, Qt::Keyboar
         horizontalScrollBar()->setValue(horizontalScrollBar()->value() + shift);
     }
     return current;
+}
+
+bool FrozenColumnTable::event(QEvent* e) {
+    const bool done = QTableView::event(e);
+    if (e->type() == QEvent::Paint && hasFocus()) {
+        QPainter p(this);
+        drawFocusMarker(p, this, rect());
+    }
+    return done;
 }
 
 void FrozenColumnTable::scrollTo(const QModelIndex& index, ScrollHint hint) {

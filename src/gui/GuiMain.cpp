@@ -12,6 +12,7 @@
 #include "gui/RecoveryBar.h"
 #include "gui/RecoveryKeeper.h"
 #include "gui/RunStatus.h"
+#include "gui/StatusMessages.h"
 #include "gui/StylePictures.h"
 #include "gui/ViewerMain.h"
 #include "gui/WindowSet.h"
@@ -108,14 +109,15 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     if (ownApp) ownApp->onFailure = [&](const std::string& what) { app.reportFailure(what); };
 
     // Run's waits and words that need no answer stand in the status bar.
-    auto* runStatus = new RunStatus(main.statusBar());
+    RunStatus* runStatus = main.runStatus();
+    StatusMessages* messages = main.messages();
     ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
         runStatus->begin(what, std::move(cancel));
     };
     ports.onWaitEnds = [runStatus] { runStatus->end(); };
-    ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
-    ports.onOfferViewer = [runStatus](const std::string& drawing) { runStatus->offerViewer(drawing); };
-    runStatus->openViewer = [&main, programDir](const std::string& drawing) {
+    ports.onNotice = [messages](const std::string& text) { messages->notice(QString::fromStdString(text)); };
+    ports.onOfferViewer = [messages](const std::string& drawing) { messages->offerViewer(drawing); };
+    messages->openViewer = [&main, programDir](const std::string& drawing) {
         openDrawingViewer(programDir, drawing, &main);
     };
 

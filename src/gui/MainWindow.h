@@ -27,6 +27,8 @@ class BentTablePage;
 class DrawingPane;
 class FrozenColumnTable;
 class PutAsideWindow;
+class RunStatus;
+class StatusMessages;
 class RunOutputsWindow;
 
 class MainWindow : public QMainWindow {
@@ -55,8 +57,11 @@ class MainWindow : public QMainWindow {
     PutAsideWindow* putAsideWork() const { return putAsideWork_; }
     // A word about a field at its caret, for a moment (a key it refused).
     void showBalloon(const QString& text, const CtlId& field);
-    // The status bar's one click that brings stale closing values up to date.
-    QPushButton* bringUpToDateButton() const { return bringUpToDate_; }
+    // The status bar's one place for words, and Run's wait beside it.
+    StatusMessages* messages() const { return messages_; }
+    RunStatus* runStatus() const { return runStatus_; }
+    // Its one click that brings stale closing values up to date.
+    QPushButton* bringUpToDateButton() const;
     // View > Run Outputs: the list of the last Run's outputs, non-modal.
     void showRunOutputs();
     RunOutputsWindow* runOutputs() const { return runOutputs_; }
@@ -101,11 +106,11 @@ class MainWindow : public QMainWindow {
     DrawingPane* drawing_ = nullptr;
     QVBoxLayout* notices_ = nullptr;
     QLabel* filePath_ = nullptr;
-    QLabel* standing_ = nullptr;
     QMenu* help_ = nullptr;
     RunOutputsWindow* runOutputs_ = nullptr;
     PutAsideWindow* putAsideWork_ = nullptr;
-    QPushButton* bringUpToDate_ = nullptr;
+    StatusMessages* messages_ = nullptr;
+    RunStatus* runStatus_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
     std::map<std::string, QIcon> icons_; // each command's icon, looked up once

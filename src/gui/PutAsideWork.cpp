@@ -2,6 +2,7 @@
 #include "gui/PutAsideWork.h"
 
 #include "core/app/App.h"
+#include "gui/SmallWindows.h"
 #include "platform/QtText.h"
 
 #include <QDialogButtonBox>
@@ -87,6 +88,7 @@ PutAsideWindow::PutAsideWindow(App& app, QWidget* parent) : QWidget(parent, Qt::
         return QMessageBox::question(this, windowTitle(), question) == QMessageBox::Yes;
     };
     resize(720, 320);
+    makeSmallWindow(this, QStringLiteral("putAsideWork"), parent);
 }
 
 void PutAsideWindow::refresh() {

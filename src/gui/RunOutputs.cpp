@@ -4,6 +4,7 @@
 #include "core/app/App.h"
 #include "core/output/Outputs.h"
 #include "gui/ListingPrinter.h"
+#include "gui/SmallWindows.h"
 #include "platform/QtText.h"
 
 #include <QDateTime>
@@ -59,6 +60,7 @@ RunOutputsWindow::RunOutputsWindow(const App& app, std::function<void(const std:
     connect(buttons, &QDialogButtonBox::rejected, this, &QWidget::close);
     v->addWidget(buttons);
     resize(640, 320);
+    makeSmallWindow(this, QStringLiteral("runOutputs"), parent);
     refresh();
 }
 
@@ -104,6 +106,7 @@ void RunOutputsWindow::open(int row) {
     }
     auto* preview = new TextPreview(file, this);
     preview->setAttribute(Qt::WA_DeleteOnClose);
+    makeSmallWindow(preview, QStringLiteral("outputPreview"), window());
     preview->show();
 }
 

@@ -2,6 +2,7 @@
 #include "gui/ViewerMain.h"
 
 #include "gui/DrawingViewer.h"
+#include "gui/SmallWindows.h"
 #include "platform/GdalDrawingReader.h"
 #include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
@@ -68,6 +69,7 @@ int showDrawing(int& argc, char** argv, const std::string& programDir, const std
     }
     DrawingViewer viewer(std::move(drawing.scene), QString::fromStdString(file), drawing.elements);
     viewer.placeOnScreen();
+    makeSmallWindow(&viewer, QStringLiteral("drawingViewer"), nullptr);
     viewer.show();
     return app.exec();
 }
@@ -84,6 +86,7 @@ void openDrawingViewer(const std::string& programDir, const std::string& file, Q
     auto* viewer = new DrawingViewer(std::move(drawing.scene), QString::fromStdString(file), drawing.elements);
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->placeOnScreen();
+    makeSmallWindow(viewer, QStringLiteral("drawingViewer"), parent ? parent->window() : nullptr);
     viewer->show();
 }
 

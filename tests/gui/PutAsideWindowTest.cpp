@@ -116,7 +116,7 @@ class PutAsideWindowTest : public QObject, public test::ProgramWindows {
     void staleClosingValuesAreBroughtUpToDateInOneClickAsOneStep() {
         app->actions.type(Ctl::txtCapLength, "80");
         app->actions.selectTab(1);
-        app->actions.type(Ctl::txtCapLength, "84");
+        app->actions.edit(Ctl::txtCapLength, "84");
         app->actions.leave(Ctl::txtCapLength);
         QApplication::processEvents();
         QPushButton* status = main().bringUpToDateButton();
@@ -126,7 +126,8 @@ class PutAsideWindowTest : public QObject, public test::ProgramWindows {
         QTest::mouseClick(status, Qt::LeftButton);
         QApplication::processEvents();
         QVERIFY(staleClosingNote(app->session()).empty());
-        QCOMPARE(app->text(CtlId(Ctl::txtCenterline, 20)), std::string("84.0000"));
+        QVERIFY2(staleClosingNote(app->session()).empty(), staleClosingNote(app->session()).c_str());
+        QCOMPARE(QString::fromStdString(app->text(CtlId(Ctl::txtCenterline, 20))), QStringLiteral("84.0000"));
         QVERIFY(!status->isVisible());
         QVERIFY(!pane->isVisible());
         QCOMPARE(app->ctl(Ctl::mnuUndo).caption, std::string("Undo Bring Closing Values Up to Date"));

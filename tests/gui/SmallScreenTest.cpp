@@ -12,6 +12,7 @@
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
 #include "gui/RunOutputs.h"
+#include "gui/StatusMessages.h"
 #include "gui/WindowSet.h"
 
 #include <QAction>
@@ -212,14 +213,18 @@ class SmallScreenTest : public QObject, public test::ProgramWindows {
         app->actions.type(Ctl::txtCapLength, "84");
         app->actions.leave(Ctl::txtCapLength);
         QApplication::processEvents();
-        auto* standing = main().findChild<QLabel*>(QStringLiteral("standingNotes"));
-        QVERIFY2(standing->text().contains(QStringLiteral("Centerline Distance")), qPrintable(standing->text()));
+        StatusMessages* words = main().messages();
+        QVERIFY2(words->shownText().contains(QStringLiteral("Centerline Distance")), qPrintable(words->shownText()));
+        // Longer than the bar: shortened, whole in its tooltip.
+        auto* shown = words->findChild<QWidget*>(QStringLiteral("statusMessage"));
+        QVERIFY(shown->width() < shown->fontMetrics().horizontalAdvance(words->shownText()));
+        QCOMPARE(shown->toolTip(), words->shownText());
         QLabel* pane = main().drawingPane()->staleNote();
         QVERIFY(pane->isVisible());
         QVERIFY2(pane->text().contains(QStringLiteral("when the tab changes")), qPrintable(pane->text()));
         app->actions.selectTab(2);
         QApplication::processEvents();
-        QVERIFY(standing->text().isEmpty());
+        QVERIFY(words->shownText().isEmpty());
         QVERIFY(!pane->isVisible());
     }
 };

@@ -284,6 +284,7 @@ void Session::clearHint(std::optional<CtlId> taken) {
 }
 
 void Session::markSaved() {
+    countNoted_ = false; // what it said of the file a save writes is past
     savedProject_ = project_;
     mark(change::Checkpoint{change::Checkpoint::Saved});
 }

@@ -139,6 +139,9 @@ class Session {
     bool hinting() const { return hinting_; }
     // Ends the hint standing, but not one about `taken`, the field a key was just taken in.
     void clearHint(std::optional<CtlId> taken = std::nullopt);
+    // A Delete just left the bent count above the bents held: said until the next act.
+    void noteUnloweredCount(bool noted) { countNoted_ = noted; }
+    bool unloweredCountNoted() const { return countNoted_; }
 
     // --- The record of changes.
     void mark(ChangeEntry mark) { log_.push_back(std::move(mark)); }
@@ -176,6 +179,7 @@ class Session {
     bool mainUnloaded_ = false;
     std::string status_;
     bool hinting_ = false;
+    bool countNoted_ = false;
     std::optional<CtlId> hintField_;
     std::optional<Project> savedProject_;
     std::optional<OnDisk> onDisk_;
