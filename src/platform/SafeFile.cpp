@@ -76,12 +76,12 @@ bool writeAll(int fd, const std::string& bytes) {
 
 std::string reason(int e) { return std::strerror(e); }
 
-WriteResult notWritten(const std::string& path, int e) {
+// What was there before stays, and the words say what that was.
+WriteResult notWritten(const std::string& path, int e, bool existed) {
+    const std::string left = existed ? "the previous file was left as it was" : "no file was made";
     if (e == ENOSPC || e == EDQUOT)
-        return failure(err::kDiskFull, "Disk full: " + path + " could not be written (" + reason(e) +
-                                           "); the previous file was "
-                                           "left as it was");
-    return failure(err::kDeviceIo, "Device I/O error while writing " + path + " (" + reason(e) + ")");
+        return failure(err::kDiskFull, "Disk full: " + path + " could not be written (" + reason(e) + "); " + left);
+    return failure(err::kDeviceIo, "Device I/O error while writing " + path + " (" + reason(e) + "); " + left);
 }
 
 bool readAll(int fd, std::string& bytes) {
@@ -158,10 +158,15 @@ WriteResult writeInPlace(const std::string& path, const std::string& target, con
                                              : "a copy of the previous file is at " + copy));
 }
 
-// The temporary file of a save: ".tw" and the six characters mkostemp puts in.
+// The temporary file of a save: a name no user gives a file, and the six characters mkostemp puts in.
+constexpr char kTemporaryPrefix[] = ".tarnwick-save-";
+constexpr size_t kTemporaryPrefixLength = sizeof kTemporaryPrefix - 1;
+
 bool temporaryName(const char* name) {
-    if (std::strncmp(name, ".tw", 3) != 0 || std::strlen(name) != 9) return false;
-    for (const char* c = name + 3; *c; ++c)
+    if (std::strncmp(name, kTemporaryPrefix, kTemporaryPrefixLength) != 0 ||
+        std::strlen(name) != kTemporaryPrefixLength + 6)
+        return false;
+    for (const char* c = name + kTemporaryPrefixLength; *c; ++c)
         if (!std::isalnum(static_cast<unsigned char>(*c))) return false;
     return true;
 }
@@ -199,6 +204,10 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     struct stat st {};
     const bool exists = ::stat(target.c_str(), &st) == 0;
     if (!exists && errno != ENOENT) {
+        if (errno == ELOOP)
+            return failure(err::kFileAccess, "Path/File access error: " + path +
+                                                 " cannot be reached: a symbolic link on the way leads round in a "
+                                                 "loop; nothing was saved");
         if (errno == ENAMETOOLONG)
             return failure(err::kFileAccess, "Path/File access error: the name " + path + " is too long");
         if (errno == EACCES)
@@ -222,8 +231,8 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
 
     // What an interrupted save left here goes before this one adds its own.
     removeStaleTemporaries(folder);
-    // Short, so that it fits beside any name the folder can hold.
-    std::string temp = folder + "/.twXXXXXX";
+    // Of its own length, whatever the name it stands in for.
+    std::string temp = folder + "/" + kTemporaryPrefix + "XXXXXX";
     const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
     if (fd >= 0) ::flock(fd, LOCK_EX | LOCK_NB); // a save under way
     if (fd < 0) {
@@ -254,7 +263,7 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     ::close(fd);
     if (!written) {
         ::unlink(temp.c_str());
-        return notWritten(path, writeError);
+        return notWritten(path, writeError, exists);
     }
     if (::rename(temp.c_str(), target.c_str()) != 0) {
         const int e = errno;

@@ -183,10 +183,10 @@ class RecoveryWindowTest : public QObject {
             QVERIFY(f.open(QIODevice::WriteOnly));
             f.setFileTime(QDateTime::currentDateTime().addSecs(-600), QFileDevice::FileModificationTime);
         };
-        const QStringList gone = {QStringLiteral("recovery-1-1.lock"), QStringLiteral(".twAb12Cd")};
+        const QStringList gone = {QStringLiteral("recovery-1-1.lock"), QStringLiteral(".tarnwick-save-Ab12Cd")};
         const QStringList kept = {QStringLiteral("recovery-2-2.ebnt"), QStringLiteral("recovery-2-2.lock"),
                                   QStringLiteral("recovery-3-3.lock"), QStringLiteral("notes.lock"),
-                                  QStringLiteral(".tw-notes")};
+                                  QStringLiteral(".tw-notes"),         QStringLiteral(".twAb12Cd")};
         for (const auto& name : gone + kept)
             make(name);
         const int running = ::open(QFile::encodeName(dir.filePath(kept[2])).constData(), O_RDONLY);

@@ -259,32 +259,33 @@ TEST(SafeSave, AFullDiskDuringAnInPlaceWriteIsToldAsItEnded) {
 }
 
 // A save cut short leaves its temporary file; the next save in that folder
-// removes it, and nothing that is not a stale temporary of this user's.
-TEST(SafeSave, StaleTemporariesOfCutShortSavesGo) {
+// removes it, and nothing else: not a name a user may give a file of their
+// own, not a temporary a save still writes, not someone else's.
+TEST(SafeSave, OnlyTheTemporariesOfCutShortSavesGo) {
     Folder d("tw-save-stale");
     const auto old = fs::file_time_type::clock::now() - std::chrono::minutes(5);
     auto make = [&](const std::string& name, bool stale) {
         put(d.path / name, "left over", 0600);
         if (stale) fs::last_write_time(d.path / name, old);
     };
-    make(".twAb12Cd", true);
-    make(".twXyZ789", true);
+    make(".tarnwick-save-Ab12Cd", true);
+    make(".tarnwick-save-XyZ789", true);
     const std::vector<std::string> kept = {
-        ".twFresh1",     // a save under way has only just made it
-        ".twLocked",     // a save under way holds it
-        ".twSeven77",    // not the name of one
-        "bent.tw123456", // nor this
-        ".twLink12",     // a link is nobody's temporary
-        ".twOthers",     // someone else's, where a test can make one
+        ".twilight",                 // the user's own, whatever it looks like
+        ".twdraft1",                 //
+        ".twAb12Cd",                 //
+        ".tarnwick-save-Fresh1",     // a save under way has only just made it
+        ".tarnwick-save-Locked",     // a save under way holds it
+        ".tarnwick-save-Seven77",    // not the name of one
+        "bent.tarnwick-save-123456", // nor this
+        ".tarnwick-save-Link12",     // a link is nobody's temporary
+        ".tarnwick-save-Others",     // someone else's, where a test can make one
     };
-    make(kept[0], false);
-    make(kept[1], true);
-    make(kept[2], true);
-    make(kept[3], true);
-    fs::create_symlink(d.path / "bent.tw123456", d.path / kept[4]);
-    make(kept[5], true);
-    const bool others = geteuid() == 0 && chown((d.path / kept[5]).c_str(), kSomeoneElse, kSomeoneElse) == 0;
-    const int lock = open((d.path / kept[1]).c_str(), O_RDONLY);
+    for (size_t i = 0; i < kept.size(); ++i)
+        if (i != 7) make(kept[i], i != 3);
+    fs::create_symlink(d.path / kept[6], d.path / kept[7]);
+    const bool others = geteuid() == 0 && chown((d.path / kept[8]).c_str(), kSomeoneElse, kSomeoneElse) == 0;
+    const int lock = open((d.path / kept[4]).c_str(), O_RDONLY);
     ASSERT_EQ(flock(lock, LOCK_EX), 0);
 
     EXPECT_EQ(replaceFile((d.path / "bent.ebnt").string(), "saved").errorNumber, 0);
@@ -298,6 +299,46 @@ TEST(SafeSave, StaleTemporariesOfCutShortSavesGo) {
     want.push_back("bent.ebnt");
     std::sort(want.begin(), want.end());
     EXPECT_EQ(names, want);
+}
+
+// The words of a failure say what is there now: a new file that the disk
+// could not take leaves nothing behind, and a link that leads round in a
+// loop is no missing folder.
+TEST(SafeSave, AFailureToldAsWhatIsThereNow) {
+    Folder d("tw-save-words");
+    failing = d.path;
+    FileWrites::use([](int fd, const void*, size_t, off_t) -> ssize_t {
+        std::error_code ec;
+        if (fs::read_symlink("/proc/self/fd/" + std::to_string(fd), ec).parent_path() == failing) {
+            errno = ENOSPC;
+            return -1;
+        }
+        errno = EIO;
+        return -1;
+    });
+    const auto fresh = d.path / "report.pdf";
+    const WriteResult full = replaceFile(fresh.string(), "new bytes");
+    FileWrites::use(nullptr);
+    EXPECT_EQ(full.errorNumber, 61);
+    EXPECT_EQ(full.error,
+              "Disk full: " + fresh.string() + " could not be written (No space left on device); no file was made");
+    EXPECT_EQ(d.entries(), 0u);
+
+    fs::create_symlink("loop-b.ebnt", d.path / "loop-a.ebnt");
+    fs::create_symlink("loop-a.ebnt", d.path / "loop-b.ebnt");
+    fs::create_symlink("looping", d.path / "looping");
+    const std::pair<fs::path, std::string> loops[] = {
+        {d.path / "loop-a.ebnt", (d.path / "loop-a.ebnt").string()},
+        {d.path / "looping" / "bent.ebnt", (d.path / "looping" / "bent.ebnt").string()},
+    };
+    for (const auto& [path, said] : loops) {
+        const WriteResult r = replaceFile(path.string(), "x");
+        EXPECT_EQ(r.errorNumber, 75) << path;
+        EXPECT_EQ(r.error,
+                  "Path/File access error: " + said +
+                      " cannot be reached: a symbolic link on the way leads round in a loop; nothing was saved");
+    }
+    EXPECT_EQ(d.entries(), 3u);
 }
 
 } // namespace
