@@ -52,6 +52,17 @@ table_cases() {
   run check new.ebnt
   [[ "$out" == "new.ebnt: ok (3 bents, 5 beams, Pile Intermediate Bent)" ]] || fail "check of the new project: $out"
 
+  # A spreadsheet's "CSV UTF-8" begins with a byte-order mark, its "Unicode text" is UTF-16 with one: the heading
+  # is still the heading.
+  { printf '\xef\xbb\xbf'; crlf "$heading" '5,,,1,2,3,4,5'; } >bom.csv
+  { printf '\xff\xfe'; printf '%s\r\n' "${heading//,/$'\t'}" $'6\t\t\t1\t2\t3\t4\t5' | iconv -f UTF-8 -t UTF-16LE; } >utf16.txt
+  for rows in bom.csv utf16.txt; do
+    run table intermediate.ebnt --add "$rows" --output bom.ebnt
+    expect 0 "rows of $rows"
+    run table bom.ebnt
+    [[ "$out" == *$'\r\n'[56]',,,1.00,2.00,3.00,4.00,5.00'* ]] || fail "rows of $rows: $out"
+  done
+
   # A comma and a quote inside a cell come back quoted, the quote doubled.
   printf '"7,",,,1,2,3,4,5\n"8""",,,1,2,3,4,5\n' >quoted.csv
   run table intermediate.ebnt --add quoted.csv --output quoted.ebnt

@@ -28,9 +28,10 @@ std::string columnList(const BentTable& table) {
 
 } // namespace
 
-PasteOutcome pasteBents(Session& s, const std::string& text) {
+PasteOutcome pasteBents(Session& s, const std::string& pasted) {
     PasteOutcome outcome;
     if (!bentTypeOf(s.text(Ctl::cboTybent))) return outcome;
+    const std::string text = spreadsheetText(pasted);
     std::vector<Record> records = readDelimited(text, separatorOf(text));
     const BentTable& table = s.table();
     if (!records.empty() && isHeading(records.front().cells, table)) records.erase(records.begin());
