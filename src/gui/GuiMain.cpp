@@ -25,6 +25,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <cctype>
+
 #include <map>
 #include <memory>
 #include <optional>
@@ -105,6 +107,11 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     };
     ports.onWaitEnds = [runStatus] { runStatus->end(); };
     ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
+    platform.onWarning = [&ports](const std::string& text) {
+        ports.notice(text.empty()
+                         ? text
+                         : static_cast<char>(std::toupper(static_cast<unsigned char>(text[0]))) + text.substr(1));
+    };
     ports.onOfferViewer = [runStatus](const std::string& drawing) { runStatus->offerViewer(drawing); };
     runStatus->openViewer = [&main, programDir](const std::string& drawing) {
         openDrawingViewer(programDir, drawing, &main);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The sample engine of the program folder, called as Run calls it.
+#include "FakePorts.h"
 #include "TestFiles.h"
 #include "core/EngineListing.h"
 #include "core/run/Run.h"
@@ -45,14 +46,15 @@ std::string runEngine(const std::string& input) {
 
 TEST(SampleEngine, AnInputItCannotReadEndsInItsErrorLine) {
     const auto dir = test::freshFolder("engine-");
+    test::FakePorts ports;
     // No file at all, a file that is no project, and a project it reads.
     const std::string missing = runEngine((dir / "missing.ebnt").string());
-    EXPECT_FALSE(concreteDataIsClean(missing));
+    EXPECT_FALSE(concreteDataIsClean(ports, missing));
     EXPECT_NE(test::slurp(missing).find("ERROR LINE: THE INPUT FILE COULD NOT BE READ"), std::string::npos);
     std::ofstream(dir / "garbage.ebnt") << "not a project\r\n";
-    EXPECT_FALSE(concreteDataIsClean(runEngine((dir / "garbage.ebnt").string())));
+    EXPECT_FALSE(concreteDataIsClean(ports, runEngine((dir / "garbage.ebnt").string())));
     std::filesystem::copy_file(std::string(TW_SOURCE_DIR) + "/samples/intermediate.ebnt", dir / "sample.ebnt");
-    EXPECT_TRUE(concreteDataIsClean(runEngine((dir / "sample.ebnt").string())));
+    EXPECT_TRUE(concreteDataIsClean(ports, runEngine((dir / "sample.ebnt").string())));
 }
 
 } // namespace
