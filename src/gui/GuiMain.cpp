@@ -143,8 +143,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         new QuitAfterPaint(&main);
     }
     windows.onMainShown = [&] {
-        for (auto& left : store.claimLeft())
-            main.addNotice(new RecoveryBar(app, store, std::move(left)));
+        offerLeftWork(app, store, main);
         if (!file.empty()) // `tarnwick FILE`: File > Open, its dialog answered with FILE
             QTimer::singleShot(0, &main, [&] {
                 if (auto* open = main.findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();

@@ -123,10 +123,11 @@ std::string keepCopy(const std::string& folder, const std::string& target, const
 // Over the old bytes, keeping the file itself (its owner, mode, links). The
 // previous bytes stay in memory and in a copy on disk until the new ones are
 // on the disk, and go back into the file when the write fails.
-WriteResult writeInPlace(const std::string& path, const std::string& target, const std::string& bytes) {
+WriteResult writeInPlace(const std::string& path, const std::string& target, const std::string& bytes, mode_t mode) {
     const int fd = ::open(target.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY);
     if (fd < 0)
         return failure(err::kPermissionDenied, "Permission denied: cannot write " + path + " (" + reason(errno) + ")");
+    if (mode) ::fchmod(fd, mode); // first: the new bytes may be private
     std::string old;
     if (!readAll(fd, old)) {
         const int e = errno;
@@ -198,7 +199,10 @@ void FileWrites::use(Write write, Flush flush) {
     flushCall = flush ? flush : ::fsync;
 }
 
-WriteResult replaceFile(const std::string& path, const std::string& bytes) {
+namespace {
+
+// With a `mode`, the file has that one; else it keeps its own (a new one takes the umask's).
+WriteResult replace(const std::string& path, const std::string& bytes, mode_t mode) {
     const std::string target = linkTarget(path);
     const std::string folder = folderOf(target);
     struct stat st {};
@@ -227,7 +231,7 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
                            "; it was left as it is");
 
     // Other names of the file would keep the old bytes after a rename.
-    if (exists && st.st_nlink > 1) return writeInPlace(path, target, bytes);
+    if (exists && st.st_nlink > 1) return writeInPlace(path, target, bytes, mode);
 
     // What an interrupted save left here goes before this one adds its own.
     removeStaleTemporaries(folder);
@@ -237,7 +241,7 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     if (fd >= 0) ::flock(fd, LOCK_EX | LOCK_NB); // a save under way
     if (fd < 0) {
         const int e = errno;
-        if (exists && (e == EACCES || e == EPERM || e == EROFS)) return writeInPlace(path, target, bytes);
+        if (exists && (e == EACCES || e == EPERM || e == EROFS)) return writeInPlace(path, target, bytes, mode);
         if (e == ENOENT || e == ENOTDIR)
             return failure(err::kPathNotFound, "Path not found: the folder " + folder + " does not exist");
         if (e == EACCES || e == EPERM || e == EROFS)
@@ -256,9 +260,10 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
         // Only the owner's own process may give a file away: keep the file and write over it.
         ::close(fd);
         ::unlink(temp.c_str());
-        return writeInPlace(path, target, bytes);
+        return writeInPlace(path, target, bytes, mode);
     }
-    const bool written = ::fchmod(fd, exists ? (st.st_mode & 07777) : newFileMode()) == 0 && writeAll(fd, bytes);
+    const mode_t kept = mode ? mode : exists ? (st.st_mode & 07777) : newFileMode();
+    const bool written = ::fchmod(fd, kept) == 0 && writeAll(fd, bytes);
     const int writeError = errno;
     ::close(fd);
     if (!written) {
@@ -269,7 +274,7 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
         const int e = errno;
         ::unlink(temp.c_str());
         // A folder with the sticky bit lets only the owner replace a file.
-        if (exists && (e == EACCES || e == EPERM)) return writeInPlace(path, target, bytes);
+        if (exists && (e == EACCES || e == EPERM)) return writeInPlace(path, target, bytes, mode);
         if (e == ENAMETOOLONG)
             return failure(err::kFileAccess, "Path/File access error: the name " + path + " is too long");
         return failure(err::kPermissionDenied, "Permission denied: cannot replace " + path + " (" + reason(e) + ")");
@@ -281,5 +286,11 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     }
     return {};
 }
+
+} // namespace
+
+WriteResult replaceFile(const std::string& path, const std::string& bytes) { return replace(path, bytes, 0); }
+
+WriteResult replacePrivateFile(const std::string& path, const std::string& bytes) { return replace(path, bytes, 0600); }
 
 } // namespace tw

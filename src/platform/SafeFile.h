@@ -19,6 +19,8 @@ namespace tw {
 // are on the disk and put back when they cannot be. A file the user may not write, a folder, a device or
 // a pipe is refused and left alone. Descriptions name the cause.
 WriteResult replaceFile(const std::string& path, const std::string& bytes);
+// The same for a file that is the user's alone (0600), whatever mode it had before.
+WriteResult replacePrivateFile(const std::string& path, const std::string& bytes);
 
 // Removes the temporary files of saves that were cut short (a crash, a
 // kill, a power cut) from `folder`: only names this program gives its

@@ -66,14 +66,7 @@ struct Window {
         window.refresh();
     }
     // The bars the window offers at its start.
-    std::vector<RecoveryBar*> offered() {
-        std::vector<RecoveryBar*> bars;
-        for (auto& left : store.claimLeft()) {
-            bars.push_back(new RecoveryBar(app, store, std::move(left)));
-            window.addNotice(bars.back());
-        }
-        return bars;
-    }
+    std::vector<RecoveryBar*> offered() { return offerLeftWork(app, store, window); }
 };
 
 QStringList recoveryFiles(const QString& folder) {
@@ -146,6 +139,28 @@ class RecoveryWindowTest : public QObject {
         // The restored file went; this session's own stands.
         QCOMPARE(recoveryFiles(folder).size(), qsizetype(1));
         QVERIFY(next.store.path().endsWith(recoveryFiles(folder).first()));
+    }
+
+    // A left file that cannot be restored (a bare row line) is no offer: a
+    // bar says so once and where its bytes are kept; the next window says nothing.
+    void anUnreadableLeftFileIsSaidOnceAndOfferedNoMore() {
+        QFile bad(QDir(folder).filePath(QStringLiteral("recovery-7-7.ebnt")));
+        QVERIFY(bad.open(QIODevice::WriteOnly));
+        bad.write("A PROJECT\r\n[Tarnwick recovery 1]\r\nrow\r\n");
+        bad.close();
+        {
+            Window s(folder);
+            QVERIFY(s.offered().empty());
+            const auto* said = s.window.findChild<QFrame*>(QStringLiteral("recoveryUnreadableBar"));
+            QVERIFY(said);
+            const QString text = said->findChild<QLabel*>(QStringLiteral("recoveryUnreadableText"))->text();
+            QVERIFY2(text.contains(QStringLiteral("a row of the bent table comes before its columns")),
+                     qPrintable(text));
+            QVERIFY2(text.contains(bad.fileName() + QStringLiteral(".unreadable")), qPrintable(text));
+        }
+        Window next(folder);
+        QVERIFY(next.offered().empty());
+        QVERIFY(!next.window.findChild<QFrame*>(QStringLiteral("recoveryUnreadableBar")));
     }
 
     // Ended by a logout, Ctrl+C or a closed terminal, the window keeps its
