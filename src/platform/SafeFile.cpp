@@ -3,6 +3,7 @@
 
 #include "core/Errors.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <climits>
@@ -15,6 +16,7 @@
 #include <fstream>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <vector>
 
@@ -118,6 +120,28 @@ std::string keepCopy(const std::string& folder, const std::string& target, const
         ::unlink(copy.c_str());
     }
     return {};
+}
+
+// Gives `fd` every extended attribute of the file at `from`, its access
+// control list among them; false when one of them cannot be given.
+bool copyAttributes(const std::string& from, int fd) {
+    std::vector<char> names(4096);
+    ssize_t size = ::listxattr(from.c_str(), names.data(), names.size());
+    if (size < 0 && errno == ERANGE) {
+        names.resize(static_cast<size_t>(std::max<ssize_t>(::listxattr(from.c_str(), nullptr, 0), 0)) + 4096);
+        size = ::listxattr(from.c_str(), names.data(), names.size());
+    }
+    if (size < 0) return errno == ENOTSUP; // a file system without them has none to keep
+    std::vector<char> value;
+    for (ssize_t i = 0; i < size; i += static_cast<ssize_t>(std::strlen(names.data() + i)) + 1) {
+        const char* name = names.data() + i;
+        const ssize_t length = ::getxattr(from.c_str(), name, nullptr, 0);
+        if (length < 0) return false;
+        value.resize(static_cast<size_t>(length) + 1);
+        const ssize_t got = ::getxattr(from.c_str(), name, value.data(), value.size());
+        if (got < 0 || ::fsetxattr(fd, name, value.data(), static_cast<size_t>(got), 0) != 0) return false;
+    }
+    return true;
 }
 
 // Over the old bytes, keeping the file itself (its owner, mode, links). The
@@ -263,7 +287,15 @@ WriteResult replace(const std::string& path, const std::string& bytes, mode_t mo
         return writeInPlace(path, target, bytes, mode);
     }
     const mode_t kept = mode ? mode : exists ? (st.st_mode & 07777) : newFileMode();
-    const bool written = ::fchmod(fd, kept) == 0 && writeAll(fd, bytes);
+    // Who may read and write it beyond its mode, and what the user attached to it, go with it; where
+    // the user may not give the new file one of them, the file itself is kept and written over.
+    if (::fchmod(fd, kept) != 0 || (exists && !mode && !copyAttributes(target, fd))) {
+        ::close(fd);
+        ::unlink(temp.c_str());
+        if (exists) return writeInPlace(path, target, bytes, mode);
+        return failure(err::kPermissionDenied, "Permission denied: cannot create " + path + " (" + reason(errno) + ")");
+    }
+    const bool written = writeAll(fd, bytes);
     const int writeError = errno;
     ::close(fd);
     if (!written) {

@@ -11,16 +11,20 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <grp.h>
+#include <map>
 #include <sstream>
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <vector>
 
@@ -187,6 +191,73 @@ TEST(SafeSave, LongNamesFoldersAndAFolderTheUserMayNotWrite) {
                   f.expect(d.entries() == 5, "a temporary file was left");
               }),
               "");
+}
+
+// The extended attributes of a file, by name.
+std::map<std::string, std::string> attributesOf(const fs::path& p) {
+    std::map<std::string, std::string> found;
+    char names[4096];
+    const ssize_t n = listxattr(p.c_str(), names, sizeof names);
+    for (ssize_t i = 0; i < n; i += static_cast<ssize_t>(std::strlen(names + i)) + 1) {
+        char value[4096];
+        const ssize_t v = getxattr(p.c_str(), names + i, value, sizeof value);
+        found[names + i] = v < 0 ? "?" : std::string(value, static_cast<size_t>(v));
+    }
+    return found;
+}
+
+// An access control list as the kernel keeps it: the owner rw, user 4242 rw,
+// the group r, a mask of rw, others nothing.
+std::string accessList() {
+    const std::uint16_t entries[][2] = {{0x01, 6}, {0x02, 6}, {0x04, 4}, {0x10, 6}, {0x20, 0}};
+    std::string acl = std::string("\x02\0\0\0", 4);
+    for (const auto& [tag, perm] : entries) {
+        const std::uint32_t id = tag == 0x02 ? kSomeoneElse : 0xFFFFFFFF;
+        acl.append(reinterpret_cast<const char*>(&tag), 2);
+        acl.append(reinterpret_cast<const char*>(&perm), 2);
+        acl.append(reinterpret_cast<const char*>(&id), 4);
+    }
+    return acl;
+}
+
+// A save keeps who may read and write the file beyond its mode (an access
+// control list) and what the user attached to it (extended attributes).
+// Where the user may not give the new file an attribute the old one has,
+// the file is written in place, and keeps them all.
+TEST(SafeSave, AccessListsAndExtendedAttributesAreKept) {
+    Folder d("tw-save-attributes");
+    const auto file = d.path / "shared.ebnt";
+    put(file, "previous", 0600);
+    const std::string acl = accessList();
+    ASSERT_EQ(setxattr(file.c_str(), "system.posix_acl_access", acl.data(), acl.size(), 0), 0) << strerror(errno);
+    ASSERT_EQ(setxattr(file.c_str(), "user.checked-by", "RH", 2, 0), 0) << strerror(errno);
+    const auto before = attributesOf(file);
+    const mode_t mode = modeOf(file);
+    EXPECT_EQ(mode, 0660u) << "the group bits show the list's mask";
+    EXPECT_EQ(replaceFile(file.string(), "saved").error, "");
+    EXPECT_EQ(slurp(file), "saved");
+    EXPECT_EQ(attributesOf(file), before);
+    EXPECT_EQ(modeOf(file), mode);
+    EXPECT_EQ(d.entries(), 1u);
+
+    if (geteuid() != 0) return; // only root can give a file an attribute its owner cannot set
+    const auto locked = d.path / "labelled.ebnt";
+    put(locked, "previous", 0644);
+    ASSERT_EQ(chown(d.path.c_str(), kNobody, kNobody), 0);
+    ASSERT_EQ(chown(locked.c_str(), kNobody, kNobody), 0);
+    ASSERT_EQ(setxattr(locked.c_str(), "security.tarnwick-test", "label", 5, 0), 0) << strerror(errno);
+    const auto labelled = attributesOf(locked);
+    struct stat st {};
+    stat(locked.c_str(), &st);
+    const ino_t inode = st.st_ino;
+    EXPECT_EQ(asOrdinaryUser([&](Faults& f) {
+                  f.same(replaceFile(locked.string(), "by nobody").error, "", "save");
+                  f.same(slurp(locked), "by nobody", "the file");
+              }),
+              "");
+    EXPECT_EQ(attributesOf(locked), labelled);
+    stat(locked.c_str(), &st);
+    EXPECT_EQ(st.st_ino, inode) << "written in place";
 }
 
 // A file of someone else's that the user may write keeps its owner and group.
