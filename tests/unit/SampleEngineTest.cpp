@@ -59,3 +59,25 @@ TEST(SampleEngine, AnInputItCannotReadEndsInItsErrorLine) {
 
 } // namespace
 } // namespace tw
+
+namespace tw {
+namespace {
+
+// The sample drawing batch program makes its intermediate file where no one
+// can have put a link: a link named like it beside the script is left alone,
+// and so is the file it points at; the drawing is still made.
+TEST(SampleEngine, TheBatchProgramWritesThroughNoLinkBesideTheScript) {
+    const auto dir = test::freshFolder("engine-");
+    std::ofstream(dir / "bente.sif") << "SYMBOLOGY 1 0 0 0\nLINE 0 0 10 10\n";
+    std::ofstream(dir / "victim.txt") << "the user's own";
+    std::filesystem::create_symlink(dir / "victim.txt", dir / "bente.geojson");
+    const std::string command = std::string(TW_PROGRAM_DIR) + "/tarnwick-dgnbatch " + (dir / "bente.sif").string();
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(test::slurp(dir / "victim.txt"), "the user's own");
+    EXPECT_TRUE(std::filesystem::is_symlink(dir / "bente.geojson"));
+    EXPECT_GT(std::filesystem::file_size(dir / "bente.dgn"), 0u);
+    std::filesystem::remove_all(dir);
+}
+
+} // namespace
+} // namespace tw
