@@ -24,7 +24,8 @@ int addRows(QuietProject& project, const std::string& rowsFile, const std::strin
     project.ports.lastMessage.clear();
     const PasteOutcome outcome = project.app.actions.pasteBents(rows.bytes);
     if (outcome.refusedLine) {
-        std::cerr << rowsFile << ':' << *outcome.refusedLine << ": " << project.why() << '\n';
+        std::cerr << rowsFile << ':' << *outcome.refusedLine << ": "
+                  << (outcome.refusal.empty() ? project.why() : outcome.refusal) << '\n';
         return 1;
     }
     return project.writeTo(output);

@@ -58,7 +58,8 @@ std::vector<std::string> Replay::verbNames() {
 
 bool Replay::fail(const Line& l, const std::string& why) {
     out_.flush();
-    err_ << "replay: line " << l.number << ": " << why << '\n';
+    // The reason may quote the script, and the script may hold what a terminal takes for commands.
+    err_ << "replay: line " << l.number << ": " << printableText(why) << '\n';
     return false;
 }
 

@@ -75,6 +75,9 @@ struct WriteResult {
     std::string error;
 };
 
+// An INI file is a page of settings; one far larger than this is not read.
+inline constexpr std::uintmax_t kMaxIniBytes = 1024 * 1024;
+
 // A file read whole: its bytes, or the run-time error that stopped it.
 struct ReadResult {
     std::string bytes;

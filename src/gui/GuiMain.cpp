@@ -29,6 +29,8 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include <cctype>
+
 #include <map>
 #include <memory>
 #include <optional>
@@ -116,6 +118,11 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     };
     ports.onWaitEnds = [runStatus] { runStatus->end(); };
     ports.onNotice = [messages](const std::string& text) { messages->notice(QString::fromStdString(text)); };
+    platform.onWarning = [&ports](const std::string& text) {
+        ports.notice(text.empty()
+                         ? text
+                         : static_cast<char>(std::toupper(static_cast<unsigned char>(text[0]))) + text.substr(1));
+    };
     ports.onOfferViewer = [messages](const std::string& drawing) { messages->offerViewer(drawing); };
     messages->openViewer = [&main, programDir](const std::string& drawing) {
         openDrawingViewer(programDir, drawing, &main);
@@ -147,8 +154,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         new QuitAfterPaint(&main);
     }
     windows.onMainShown = [&] {
-        for (auto& left : store.claimLeft())
-            main.addNotice(new RecoveryBar(app, store, std::move(left)));
+        offerLeftWork(app, store, main);
         // What Exit put aside last time, offered once; old copies go.
         PutAsideStore aside;
         aside.prune();

@@ -13,6 +13,8 @@
 #include <QMessageBox>
 
 #include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
 #include <iostream>
 #include <new>
 
@@ -35,6 +37,13 @@ int exportDrawing(int& argc, char** argv, const std::string& programDir, const s
     QGuiApplication app(argc, argv);
     QString why;
     bool written = false;
+    // The image libraries' own complaints (libpng short of memory writes to standard error itself) are not for
+    // the user: the one line below says what happened.
+    const int stderrWas = ::dup(2);
+    if (const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC); null >= 0) {
+        ::dup2(null, 2);
+        ::close(null);
+    }
     try {
         written = exportScene(drawing.scene, QString::fromStdString(out), &why, replaceFile,
                               QFileInfo(QString::fromStdString(file)).fileName());
@@ -42,6 +51,7 @@ int exportDrawing(int& argc, char** argv, const std::string& programDir, const s
         why = QString::fromStdString(file) +
               QStringLiteral(" cannot be drawn: it needs more memory than the program may use.");
     }
+    if (stderrWas >= 0) ::dup2(stderrWas, 2);
     if (!written) std::cerr << "tarnwick: " << why.toStdString() << '\n';
     // The file is written (or refused and gone): end here. Short of memory,
     // the font library does not survive the application's teardown.
