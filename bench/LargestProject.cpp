@@ -10,7 +10,7 @@ namespace tw::bench {
 
 void fillEntry(Session& s, const std::string& number) {
     s.setText(Ctl::txtBentNoPI, number);
-    s.setListIndex(Ctl::cboBtomCalPI, 1);
+    choose(s, Ctl::cboBtomCalPI, 1);
     s.setText(Ctl::txtBtLCapPI, "96.50");
     s.setText(Ctl::txtBtRCapPI, "96.25");
     for (int i = 0; i < 20; ++i)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/MainWindow.h"
 
+#include "core/app/Acts.h"
 #include "core/benttable/BentRows.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
@@ -58,27 +59,19 @@ namespace {
 // The tab that holds the bent table; the others hold the form's sections.
 constexpr int kBentTableTab = 5;
 
-struct MenuCommand {
-    Ctl menu;
-    const char* toolbarKey; // nullptr: not on the toolbar
-    const char* themeIcon;
-    QKeySequence shortcut;
-};
+QList<QKeySequence> keysOf(const ActRow& row) {
+    QList<QKeySequence> keys;
+    for (const auto& k : shortcutsOf(row))
+        keys << QKeySequence(QString::fromStdString(k));
+    return keys;
+}
 
-// The toolbar's buttons carry the keys the old toolbar had; each does what
-// the menu item of that name does.
-const std::vector<MenuCommand>& fileCommands() {
-    static const std::vector<MenuCommand> commands = {
-        {Ctl::mnuNew, "New", "document-new", QKeySequence::New},
-        {Ctl::mnuOpen, "Open", "document-open", QKeySequence::Open},
-        {Ctl::mnuSave, "Save", "document-save", QKeySequence::Save},
-        // Not the platform's own Save As keys: on some desktops there are none.
-        {Ctl::mnuSaveAs, nullptr, "document-save-as", QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
-        {Ctl::mnuPrint, "Print", "document-print", QKeySequence::Print},
-        {Ctl::mnuRun, "Run", "media-playback-start", QKeySequence(Qt::Key_F5)},
-        {Ctl::mnuExit, "Exit", "application-exit", QKeySequence(Qt::CTRL | Qt::Key_Q)},
-    };
-    return commands;
+// The File menu's acts, in its order (the recent projects have their own place).
+std::vector<const ActRow*> fileActs() {
+    std::vector<const ActRow*> rows;
+    for (const auto& r : acts())
+        if (r.act <= Act::Exit && r.act != Act::OpenRecent) rows.push_back(&r);
+    return rows;
 }
 
 QIcon lookUpIcon(const char* theme, const char* key) {
@@ -271,18 +264,18 @@ QWidget* MainWindow::sketchStrip() {
 }
 
 void MainWindow::buildMenus() {
-    auto item = [this](QMenu* menu, Ctl ctl, const QIcon& icon = {}, const QKeySequence& shortcut = {}) {
+    auto item = [this](QMenu* menu, Ctl ctl, const QIcon& icon = {}, const QList<QKeySequence>& shortcuts = {}) {
         auto* a = menu->addAction(icon, q(app_.ctl(ctl).caption));
         a->setObjectName(q(std::string(ctlName(ctl))));
-        a->setShortcut(shortcut);
+        a->setShortcuts(shortcuts);
         connect(a, &QAction::triggered, this, [this, ctl] { app_.actions.click(ctl); });
         return a;
     };
     auto* edit = new QMenu(q(app_.ctl(Ctl::mnuEdit).caption), this);
     auto* file = menuBar()->addMenu(q(app_.ctl(Ctl::mnuFile).caption));
-    for (const auto& c : fileCommands()) {
-        if (c.menu == Ctl::mnuPrint || c.menu == Ctl::mnuRun || c.menu == Ctl::mnuExit) file->addSeparator();
-        if (c.menu == Ctl::mnuExit) {
+    for (const ActRow* c : fileActs()) {
+        if (c->act == Act::Print || c->act == Act::Run || c->act == Act::Exit) file->addSeparator();
+        if (c->act == Act::Exit) {
             // The recent projects, above Exit as other programs place them.
             for (int i = 0; i < ctlArraySize(Ctl::mnuRecentFile); ++i) {
                 const CtlId id(Ctl::mnuRecentFile, i);
@@ -294,8 +287,8 @@ void MainWindow::buildMenus() {
             }
             file->addSeparator();
         }
-        item(file, c.menu, c.toolbarKey ? commandIcon(c.themeIcon, c.toolbarKey) : QIcon(), c.shortcut);
-        if (c.menu == Ctl::mnuSaveAs) {
+        item(file, c->control.ctl, c->toolbarKey ? commandIcon(c->themeIcon, c->toolbarKey) : QIcon(), keysOf(*c));
+        if (c->act == Act::SaveAs) {
             auto* compare = file->addAction(QStringLiteral("Co&mpare With..."));
             compare->setObjectName(QStringLiteral("actionCompareWith"));
             compare->setStatusTip(QStringLiteral("What differs between a project file and the project on the form"));
@@ -310,7 +303,7 @@ void MainWindow::buildMenus() {
             connect(aside, &QAction::triggered, this, &MainWindow::showPutAsideWork);
         }
         // The checker's report, beside the legacy Print of the listings.
-        if (c.menu == Ctl::mnuPrint) {
+        if (c->act == Act::Print) {
             auto* exportItem = file->addAction(QIcon::fromTheme(QStringLiteral("document-export")),
                                                QStringLiteral("Export &Report..."));
             exportItem->setObjectName(QStringLiteral("actionExportReport"));
@@ -327,9 +320,10 @@ void MainWindow::buildMenus() {
     }
     menuBar()->addMenu(edit);
     // Undo and Redo name the step they take; both also answer the keys other programs use.
-    auto* undo = item(edit, Ctl::mnuUndo, commandIcon("edit-undo", "Undo"), QKeySequence::Undo);
-    auto* redo = item(edit, Ctl::mnuRedo, commandIcon("edit-redo", "Redo"));
-    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    const ActRow& undoAct = actRow(Act::Undo);
+    const ActRow& redoAct = actRow(Act::Redo);
+    auto* undo = item(edit, Ctl::mnuUndo, commandIcon(undoAct.themeIcon, undoAct.toolbarKey), keysOf(undoAct));
+    auto* redo = item(edit, Ctl::mnuRedo, commandIcon(redoAct.themeIcon, redoAct.toolbarKey), keysOf(redoAct));
     mirrored_.emplace_back(Ctl::mnuUndo, undo);
     mirrored_.emplace_back(Ctl::mnuRedo, redo);
     edit->addSeparator();
@@ -346,7 +340,8 @@ void MainWindow::buildMenus() {
     connect(paste, &QAction::triggered, this, &MainWindow::pasteBents);
     help_ = menuBar()->addMenu(q(app_.ctl(Ctl::mnuHelp).caption));
     auto* help = help_;
-    item(help, Ctl::mnuTarnwickHelp, QIcon::fromTheme(QStringLiteral("help-contents")), QKeySequence::HelpContents);
+    const ActRow& helpAct = actRow(Act::Help);
+    item(help, Ctl::mnuTarnwickHelp, QIcon::fromTheme(QString::fromLatin1(helpAct.themeIcon)), keysOf(helpAct));
     help->addSeparator();
     item(help, Ctl::mnuAbout);
 }
@@ -390,32 +385,25 @@ void MainWindow::buildToolbar() {
     bar->setObjectName(QStringLiteral("Toolbar1"));
     bar->setMovable(false);
     bar->setIconSize(QSize(24, 24));
-    // The old toolbar's order: New, Open, Save, Run, Print, Exit.
-    std::vector<MenuCommand> buttons;
-    for (const char* key : {"New", "Open", "Save", "Run", "Print", "Exit"})
-        for (const auto& c : fileCommands())
-            if (c.toolbarKey && std::string(c.toolbarKey) == key) buttons.push_back(c);
-    for (const auto& c : buttons) {
-        const QString key = QString::fromLatin1(c.toolbarKey);
-        auto* a = bar->addAction(commandIcon(c.themeIcon, c.toolbarKey), key);
-        a->setObjectName(QStringLiteral("Toolbar1.") + key);
-        a->setData(key);
-        const QString shortcut = c.shortcut.toString(QKeySequence::NativeText);
-        a->setToolTip(shortcut.isEmpty()
-                          ? plainCaption(app_.ctl(c.menu).caption)
-                          : QStringLiteral("%1 (%2)").arg(plainCaption(app_.ctl(c.menu).caption), shortcut));
-        const std::string k = c.toolbarKey;
-        connect(a, &QAction::triggered, this, [this, k] { app_.actions.toolbar(k); });
-    }
-    bar->addSeparator();
-    for (const auto& [ctl, key, icon] :
-         {std::tuple{Ctl::mnuUndo, "Undo", "edit-undo"}, std::tuple{Ctl::mnuRedo, "Redo", "edit-redo"}}) {
-        auto* a = bar->addAction(commandIcon(icon, key), QString::fromLatin1(key));
-        a->setObjectName(QStringLiteral("Toolbar1.") + QString::fromLatin1(key));
-        a->setData(QString::fromLatin1(key));
-        const std::string k = key;
-        connect(a, &QAction::triggered, this, [this, k] { app_.actions.toolbar(k); });
-        mirrored_.emplace_back(ctl, a);
+    // The old toolbar's order: New, Open, Save, Run, Print, Exit; then Undo and Redo.
+    for (const std::string& key : toolbarKeys()) {
+        const ActRow& c = *actOfToolbarKey(key);
+        const bool history = c.act == Act::Undo || c.act == Act::Redo;
+        if (c.act == Act::Undo) bar->addSeparator();
+        const QString k = QString::fromStdString(key);
+        auto* a = bar->addAction(commandIcon(c.themeIcon, c.toolbarKey), k);
+        a->setObjectName(QStringLiteral("Toolbar1.") + k);
+        a->setData(k);
+        connect(a, &QAction::triggered, this, [this, key] { app_.actions.toolbar(key); });
+        if (history) {
+            mirrored_.emplace_back(c.control.ctl, a);
+            continue;
+        }
+        const auto keys = keysOf(c);
+        const QString caption = plainCaption(app_.ctl(c.control).caption);
+        a->setToolTip(keys.isEmpty()
+                          ? caption
+                          : QStringLiteral("%1 (%2)").arg(caption, keys.front().toString(QKeySequence::NativeText)));
     }
 }
 
@@ -468,10 +456,10 @@ void MainWindow::refreshMenus() {
         const bool toolbar = action->objectName().startsWith(QStringLiteral("Toolbar1."));
         const QString text = q(c.caption);
         if (toolbar)
-            action->setToolTip(QStringLiteral("%1 (%2)").arg(
-                text,
-                (c.caption.starts_with("Undo") ? QKeySequence(QKeySequence::Undo) : QKeySequence(Qt::CTRL | Qt::Key_Y))
-                    .toString(QKeySequence::NativeText)));
+            action->setToolTip(
+                QStringLiteral("%1 (%2)").arg(text, keysOf(actRow(ctl == Ctl::mnuUndo ? Act::Undo : Act::Redo))
+                                                        .front()
+                                                        .toString(QKeySequence::NativeText)));
         else if (action->text() != text)
             action->setText(text);
         action->setEnabled(c.enabled);

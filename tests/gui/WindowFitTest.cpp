@@ -71,8 +71,8 @@ void writeFile(const QString& path, const std::string& text) {
 // values as wide as an elevation gets.
 void widestTable(App& app, int rows) {
     QVERIFY(test::bring(app, [rows](Session& s) {
-        s.setListIndex(Ctl::cboTybent, 1);
-        s.setListIndex(Ctl::cboNoBeam, 19);
+        choose(s, Ctl::cboTybent, 1);
+        choose(s, Ctl::cboNoBeam, 19);
         std::string row;
         for (int c = 0; c < s.table().cols(); ++c)
             row += std::string(c == 0 ? "99" : c % 2 ? "-999.99" : "1234.50") + '\t';

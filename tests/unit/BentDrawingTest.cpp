@@ -243,7 +243,8 @@ TEST(BentDrawingLabels, NoLabelOverlapsAnotherOrABubbleInTheSamples) {
         test::Loaded app;
         parseProject(*app, test::slurp(entry.path()));
         for (int row = 1; row < app->project().table().rows(); ++row)
-            expectClear(readBentInputs(app->project(), row, {}), entry.path().filename().string() + " bent " + std::to_string(row));
+            expectClear(readBentInputs(app->project(), row, {}),
+                        entry.path().filename().string() + " bent " + std::to_string(row));
     }
 }
 

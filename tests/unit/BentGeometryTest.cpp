@@ -3,6 +3,7 @@
 #include "FakePorts.h"
 
 #include "core/drawing/BentGeometry.h"
+#include "core/form/MainForm.h"
 
 #include <gtest/gtest.h>
 
@@ -188,8 +189,8 @@ TEST(BentGeometry, MissingValuesArePlaceholdersNotGuesses) {
 
 TEST(BentInputs, TheBentShownIsTheOneBeingEnteredOrTheSelectedRow) {
     test::Loaded app;
-    app->setComboText(Ctl::cboTybent, "Pile End Bent without Backwall");
-    app->setComboText(Ctl::cboNoBeam, "2");
+    chooseText(*app, Ctl::cboTybent, "Pile End Bent without Backwall");
+    chooseText(*app, Ctl::cboNoBeam, "2");
     app->changeTable([&](BentTable& t) { t.addItem("3\t\t\t100.00\t100.50\t104.00\t103.00\t104.00\t101.00\t"); });
     app->changeTable(
         [&](BentTable& t) { t.addItem("4\t96.00\t96.50\t101.00\t101.50\t105.00\t105.00\t105.00\t105.00\t"); });

@@ -3,6 +3,7 @@
 #include "FakePorts.h"
 #include "ProjectMaker.h"
 
+#include "core/form/MainForm.h"
 #include "core/inputfile/Codepage.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Inputs.h"
@@ -359,7 +360,7 @@ TEST(InputFileReader, DescriptionsSpeakPlainlyAndShowNoRawBytes) {
     for (int beams : {0, 11, 19})
         for (int bents : {100, 150, 999, 1000}) {
             Loaded app;
-            app->setListIndex(Ctl::cboNoBeam, beams);
+            choose(*app, Ctl::cboNoBeam, beams);
             app->setBentCounter(static_cast<std::int16_t>(bents));
             EXPECT_EQ(refusal(composeSave(*app).bytes), "The file holds more than 99 bents")
                 << bents << " bents, " << beams + 1 << " beams";

@@ -3,6 +3,7 @@
 // beams, every option that adds inputs, every field filled and 99 bents.
 #pragma once
 
+#include "core/form/MainForm.h"
 #include "core/form/Session.h"
 
 #include <string>
@@ -10,13 +11,13 @@
 namespace tw::test {
 
 inline void fillLargestProject(Session& s) {
-    s.setComboText(Ctl::cboTybent, "Pile End Bent with Backwall");
-    s.setComboText(Ctl::cboNoBeam, "20");
-    s.setComboText(Ctl::cboAngleType, "No");
-    s.setComboText(Ctl::cboWingParallel, "No");
-    s.setComboText(Ctl::cboWingwallPileBox, "3");
-    s.setComboText(Ctl::cboBatterPile, "Yes");
-    s.setComboText(Ctl::cboBatteredPile, "6");
+    chooseText(s, Ctl::cboTybent, "Pile End Bent with Backwall");
+    chooseText(s, Ctl::cboNoBeam, "20");
+    chooseText(s, Ctl::cboAngleType, "No");
+    chooseText(s, Ctl::cboWingParallel, "No");
+    chooseText(s, Ctl::cboWingwallPileBox, "3");
+    chooseText(s, Ctl::cboBatterPile, "Yes");
+    chooseText(s, Ctl::cboBatteredPile, "6");
     for (int i = 0; i < 3; ++i)
         s.setText(CtlId(Ctl::txtProjectInfo, i), "LARGEST PROJECT TITLE LINE " + std::to_string(i + 1));
     s.setText(Ctl::txtCapLength, "95.0000");

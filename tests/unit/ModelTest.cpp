@@ -2,6 +2,7 @@
 // The project model: names, defaults, reset and the bent-table layouts.
 #include "FakePorts.h"
 
+#include "core/form/MainForm.h"
 #include "core/model/Choices.h"
 #include "core/model/Columns.h"
 #include "core/model/Inputs.h"
@@ -129,8 +130,8 @@ TEST(Reset, FormLoadGivesTheDefaults) {
 TEST(Reset, ReturnsAnEditedProjectToTheDefaults) {
     Loaded app;
     Session& a = *app;
-    a.setListIndex(Ctl::cboNoBeam, 19);
-    a.setListIndex(Ctl::cboTybent, 1);
+    choose(a, Ctl::cboNoBeam, 19);
+    choose(a, Ctl::cboTybent, 1);
     for (const auto& id : projectInputs())
         if (!a.ctl(id).isCombo()) a.setText(id, "7");
     a.changeTable([&](BentTable& t) { t.addItem("1\t2\t3"); });
@@ -245,11 +246,11 @@ TEST(Layout, ColumnCountOverflowIsARunTimeError) {
 
 TEST(Layout, FollowsTheFormsChoices) {
     Loaded app;
-    app->setListIndex(Ctl::cboTybent, 2);
+    choose(*app, Ctl::cboTybent, 2);
     EXPECT_EQ(app->table().cols(), 7);
-    app->setListIndex(Ctl::cboNoBeam, 10);
+    choose(*app, Ctl::cboNoBeam, 10);
     EXPECT_EQ(app->table().cols(), 14);
-    app->setListIndex(Ctl::cboTybent, 1);
+    choose(*app, Ctl::cboTybent, 1);
     EXPECT_EQ(app->table().cols(), 23);
 }
 

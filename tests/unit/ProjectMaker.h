@@ -2,6 +2,7 @@
 // Random projects, every value formatted the way its field leaves it.
 #pragma once
 
+#include "core/form/MainForm.h"
 #include "core/form/Session.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
@@ -19,12 +20,12 @@ class ProjectMaker {
     void fill(Session& a) {
         const char* types[] = {"Pile Intermediate Bent", "Pile End Bent without Backwall",
                                "Pile End Bent with Backwall"};
-        a.setComboText(Ctl::cboTybent, types[pick(3)]);
-        a.setListIndex(Ctl::cboNoBeam, pick(20));
+        chooseText(a, Ctl::cboTybent, types[pick(3)]);
+        choose(a, Ctl::cboNoBeam, pick(20));
         for (Ctl c : {Ctl::cboDrScale, Ctl::cboBSkew, Ctl::cboAngleType, Ctl::cboBentDrawn, Ctl::cboWingParallel,
                       Ctl::cboTPLwinwall, Ctl::cboTPRwingwall, Ctl::cboBatterPile, Ctl::cboWingwallPileBox,
                       Ctl::cboBatteredPile, Ctl::cboBearingHole, Ctl::cboTypeOfPile, Ctl::cboStrirrups})
-            a.setListIndex(c, pick(static_cast<int>(a.ctl(c).items.size())));
+            choose(a, c, pick(static_cast<int>(a.ctl(c).items.size())));
         for (const auto& id : projectInputs()) {
             if (a.ctl(id).isCombo()) continue;
             a.setText(id, valueFor(id));

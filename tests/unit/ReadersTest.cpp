@@ -144,7 +144,8 @@ TEST(Readers, SettingsThatAreAPipeOrADeviceAreLeftAlone) {
     std::ofstream(target) << "[Usage]\nUsageInfo\\LastTime=5\n";
     fs::create_symlink(target, conf);
     const test::Ran ran = test::runTarnwick({"--program-dir", TW_PROGRAM_DIR, "replay", "script.txt"}, dir, {}, 20s);
-    EXPECT_EQ(ran.out, "setting LastTime = \"4\"\nsetting LastTime = \"7\"\n") << ran.err; // the form starts with 4 beams
+    EXPECT_EQ(ran.out, "setting LastTime = \"4\"\nsetting LastTime = \"7\"\n")
+        << ran.err; // the form starts with 4 beams
     EXPECT_TRUE(fs::is_symlink(conf));
     EXPECT_TRUE(holds(test::slurp(target), "LastTime=7"));
     fs::remove_all(dir);

@@ -4,6 +4,7 @@
 #include "FakePorts.h"
 #include "ProjectMaker.h"
 
+#include "core/form/MainForm.h"
 #include "core/form/Recovery.h"
 #include "core/inputfile/InputFile.h"
 #include "core/model/Inputs.h"
@@ -53,9 +54,9 @@ TEST(Recovery, OpensAsTheInputFileAndIsComposedWithoutAWord) {
     Loaded app;
     test::ProjectMaker(5).fill(*app);
     // Parallel wingwalls with three equal pile boxes: a save would stop with a message.
-    app->setComboText(Ctl::cboTybent, "Pile End Bent with Backwall");
-    app->setComboText(Ctl::cboWingParallel, "Yes");
-    app->setComboText(Ctl::cboWingwallPileBox, "3");
+    chooseText(*app, Ctl::cboTybent, "Pile End Bent with Backwall");
+    chooseText(*app, Ctl::cboWingParallel, "Yes");
+    chooseText(*app, Ctl::cboWingwallPileBox, "3");
     app->setText(Ctl::txtPileBoxDistance1, "5.0000");
     app->setText(Ctl::txtPileBoxDistance2, "5.0000");
     app->setText(Ctl::txtCapWidth, "123.4567"); // too wide for its field
@@ -114,7 +115,7 @@ namespace {
 TEST(Recovery, ATamperedFileIsRefusedBeforeAnythingChanges) {
     Loaded source;
     test::ProjectMaker(9).fill(*source);
-    source->setComboText(Ctl::cboTybent, "Pile End Bent with Backwall");
+    chooseText(*source, Ctl::cboTybent, "Pile End Bent with Backwall");
     const std::string good = composeRecovery(*source);
     const std::string marker = "[Tarnwick recovery 1]\r\n";
     const std::string head = good.substr(0, good.find(marker) + marker.size());

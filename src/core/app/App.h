@@ -4,6 +4,7 @@
 // reads through the const accessors and changes things only by commands.
 #pragma once
 
+#include "core/app/Funnel.h"
 #include "core/app/History.h"
 #include "core/app/UserActions.h"
 #include "core/form/Session.h"
@@ -16,7 +17,7 @@
 
 namespace tw {
 
-class App {
+class App : private Funnel {
   public:
     App(UserPorts& user, SystemPorts& system, std::string programDir);
     App(const App&) = delete;
@@ -42,7 +43,7 @@ class App {
     bool modified() const;
 
     // What the user does enters here: the window and the replay call nothing else.
-    UserActions actions{*this};
+    UserActions actions{static_cast<Funnel&>(*this)};
 
     // --- What the front end does itself, outside the user's actions.
     // The splash, the first window.
@@ -59,12 +60,10 @@ class App {
     void reportFailure(const std::string& what);
 
   private:
-    friend class UserActions;
-    // Runs `body` as one command: its errors end in the box, the history
-    // takes its step, the listeners hear what changed.
+    Session& working() override { return session_; }
     ChangeSet perform(const std::function<void()>& body, const std::string& label = {},
-                      std::optional<CtlId> control = {}, std::optional<int> row = {});
-    ChangeSet walkHistory(bool forward);
+                      std::optional<CtlId> control = {}, std::optional<int> row = {}) override;
+    ChangeSet walkHistory(bool forward) override;
     void trackSaved(const ChangeLog& log);
     void showHistory();
     ChangeSet finish(ChangeLog log);

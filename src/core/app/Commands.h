@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
-// Everything the user does, one type a verb, as the window and the replay
-// report it. UserActions::apply takes any of them.
+// Everything the user does, one type each: the engineer's acts by name, and
+// the gestures on the form (a key, a focus, a pick) as the window and the
+// replay report them. UserActions::apply takes any of them.
 #pragma once
 
+#include "core/app/Acts.h"
 #include "core/form/Form.h"
 
 #include <optional>
@@ -69,9 +71,30 @@ struct SelectRows {
 struct Close {
     FormId form = FormId::Main;
 };
+// One of the engineer's acts, as its menu item, button, toolbar key or
+// shortcut starts it; `index` picks the recent project to open.
+template <Act A> struct Do { int index = 0; };
+using New = Do<Act::New>;
+using Open = Do<Act::Open>;
+using OpenRecent = Do<Act::OpenRecent>;
+using Save = Do<Act::Save>;
+using SaveAs = Do<Act::SaveAs>;
+using Print = Do<Act::Print>;
+using Run = Do<Act::Run>;
+using Exit = Do<Act::Exit>;
 // One whole step of the project's history back, or forward again.
-struct Undo {};
-struct Redo {};
+using Undo = Do<Act::Undo>;
+using Redo = Do<Act::Redo>;
+using Help = Do<Act::Help>;
+using About = Do<Act::About>;
+using AddBent = Do<Act::AddBent>;
+using InsertBent = Do<Act::InsertBent>;
+using ReplaceBent = Do<Act::ReplaceBent>;
+using EditBent = Do<Act::EditBent>;
+using DeleteBent = Do<Act::DeleteBent>;
+using DeleteAllBents = Do<Act::DeleteAllBents>;
+using MoveBentUp = Do<Act::MoveBentUp>;
+using MoveBentDown = Do<Act::MoveBentDown>;
 // A project file given without Open's dialog (dropped on the window): what
 // Open does once its dialog gave the path.
 struct OpenPath {
@@ -88,16 +111,18 @@ struct Restore {
 };
 // The closing values worked out again now, as a change of tab does.
 struct BringUpToDate {};
+// The project's file read again, as another program left it.
+struct Reload {};
 
 } // namespace tw::cmd
 
 namespace tw {
 
 using Command = std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click,
-                             cmd::DoubleClick, cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Undo,
-                             cmd::Redo, cmd::Restore, cmd::PasteBents, cmd::OpenPath, cmd::BringUpToDate>;
-
-// The keys of the toolbar's buttons, in their order.
-const std::vector<std::string>& toolbarKeys();
+                             cmd::DoubleClick, cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Restore,
+                             cmd::PasteBents, cmd::OpenPath, cmd::BringUpToDate, cmd::Reload, cmd::New, cmd::Open,
+                             cmd::OpenRecent, cmd::Save, cmd::SaveAs, cmd::Print, cmd::Run, cmd::Exit, cmd::Undo,
+                             cmd::Redo, cmd::Help, cmd::About, cmd::AddBent, cmd::InsertBent, cmd::ReplaceBent,
+                             cmd::EditBent, cmd::DeleteBent, cmd::DeleteAllBents, cmd::MoveBentUp, cmd::MoveBentDown>;
 
 } // namespace tw

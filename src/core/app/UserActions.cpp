@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/app/UserActions.h"
 
-#include "core/app/App.h"
+#include "core/app/Funnel.h"
 #include "core/form/BentCommands.h"
 #include "core/form/Events.h"
 #include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
 #include "core/form/RecentFiles.h"
 #include "core/form/Recovery.h"
+#include "core/form/Session.h"
 #include "core/form/ShellCommands.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
@@ -19,19 +20,13 @@
 
 namespace tw {
 
-const std::vector<std::string>& toolbarKeys() {
-    static const std::vector<std::string> keys = {"New", "Open", "Save", "Run", "Print", "Exit", "Undo", "Redo"};
-    return keys;
-}
-
 namespace {
 
 constexpr int kBackspace = 8;
-constexpr int kDeleteButton = 4; // cmdQuantity(4)
 
 // The focus comes to a control of the main form (other forms keep their own).
 void focusOn(Session& s, const Target& t) {
-    if (t.form == FormId::Main) s.setFocus(t.id);
+    if (t.form == FormId::Main) moveFocus(s, t.id);
 }
 
 // One key into a text box: the key filter first, then the key replaces the
@@ -81,34 +76,39 @@ void editText(Session& s, const Target& t, const std::string& text, std::optiona
     s.setCaret(t, at.value_or(Selection{static_cast<int>(text.size()), 0}));
 }
 
+// What an act does on the form, as its menu item or button did.
+void runAct(Session& s, Act act, int index) {
+    const CtlId id = actControl(act, index);
+    if (s.ctl(id).kind == Kind::Button) moveFocus(s, id);
+    if (isBentAct(act)) {
+        s.clearHint();
+        s.noteUnloweredCount(act == Act::DeleteBent);
+    }
+    switch (act) {
+    case Act::New: newProject(s); break;
+    case Act::Open: openProject(s); break;
+    case Act::OpenRecent: openRecentFile(s, index); break;
+    case Act::Save:
+    case Act::SaveAs: saveProject(s); break;
+    case Act::Print: printCommand(s); break;
+    case Act::Run: runProject(s); break;
+    case Act::Exit: unloadMainForm(s); break;
+    case Act::Help: showHelp(s); break;
+    case Act::About: showAbout(s); break;
+    case Act::MoveBentUp: moveBentUp(s); break;
+    case Act::MoveBentDown: moveBentDown(s); break;
+    case Act::Undo:
+    case Act::Redo: break; // the history's, not the form's
+    default: bentCommand(s, id.index); break;
+    }
+}
+
 void clickMain(Session& s, const CtlId& id) {
-    if (s.ctl(id).kind == Kind::Button) s.setFocus(id);
+    if (const ActRow* row = actOf(id)) {
+        runAct(s, row->act, id.index);
+        return;
+    }
     switch (id.ctl) {
-    case Ctl::mnuNew: newProject(s); break;
-    case Ctl::mnuOpen: openProject(s); break;
-    case Ctl::mnuRecentFile: openRecentFile(s, id.index); break;
-    case Ctl::mnuSave:
-    case Ctl::mnuSaveAs: saveProject(s); break;
-    case Ctl::mnuPrint: printCommand(s); break;
-    case Ctl::mnuRun: runProject(s); break;
-    case Ctl::mnuExit: unloadMainForm(s); break;
-    case Ctl::mnuTarnwickHelp: showHelp(s); break;
-    case Ctl::mnuAbout: showAbout(s); break;
-    case Ctl::cmdQuantity:
-        s.clearHint();
-        s.noteUnloweredCount(id.index == kDeleteButton);
-        bentCommand(s, id.index);
-        break;
-    case Ctl::cmdMoveUp:
-        s.clearHint();
-        s.noteUnloweredCount(false);
-        moveBentUp(s);
-        break;
-    case Ctl::cmdMoveDown:
-        s.clearHint();
-        s.noteUnloweredCount(false);
-        moveBentDown(s);
-        break;
     case Ctl::lblBearingView:
     case Ctl::lblCenterlineView:
     case Ctl::lblElevationView:
@@ -139,36 +139,24 @@ void click(Session& s, const Target& t) {
     }
 }
 
-// The menu item a toolbar button stands for: each does what the menu item of its name does.
-std::optional<Ctl> toolbarMenu(const std::string& key) {
-    const std::pair<const char*, Ctl> keys[] = {
-        {"New", Ctl::mnuNew},     {"Open", Ctl::mnuOpen}, {"Save", Ctl::mnuSave}, {"Run", Ctl::mnuRun},
-        {"Print", Ctl::mnuPrint}, {"Exit", Ctl::mnuExit}, {"Undo", Ctl::mnuUndo}, {"Redo", Ctl::mnuRedo}};
-    for (const auto& [k, menu] : keys)
-        if (key == k) return menu;
-    return std::nullopt;
-}
-
 std::string bentNumberAt(const Session& s, int row) {
     return row >= 1 && row < s.table().rows() ? trim(s.table().cell(row, 0)) : std::string();
 }
 
-// What a bent-table button's step is called, and the row it touches.
-std::pair<std::string, std::optional<int>> bentStep(const Session& s, const CtlId& id) {
+// What an act's step in the history is called, and the row it touches.
+std::pair<std::string, std::optional<int>> actStep(const Session& s, Act act) {
     const int row = s.selection().row;
     const std::string entered = trim(s.text(Ctl::txtBentNoPI));
-    switch (id.ctl) {
-    case Ctl::cmdMoveUp: return {"Move Bent " + bentNumberAt(s, row) + " Up", row - 1};
-    case Ctl::cmdMoveDown: return {"Move Bent " + bentNumberAt(s, row) + " Down", row + 1};
-    default: break;
-    }
-    switch (id.index) {
-    case 0: return {"Add Bent " + entered, s.table().rows()};
-    case 1: return {"Insert Bent " + entered, s.selection().end};
-    case 2: return {"Replace Bent " + bentNumberAt(s, std::max(row, 1)), std::max(row, 1)};
-    case 3: return {"Edit Bent " + bentNumberAt(s, row), row};
-    case 4: return {"Delete Bent " + bentNumberAt(s, row), row};
-    default: return {"Delete All Bents", std::nullopt};
+    switch (act) {
+    case Act::MoveBentUp: return {"Move Bent " + bentNumberAt(s, row) + " Up", row - 1};
+    case Act::MoveBentDown: return {"Move Bent " + bentNumberAt(s, row) + " Down", row + 1};
+    case Act::AddBent: return {"Add Bent " + entered, s.table().rows()};
+    case Act::InsertBent: return {"Insert Bent " + entered, s.selection().end};
+    case Act::ReplaceBent: return {"Replace Bent " + bentNumberAt(s, std::max(row, 1)), std::max(row, 1)};
+    case Act::EditBent: return {"Edit Bent " + bentNumberAt(s, row), row};
+    case Act::DeleteBent: return {"Delete Bent " + bentNumberAt(s, row), row};
+    case Act::DeleteAllBents: return {"Delete All Bents", std::nullopt};
+    default: return {"Pile Box Distances", std::nullopt}; // what a save may exchange
     }
 }
 
@@ -178,8 +166,8 @@ template <class... F> Overloaded(F...) -> Overloaded<F...>;
 } // namespace
 
 ChangeSet UserActions::apply(const Command& command) {
-    App& a = app_;
-    Session& s = a.session_;
+    Funnel& a = funnel_;
+    Session& s = a.working();
     const auto label = [](const CtlId& id) { return isInput(id.ctl) ? inputLabel(id) : std::string(); };
     return std::visit(
         Overloaded{
@@ -196,17 +184,17 @@ ChangeSet UserActions::apply(const Command& command) {
             [&](const cmd::Leave& c) {
                 return a.perform([&] {
                     if (c.target.form == FormId::Main && s.focus() == std::optional<CtlId>(c.target.id))
-                        s.leaveFocus();
+                        leaveFocus(s);
                     else if (c.target.form == FormId::Main)
-                        s.leave(c.target.id);
+                        leaveField(s, c.target.id);
                 });
             },
             [&](const cmd::Choose& c) {
                 return a.perform(
                     [&] {
                         if (c.target.form == FormId::Main) {
-                            s.setFocus(c.target.id);
-                            s.setListIndex(c.target, c.index);
+                            moveFocus(s, c.target.id);
+                            tw::choose(s, c.target, c.index);
                             return;
                         }
                         s.setListIndex(c.target, c.index);
@@ -215,15 +203,9 @@ ChangeSet UserActions::apply(const Command& command) {
                     c.target.form == FormId::Main ? label(c.target.id) : std::string(), c.target.id);
             },
             [&](const cmd::Click& c) {
-                if (c.target.form == FormId::Main && c.target.id.ctl == Ctl::mnuUndo) return a.walkHistory(false);
-                if (c.target.form == FormId::Main && c.target.id.ctl == Ctl::mnuRedo) return a.walkHistory(true);
-                std::string stepLabel = "Pile Box Distances"; // what a save may exchange
-                std::optional<int> row;
-                const bool bentButton = c.target.form == FormId::Main &&
-                                        (c.target.id.ctl == Ctl::cmdQuantity || c.target.id.ctl == Ctl::cmdMoveUp ||
-                                         c.target.id.ctl == Ctl::cmdMoveDown);
-                if (bentButton) std::tie(stepLabel, row) = bentStep(s, c.target.id);
-                return a.perform([&] { tw::click(s, c.target); }, stepLabel, c.target.id, row);
+                if (c.target.form == FormId::Main)
+                    if (const ActRow* row = actOf(c.target.id)) return act(row->act, c.target.id.index);
+                return a.perform([&] { tw::click(s, c.target); }, "Pile Box Distances", c.target.id);
             },
             [&](const cmd::DoubleClick& c) {
                 return a.perform([&] {
@@ -231,9 +213,8 @@ ChangeSet UserActions::apply(const Command& command) {
                 });
             },
             [&](const cmd::Toolbar& c) {
-                const auto menu = toolbarMenu(c.key);
-                if (!menu) return a.perform([] {});
-                return apply(cmd::Click{Target(*menu)});
+                const ActRow* row = actOfToolbarKey(c.key);
+                return row ? act(row->act, 0) : a.perform([] {});
             },
             [&](const cmd::Tab& c) { return a.perform([&] { tw::selectTab(s, c.tab); }, "Closing Values"); },
             [&](const cmd::BringUpToDate&) {
@@ -248,8 +229,8 @@ ChangeSet UserActions::apply(const Command& command) {
                         s.closeForm(c.form);
                 });
             },
-            [&](const cmd::Undo&) { return a.walkHistory(false); },
-            [&](const cmd::Redo&) { return a.walkHistory(true); },
+            [&]<Act A>(const cmd::Do<A>& c) { return act(A, c.index); },
+            [&](const cmd::Reload&) { return a.perform([&] { reloadProject(s); }, "Reload"); },
             [&](const cmd::Restore& c) { return a.perform([&] { restoreRecovery(s, c.recovery); }); },
             [&](const cmd::OpenPath& c) { return a.perform([&] { openPath(s, c.path); }); },
             [&](const cmd::PasteBents& c) {
@@ -266,8 +247,8 @@ ChangeSet UserActions::apply(const Command& command) {
 
 PasteOutcome UserActions::pasteBents(const std::string& text) {
     PasteOutcome outcome;
-    Session& s = app_.session_;
-    app_.perform(
+    Session& s = funnel_.working();
+    funnel_.perform(
         [&] {
             s.noteUnloweredCount(false);
             outcome = tw::pasteBents(s, text);
@@ -278,15 +259,19 @@ PasteOutcome UserActions::pasteBents(const std::string& text) {
 
 bool UserActions::restore(const std::string& recovery) {
     bool restored = false;
-    app_.perform([&] {
-        restoreRecovery(app_.session_, recovery);
+    funnel_.perform([&] {
+        restoreRecovery(funnel_.working(), recovery);
         restored = true;
     });
     return restored;
 }
 
-void UserActions::reload() {
-    app_.perform([&] { reloadProject(app_.session_); });
+ChangeSet UserActions::act(Act act, int index) {
+    if (act == Act::Undo) return funnel_.walkHistory(false);
+    if (act == Act::Redo) return funnel_.walkHistory(true);
+    Session& s = funnel_.working();
+    const auto [label, row] = actStep(s, act);
+    return funnel_.perform([&] { runAct(s, act, index); }, label, actControl(act, index), row);
 }
 
 void UserActions::tell(const ChangeSet& changes) {

@@ -20,11 +20,11 @@
 
 namespace tw {
 
-class App;
+class Funnel;
 
 class UserActions {
   public:
-    explicit UserActions(App& app) : app_(app) {}
+    explicit UserActions(Funnel& funnel) : funnel_(funnel) {}
 
     // Carries out one command; what it changed.
     ChangeSet apply(const Command& c);
@@ -51,17 +51,19 @@ class UserActions {
     // False when the recovery file could not be read.
     bool restore(const std::string& recovery);
     // Reads the project's file again, as another program left it.
-    void reload();
+    void reload() { apply(cmd::Reload{}); }
+    // One of the engineer's acts; `index` picks the recent project to open.
+    ChangeSet act(Act act, int index = 0);
 
     // Hears of every change, whatever made it: the window redraws what the
     // set names, the recovery keeper and the drawing pane take note.
     void onChange(std::function<void(const ChangeSet&)> listener) { listeners_.push_back(std::move(listener)); }
 
-  private:
-    friend class App;
+    // The funnel tells what a step changed, whoever asked for the step.
     void tell(const ChangeSet& changes);
 
-    App& app_;
+  private:
+    Funnel& funnel_;
     std::vector<std::function<void(const ChangeSet&)>> listeners_;
 };
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/form/BentCommands.h"
+#include "core/form/Events.h"
+#include "core/form/MainForm.h"
 
 #include "core/benttable/BentEntry.h"
 #include "core/form/Session.h"
@@ -26,7 +28,7 @@ std::optional<std::string> checkedRow(Session& s, bool repeatCheck) {
     auto result = checkEntry(s.project(), repeatCheck);
     if (auto* refusal = std::get_if<EntryRefusal>(&result)) {
         s.message(refusal->message, kAppTitle, MsgButtons::OK, MsgIcon::Critical);
-        if (refusal->focus) s.setFocus(*refusal->focus);
+        if (refusal->focus) moveFocus(s, *refusal->focus);
         return std::nullopt;
     }
     if (repeatCheck) {
@@ -42,7 +44,7 @@ void clearEntryFields(Session& s, bool resetBottomOfCap) {
     for (const auto& id : enteredFields(type)) {
         s.setText(id, "");
         // The bottom-of-cap choice returns to "Yes" between the bottom-of-cap fields and the wingwalls.
-        if (id.ctl == Ctl::txtBtRCapPI && resetBottomOfCap) s.setListIndex(Ctl::cboBtomCalPI, 0);
+        if (id.ctl == Ctl::txtBtRCapPI && resetBottomOfCap) choose(s, Ctl::cboBtomCalPI, 0);
     }
 }
 
@@ -85,7 +87,7 @@ void replace(Session& s) {
 void loadWingwall(Session& s, const std::string& front, const std::string& end, Ctl choice, Ctl single, Ctl two,
                   Ctl level, Ctl frontField, Ctl endField) {
     const bool same = front == end;
-    s.setListIndex(choice, same ? 0 : 1);
+    choose(s, choice, same ? 0 : 1);
     s.setVisible(single, same);
     s.setVisible(two, !same);
     if (same) {
@@ -157,11 +159,11 @@ void loadBentFields(Session& s, const std::vector<std::string>& cells,
     s.setText(Ctl::txtBentNoPI, cell(0));
     const std::string left = cell(1), right = cell(2);
     if (bottomGiven(left) || bottomGiven(right)) {
-        s.setListIndex(Ctl::cboBtomCalPI, 1);
+        choose(s, Ctl::cboBtomCalPI, 1);
         s.setText(Ctl::txtBtLCapPI, left);
         s.setText(Ctl::txtBtRCapPI, right);
     } else {
-        s.setListIndex(Ctl::cboBtomCalPI, 0);
+        choose(s, Ctl::cboBtomCalPI, 0);
         s.setText(Ctl::txtBtLCapPI, "");
         s.setText(Ctl::txtBtRCapPI, "");
     }

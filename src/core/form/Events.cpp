@@ -11,9 +11,7 @@ void onGotFocus(Session& s, const CtlId& id) {
     if (isNumberField(id)) enterNumber(s, id);
 }
 
-void onLostFocus(Session& s, const CtlId& id) {
-    if (isNumberField(id)) leaveNumber(s, id);
-}
+bool onLostFocus(Session& s, const CtlId& id) { return isNumberField(id) && leaveNumber(s, id); }
 
 int onKeyPress(Session& s, const CtlId& id, int key) {
     if (!isNumberField(id)) return key;
@@ -32,5 +30,27 @@ int onKeyPress(Session& s, const CtlId& id, int key) {
 void onChoiceChanged(Session& s, const CtlId& id) { applyChoice(s, id.ctl); }
 
 void onTabChanged(Session& s, int tab) { applyTab(s, tab); }
+
+void leaveField(Session& s, const CtlId& id) {
+    if (onLostFocus(s, id)) moveFocus(s, id);
+    s.mark(change::Left{id});
+}
+
+void moveFocus(Session& s, const CtlId& id) {
+    if (s.focus() == std::optional<CtlId>(id)) return;
+    const auto old = s.focus();
+    s.placeFocus(std::nullopt);
+    if (old) leaveField(s, *old);
+    // A leave handler that keeps the focus (a refused value) wins.
+    if (s.focus()) return;
+    s.placeFocus(id);
+    onGotFocus(s, id);
+}
+
+void leaveFocus(Session& s) {
+    const auto old = s.focus();
+    s.placeFocus(std::nullopt);
+    if (old) leaveField(s, *old);
+}
 
 } // namespace tw

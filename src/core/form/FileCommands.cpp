@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/form/FileCommands.h"
+#include "core/form/Events.h"
 
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
@@ -40,7 +41,7 @@ class SaveChecks : public SaveHooks {
         s_.message("The first pile box should be greater then the second pile box!", "Warning", MsgButtons::OK,
                    MsgIcon::Critical);
         selectTab(s_, kPileBoxTab);
-        s_.setFocus(Ctl::txtPileBoxDistance1);
+        moveFocus(s_, Ctl::txtPileBoxDistance1);
         s_.selectAll(Ctl::txtPileBoxDistance1);
         return false;
     }
@@ -61,7 +62,7 @@ class FormFill : public ReadSink {
         const auto& items = s_.ctl(ctl).items;
         if (std::find(items.begin(), items.end(), text) == items.end()) return false;
         finish();
-        s_.setComboText(ctl, text);
+        chooseText(s_, ctl, text);
         return true;
     }
     void addBent(const std::string& tabbedCells, const std::string& number) override {
@@ -184,6 +185,10 @@ void openPath(Session& s, const std::string& path) {
     const std::string previous = s.dialogFileName();
     s.setDialogFileName(path);
     openChosen(s, path, previous);
+}
+
+void openRecentFile(Session& s, int index) {
+    if (const auto path = recentFileToOpen(s, index)) openPath(s, *path);
 }
 
 namespace {

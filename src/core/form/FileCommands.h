@@ -18,6 +18,8 @@ void openProject(Session& s);
 // What Open does once its dialog gave `path`: the revert question when it is
 // the current file, then the read (a recent project, a file dropped on the window).
 void openPath(Session& s, const std::string& path);
+// mnuRecentFile(index): opens its project as Open does after its dialog.
+void openRecentFile(Session& s, int index);
 // Writes the project to its file (asking for a name when it has none).
 // True when the file was written without the pile-box abort. Its errors end
 // in its own box ("Error Importing Input File(save)").

@@ -8,7 +8,7 @@ namespace tw {
 
 namespace {
 constexpr std::array<std::string_view, kFormCount> kFormNames = {"frmMain",     "frmSplash",   "frmAbout",
-                                                                  "frmIPrinter", "frmViewTest", "frmPicView"};
+                                                                 "frmIPrinter", "frmViewTest", "frmPicView"};
 } // namespace
 
 std::string_view formName(FormId f) { return kFormNames[static_cast<size_t>(f)]; }

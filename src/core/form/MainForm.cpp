@@ -2,7 +2,6 @@
 #include "core/form/MainForm.h"
 #include "core/form/StandingNotes.h"
 
-#include "core/form/Events.h"
 #include "core/form/Forms.h"
 #include "core/form/PutAside.h"
 #include "core/form/RecentFiles.h"
@@ -71,7 +70,7 @@ void setupPanes(Session& s) {
 void applyDefault(Session& s, const CtlId& id) {
     const InputRule& r = inputRule(id);
     if (r.kind == InputKind::Choice)
-        s.setListIndex(id, r.defaultIndex);
+        choose(s, id, r.defaultIndex);
     else
         s.setText(id, r.defaultText);
 }
@@ -157,7 +156,7 @@ std::string statusBarText(const Session& s) {
 
 void selectTab(Session& s, int tab) {
     s.setValue(Ctl::SSTab1, tab);
-    onTabChanged(s, tab);
+    applyTab(s, tab);
 }
 
 void relayoutColumns(Session& s) {

@@ -3,6 +3,7 @@
 // show, hide and place its sections.
 #pragma once
 
+#include "core/form/Form.h"
 #include "core/model/Controls.h"
 
 #include <string>
@@ -40,6 +41,10 @@ void applyBentType(Session& s);
 // Rows for the number of beams: cap steps, step elevations, beam angles, centerline distances.
 void applyBeamCount(Session& s);
 void applyBeamAngleRows(Session& s);
+// A list position (or the item of this text) is chosen, and the main
+// form's change handler runs for an input, as when the user picks it.
+void choose(Session& s, const Target& t, int index);
+void chooseText(Session& s, const Target& t, const std::string& text);
 // A combo box's change handler; a tab's.
 void applyChoice(Session& s, Ctl c);
 void applyTab(Session& s, int tab);

@@ -33,17 +33,18 @@ void updateFamilyOf(Session& s, Ctl closing) {
         if (f.closing.ctl == closing) setClosing(s, f);
 }
 
-void leaveCapLength(Session& s) {
+// True when the value is refused and the field keeps the focus.
+bool leaveCapLength(Session& s) {
     const std::string text = s.text(Ctl::txtCapLength);
     const InputRule& r = inputRule(Ctl::txtCapLength);
     if (leadingNumber(text) <= 99.0) {
         s.setText(Ctl::txtCapLength, formatField(r.digits, r.decimals, text));
-        return;
+        return false;
     }
     s.message("The cap length can't be over 99 ft!", "Overlimit Cap Length", MsgButtons::OK, MsgIcon::Critical);
     s.setText(Ctl::txtCapLength, formatField(r.digits, r.decimals, text));
     s.selectAll(Ctl::txtCapLength);
-    s.setFocus(Ctl::txtCapLength);
+    return true;
 }
 
 } // namespace
@@ -86,18 +87,16 @@ int numberKey(const Session& s, const CtlId& id, int key) {
                             r.minus, r.point);
 }
 
-void leaveNumber(Session& s, const CtlId& id) {
+bool leaveNumber(Session& s, const CtlId& id) {
     const InputRule& r = inputRule(id);
-    if (r.kind != InputKind::Number) return;
-    if (id.ctl == Ctl::txtCapLength) {
-        leaveCapLength(s);
-        return;
-    }
+    if (r.kind != InputKind::Number) return false;
+    if (id.ctl == Ctl::txtCapLength) return leaveCapLength(s);
     s.setText(id, formatField(r.digits, r.decimals, s.text(id)));
     // Leaving a family's field brings its closing value up to date.
     if (id.ctl == Ctl::txtBatterPile) updateBatteredPileClosing(s);
     if (id.ctl == Ctl::txtCenterline) updateCenterlineClosing(s);
     if (id.ctl == Ctl::txtCapStep) updateCapStepClosing(s);
+    return false;
 }
 
 std::string refusedKeyHint(const CtlId& id, int key) {

@@ -22,7 +22,8 @@ int filterBentNumberKey(int key);
 bool isNumberField(const CtlId& id);
 void enterNumber(Session& s, const CtlId& id);
 int numberKey(const Session& s, const CtlId& id, int key);
-void leaveNumber(Session& s, const CtlId& id);
+// True when the value is refused and the field takes the focus back.
+bool leaveNumber(Session& s, const CtlId& id);
 // What the status bar says of a key the field's filter refused: the key and
 // the rule; empty for a key that needs no word.
 std::string refusedKeyHint(const CtlId& id, int key);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/form/PasteBents.h"
+#include "core/form/Events.h"
 
 #include "core/Quoting.h"
 
@@ -105,7 +106,7 @@ PasteOutcome pasteBents(Session& s, const std::string& pasted) {
         loadBentFields(s, cells, [](const std::string& c) { return !c.empty(); });
         // Each field is formatted as on leaving it after typing, so the row holds what typing would have given.
         for (const auto& id : enteredFields(bentTypeOf(s.text(Ctl::cboTybent))))
-            if (!s.text(id).empty()) s.leave(id);
+            if (!s.text(id).empty()) leaveField(s, id);
         const int before = s.table().rows();
         bentCommand(s, 0);
         if (s.table().rows() == before) {

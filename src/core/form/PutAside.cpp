@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/form/PutAside.h"
 
-#include "core/form/Recovery.h"
+#include "core/form/RecoveryFile.h"
 #include "core/form/Session.h"
 
 namespace tw {

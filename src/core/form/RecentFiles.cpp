@@ -2,8 +2,8 @@
 #include "core/form/RecentFiles.h"
 
 #include "core/Quoting.h"
-#include "core/form/FileCommands.h"
 #include "core/form/Session.h"
+#include "core/inputfile/InputFile.h"
 
 #include <algorithm>
 
@@ -94,17 +94,17 @@ void rememberRecentFile(Session& s, const std::string& path) {
     store(s, std::move(paths));
 }
 
-void openRecentFile(Session& s, int index) {
+std::optional<std::string> recentFileToOpen(Session& s, int index) {
     auto paths = recentFiles(s);
-    if (index < 0 || index >= static_cast<int>(paths.size())) return;
+    if (index < 0 || index >= static_cast<int>(paths.size())) return std::nullopt;
     const std::string path = paths[static_cast<size_t>(index)];
     if (s.system.readFile(path, kMaxInputFileBytes).errorNumber == err::kFileNotFound) {
         paths.erase(paths.begin() + index);
         store(s, std::move(paths));
         s.notice(fileName(path) + " is no longer at " + path + "; it was taken off the recent projects.");
-        return;
+        return std::nullopt;
     }
-    openPath(s, path);
+    return path;
 }
 
 } // namespace tw

@@ -3,6 +3,7 @@
 // first, kept in the settings store under a key of their own.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,9 @@ std::vector<std::string> recentFiles(const Session& s);
 void showRecentFiles(Session& s);
 // `path` was opened or saved: it goes to the top of the list.
 void rememberRecentFile(Session& s, const std::string& path);
-// mnuRecentFile(index): opens its project as Open does after its dialog;
-// a project no longer there leaves the list with a note in the status bar.
-void openRecentFile(Session& s, int index);
+// The project of mnuRecentFile(index), or none when the menu has no such
+// entry or its file is no longer there: it then leaves the list with a note
+// in the status bar.
+std::optional<std::string> recentFileToOpen(Session& s, int index);
 
 } // namespace tw

@@ -140,7 +140,7 @@ void applyBentType(Session& s) {
     s.setCaption(Ctl::lblCCapLength1, "the front face of the cap");
     s.setVisible(Ctl::lblCCapLength1, l.endBent);
     setVisible(s, kEndBentQuestions, l.endBent);
-    s.setComboText(Ctl::cboBentDrawn, l.bentDrawn);
+    chooseText(s, Ctl::cboBentDrawn, l.bentDrawn);
     s.setTop(Ctl::txtCapLength, l.capLengthTop);
     s.setTop(Ctl::lblCCapLength, l.capPromptTop);
     s.setTop(Ctl::Label12, l.feetTop);
@@ -163,6 +163,16 @@ void applyTab(Session& s, int tab) {
     for (int i = 0; i < 3; ++i)
         s.setVisible(CtlId(Ctl::txtProjectInfo, i), tab == 0);
     updateAllClosing(s);
+}
+
+void choose(Session& s, const Target& t, int index) {
+    s.setListIndex(t, index);
+    if (holdsInput(t)) applyChoice(s, t.id.ctl);
+}
+
+void chooseText(Session& s, const Target& t, const std::string& text) {
+    s.setComboText(t, text);
+    if (holdsInput(t)) applyChoice(s, t.id.ctl);
 }
 
 void applyChoice(Session& s, Ctl c) {
