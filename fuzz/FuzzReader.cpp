@@ -1,21 +1,31 @@
 // SPDX-License-Identifier: Apache-2.0
-// Any bytes given to the reader are either read or refused with an error.
+// Any bytes given to the reader are either read or refused with an error,
+// and the reader without a form reads them as the form does: the same
+// project, the same warnings and the same error.
 #include "cli/QuietProject.h"
 #include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
 #include "core/form/Session.h"
+#include "core/inputfile/ProjectReader.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static tw::QuietFilePorts ports;
     static tw::Session session(ports, ports, "/nonexistent");
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
     tw::resetForm(session);
+    std::vector<std::string> notes;
+    std::string error;
     try {
-        tw::parseProject(session, std::string(reinterpret_cast<const char*>(data), size));
-    } catch (const tw::RuntimeError&) {
+        tw::parseProject(session, bytes, &notes);
+    } catch (const tw::RuntimeError& e) {
+        error = tw::standardErrorText(e.number(), e.description());
     }
     session.takeLog(); // what changed is nobody's business here
+    const tw::ProjectRead direct = tw::readProject(bytes);
+    if (direct.errorText() != error || direct.notes != notes || !(direct.project == session.project())) std::abort();
     return 0;
 }

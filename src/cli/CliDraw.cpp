@@ -2,7 +2,7 @@
 // tarnwick draw FILE [--bent N] OUT: the bent of an input file, drawn as the
 // window's drawing pane shows it, written as SVG, PDF or PNG.
 #include "cli/Cli.h"
-#include "cli/QuietProject.h"
+#include "cli/ProjectFile.h"
 #include "core/drawing/BentDrawing.h"
 #include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
@@ -36,7 +36,7 @@ std::unique_ptr<QCoreApplication> paintingApplication(int& argc, char** argv) {
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
-int cliDraw(const CliOptions& opt, const std::vector<std::string>& args) {
+int cliDraw(const CliOptions&, const std::vector<std::string>& args) {
     std::vector<std::string> paths;
     std::optional<int> bent;
     for (std::size_t i = 0; i < args.size(); ++i) {
@@ -63,19 +63,18 @@ int cliDraw(const CliOptions& opt, const std::vector<std::string>& args) {
     const std::string& file = paths[0];
     const QString out = QString::fromStdString(paths[1]);
 
-    QuietProject project(opt.programDir);
-    const App& app = project.app;
-    if (!project.read(file)) {
-        std::cerr << file << ": " << project.why() << '\n';
+    const ProjectRead read = readProjectFile(file);
+    if (!read.ok()) {
+        std::cerr << file << ": " << whyUnread(read) << '\n';
         return 1;
     }
-    const int bents = app.project().bents();
+    const int bents = read.project.bents();
     if (bent && *bent > bents) {
         std::cerr << "tarnwick: --bent " << *bent << ": " << file << " holds " << bents << " bents\n";
         return 2;
     }
     // Without bents the elevation shows what is missing.
-    const drawing::BentInputs inputs = drawing::readBentInputs(app.project(), bents > 0 ? bent.value_or(1) : 0);
+    const drawing::BentInputs inputs = drawing::readBentInputs(read.project, bents > 0 ? bent.value_or(1) : 0);
     const Page page = pageFor(out);
     const drawing::Scene scene = drawing::drawBentToFit(inputs, {}, page.width, page.height);
     QString error;

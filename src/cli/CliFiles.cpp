@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Cli.h"
 #include "cli/Printing.h"
-#include "cli/QuietProject.h"
+#include "cli/ProjectFile.h"
 #include "core/Quoting.h"
 #include "core/model/Closing.h"
 #include "core/model/Inputs.h"
@@ -10,37 +10,36 @@
 
 namespace tw {
 
-int cliCheck(const CliOptions& opt, const std::vector<std::string>& files) {
+int cliCheck(const CliOptions&, const std::vector<std::string>& files) {
     int status = 0;
     for (const auto& file : files) {
-        QuietProject project(opt.programDir);
-        const App& app = project.app;
-        std::vector<std::string> notes;
-        if (project.read(file, &notes)) {
-            std::cout << file << ": ok (" << app.project().bents() << " bents, " << app.project().beams() << " beams, "
-                      << app.text(Ctl::cboTybent) << ")\n";
-            for (auto& line : closingMismatches(app.project()))
-                notes.push_back(std::move(line));
-            for (const auto& note : notes)
+        ProjectRead read = readProjectFile(file);
+        if (read.ok()) {
+            const Project& project = read.project;
+            std::cout << file << ": ok (" << project.bents() << " bents, " << project.beams() << " beams, "
+                      << project.text(Ctl::cboTybent) << ")\n";
+            for (auto& line : closingMismatches(project))
+                read.notes.push_back(std::move(line));
+            for (const auto& note : read.notes)
                 std::cout << file << ": warning: " << oneLine(note) << '\n';
         } else {
-            std::cout << file << ": " << project.why() << '\n';
+            std::cout << file << ": " << whyUnread(read) << '\n';
             status = 1;
         }
     }
     return status;
 }
 
-int cliDump(const CliOptions& opt, const std::string& file) {
-    QuietProject project(opt.programDir);
-    const App& app = project.app;
-    if (!project.read(file)) {
-        std::cerr << file << ": " << project.why() << '\n';
+int cliDump(const CliOptions&, const std::string& file) {
+    const ProjectRead read = readProjectFile(file);
+    if (!read.ok()) {
+        std::cerr << file << ": " << whyUnread(read) << '\n';
         return 1;
     }
     for (const auto& id : projectInputs())
-        printShow(std::cout, toString(id), app.text(id));
-    printGrid(std::cout, app.project().table(), app.selection());
+        printShow(std::cout, toString(id), read.project.text(id));
+    // A file opens with the grid's first row selected.
+    printGrid(std::cout, read.project.table(), GridSelection{});
     return 0;
 }
 

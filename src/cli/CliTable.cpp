@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // tarnwick table: the bent table to and from a spreadsheet.
 #include "cli/Cli.h"
+#include "cli/ProjectFile.h"
 #include "cli/QuietProject.h"
 #include "core/benttable/BentRows.h"
 #include "platform/FileRead.h"
@@ -52,13 +53,21 @@ int cliTable(const CliOptions& opt, const std::vector<std::string>& args) {
         std::cerr << "tarnwick: table takes FILE, or FILE --add ROWS.csv --output NEW.ebnt\n";
         return 2;
     }
-    QuietProject project(opt.programDir);
-    if (!project.read(files[0])) {
-        std::cerr << files[0] << ": " << project.why() << '\n';
+    if (!rowsFile.empty()) {
+        // Rows go in through Add's checks, which are the form's.
+        QuietProject project(opt.programDir);
+        if (!project.read(files[0])) {
+            std::cerr << files[0] << ": " << project.why() << '\n';
+            return 1;
+        }
+        return addRows(project, rowsFile, output);
+    }
+    const ProjectRead read = readProjectFile(files[0]);
+    if (!read.ok()) {
+        std::cerr << files[0] << ": " << whyUnread(read) << '\n';
         return 1;
     }
-    if (!rowsFile.empty()) return addRows(project, rowsFile, output);
-    const BentTable& table = project.app.project().table();
+    const BentTable& table = read.project.table();
     std::cout << tableCsv(table, 1, table.rows() - 1);
     return 0;
 }

@@ -11,6 +11,9 @@ namespace tw {
 
 // Every form with its controls in their design-time state.
 std::vector<Form> buildForms();
+// How many times buildForms() ran in this process: what shows that a
+// command which only reads a file never builds a form.
+int formSetsBuilt();
 
 // The tabs of SSTab1, in order. The pile boxes are on tab kPileBoxTab.
 const std::vector<std::string>& tabCaptions();

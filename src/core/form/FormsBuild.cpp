@@ -8,6 +8,7 @@
 
 #include "tarnwick_version.h"
 #include <algorithm>
+#include <atomic>
 
 namespace tw {
 
@@ -268,9 +269,14 @@ void printerControls(Builder& b) {
     b.add(Ctl::CommonDialog1, Kind::Dialog);
 }
 
+std::atomic<int> builtCount{0};
+
 } // namespace
 
+int formSetsBuilt() { return builtCount.load(); }
+
 std::vector<Form> buildForms() {
+    ++builtCount;
     std::vector<Form> forms;
     forms.push_back(buildMain());
     forms.push_back(buildForm(FormId::Splash, "", 7200, 4800, [](Builder& b) { titleControls(b, true); }));
