@@ -79,8 +79,20 @@ struct OpenPath {
 };
 // Bent rows from a spreadsheet (tab- or comma-separated, the heading row
 // optional), each added as Add adds a typed bent; one step of the history.
+// `over` (Paste Over Bents): a row whose bent is in the table replaces it.
 struct PasteBents {
     std::string text;
+    bool over = false;
+};
+// File > New from Template, the template chosen: New, then its inputs on the form.
+struct NewFromTemplate {
+    std::string name;
+    std::string path;
+};
+// File > Save as Template, the name given: the form's inputs, no bents, to `path`.
+struct SaveAsTemplate {
+    std::string name;
+    std::string path;
 };
 // The project of a recovery file comes back on the form.
 struct Restore {
@@ -93,9 +105,10 @@ struct BringUpToDate {};
 
 namespace tw {
 
-using Command = std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click,
-                             cmd::DoubleClick, cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Undo,
-                             cmd::Redo, cmd::Restore, cmd::PasteBents, cmd::OpenPath, cmd::BringUpToDate>;
+using Command =
+    std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click, cmd::DoubleClick,
+                 cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Undo, cmd::Redo, cmd::Restore,
+                 cmd::PasteBents, cmd::OpenPath, cmd::BringUpToDate, cmd::NewFromTemplate, cmd::SaveAsTemplate>;
 
 // The keys of the toolbar's buttons, in their order.
 const std::vector<std::string>& toolbarKeys();
