@@ -34,11 +34,17 @@ const char* kUsage =
     "  tarnwick table FILE --add ROWS.csv --output NEW.ebnt\n"
     "                                    FILE with the rows of ROWS.csv added through Add's checks,\n"
     "                                    written to NEW.ebnt; a refused row writes nothing\n"
+    "  tarnwick table FILE --replace ROWS.csv --output NEW.ebnt\n"
+    "                                    the same, but a row whose bent is in the table replaces it\n"
+    "                                    through Replace's checks (the revision of a spreadsheet)\n"
     "  tarnwick diff A.ebnt B.ebnt       every input and bent that differs; exit 0 the same, 1 different,\n"
     "                                    2 a file that does not read\n"
     "  tarnwick recover --list           the unsaved work put aside before Open, New, Exit or a reload\n"
     "                                    discarded it, newest first: number, time, project, path, bents\n"
     "  tarnwick recover N --output FILE  copy N of that list written as a project file\n"
+    "  tarnwick new --list               the templates: name, bent type, where it lies\n"
+    "  tarnwick new --template NAME --output FILE\n"
+    "                                    a new project from template NAME, its bent table empty\n"
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
     "  tarnwick draw FILE [--bent N] OUT the bent drawn from FILE's inputs (row N of the bent table for the\n"
     "                                    elevation, default 1) as SVG, PDF or PNG by OUT's suffix\n"
@@ -65,7 +71,8 @@ std::string defaultProgramDir() {
 
 bool isCommand(const std::string& arg) {
     return arg == "check" || arg == "dump" || arg == "run" || arg == "replay" || arg == "view" || arg == "draw" ||
-           arg == "report" || arg == "table" || arg == "diff" || arg == "recover" || arg.rfind('-', 0) == 0;
+           arg == "report" || arg == "table" || arg == "diff" || arg == "recover" || arg == "new" ||
+           arg.rfind('-', 0) == 0;
 }
 
 // A whole, positive number of seconds; 0 for anything else.
@@ -169,6 +176,7 @@ int command(int& argc, char** argv, const Arguments& a) {
         if (cmd == "table" && !rest.empty()) return tw::cliTable(opt, rest);
         if (cmd == "diff" && rest.size() == 2) return tw::cliDiff(opt, rest[0], rest[1]);
         if (cmd == "recover" && !rest.empty()) return tw::cliRecover(opt, rest);
+        if (cmd == "new" && !rest.empty()) return tw::cliNew(opt, rest);
         if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
         if (cmd == "report" && rest.size() == 2) return tw::cliReport(opt, rest[0], rest[1]);
     } catch (const std::bad_alloc&) {

@@ -20,6 +20,20 @@ expect() { # STATUS WHAT...
 
 crlf() { printf '%s\r\n' "$@"; }
 
+# Standard error of a refusal: the rows' file, line and why, then that nothing was written to OUTPUT.
+refused_with() { # OUTPUT TEXT
+  [ "$err" = "$2"$'\n'"tarnwick: nothing was written to $1" ] || fail "refused: $err (expected $2)"
+}
+
+refused_over() { # ROWS CONTENT MESSAGE
+  printf "$2" >"$1"
+  rm -f refused.ebnt
+  run table new.ebnt --replace "$1" --output refused.ebnt
+  expect 1 "$1 pasted over"
+  refused_with refused.ebnt "$3"
+  [ ! -e refused.ebnt ] || fail "$1 pasted over still wrote refused.ebnt"
+}
+
 table_cases() {
   local heading='Bent Number,Bottom Left Cap,Bottom Right Cap,1Step,2Step,3Step,4Step,5Step'
 
@@ -55,7 +69,8 @@ table_cases() {
   local -a refusals=(
     '12345,,,1,2,3,4,5@@column "Bent Number": "12345" is not a bent number of one or two digits'
     '"7,",,,1,2,3,4,5@@column "Bent Number": "7," is not a bent number of one or two digits'
-    "8,\"=cmd|' /C calc'!A0\",1,1,2,3,4,5@@column \"Bottom Left Cap\": \"=cmd|' /C calc'!A0\" is not a number as the field takes it (digits, one \".\" and a leading \"-\")"
+    "8,\"=cmd|' /C calc'!A0\",1,1,2,3,4,5@@column \"Bottom Left Cap\": \"=cmd|' /C calc'!A0\" is not a number"
+    '8,,,1,2,3O6.18,4,5@@column "3Step": "3O6.18" is not a number'
     '8,,,12345678,2,3,4,5@@column "1Step": "12345678" does not fit the field, which holds -999.99 to 9999.99'
     '8,,,1,2,3,4,-1000@@column "5Step": "-1000" does not fit the field, which holds -999.99 to 9999.99'
   )
@@ -64,15 +79,14 @@ table_cases() {
     printf '9,,,1,2,3,4,5\n%s\n' "${refusal%%@@*}" >refused.csv
     run table intermediate.ebnt --add refused.csv --output refused.ebnt
     expect 1 "${refusal#*@@}"
-    [ "$err" = "refused.csv:2: ${refusal#*@@}" ] || fail "refused: $err"
+    refused_with refused.ebnt "refused.csv:2: ${refusal#*@@}"
     [ ! -e refused.ebnt ] || fail "a refused row still wrote refused.ebnt"
   done
   # A cell of a megabyte is quoted by its beginning.
   { printf '9,,,1,2,3,4,5\n8,,,1,2,3,4,'; head -c 1100000 /dev/zero | tr '\0' 9; printf '\n'; } >big.csv
   run table intermediate.ebnt --add big.csv --output refused.ebnt
   expect 1 "a cell of a megabyte"
-  [ "$err" = 'big.csv:2: column "5Step": "999999999999999999999999999999999999999…" does not fit the field, which holds -999.99 to 9999.99' ] ||
-    fail "a cell of a megabyte: ${err:0:200}"
+  refused_with refused.ebnt 'big.csv:2: column "5Step": "999999999999999999999999999999999999999…" does not fit the field, which holds -999.99 to 9999.99'
   [ ! -e refused.ebnt ] || fail "a cell of a megabyte still wrote refused.ebnt"
   # The widest that fits goes in whole.
   printf '99,,,9999.99,-999.99,0.005,-.5,1\n' >widest.csv
@@ -84,32 +98,61 @@ table_cases() {
   printf 'Bent Number,Bottom Left Cap,Bottom Rigth Cap,1Step,2Step,3Step,4Step,5Step\n9,,,1,2,3,4,5\n' >heading.csv
   run table intermediate.ebnt --add heading.csv --output refused.ebnt
   expect 1 "another heading"
-  [ "$err" = 'heading.csv:1: line 1 is a heading, but not this bent table'"'"'s: column 3 is "Bottom Rigth Cap" where the table has "Bottom Right Cap"' ] || fail "another heading: $err"
+  refused_with refused.ebnt 'heading.csv:1: line 1 is a heading, but not this bent table'"'"'s: column 3 is "Bottom Rigth Cap" where the table has "Bottom Right Cap"'
 
   # A refused row (a repeated bent number) stops everything; the line counts blank lines and a cell's own line
   # breaks (a line break is no part of a bent number).
   printf '\n5,,,1,2,3,4,5\n\n2,,,1,2,3,4,5\n6,,,1,2,3,4,5\n' >repeat.csv
   run table intermediate.ebnt --add repeat.csv --output refused.ebnt
   expect 1 "a repeated bent"
-  [ "$err" = "repeat.csv:4: You have entered the repeated Bent Number. Please check!" ] || fail "repeated: $err"
+  refused_with refused.ebnt "repeat.csv:4: You have entered the repeated Bent Number. Please check!"
   printf '5,,,1,2,3,4,5\n"6\n",,,1,2,3,4,5\n' >broken.csv
   run table intermediate.ebnt --add broken.csv --output refused.ebnt
   expect 1 "a line break in a bent number"
-  [ "$err" = 'broken.csv:2: column "Bent Number": "6\x0A" is not a bent number of one or two digits' ] ||
-    fail "a line break in a bent number: $err"
+  refused_with refused.ebnt 'broken.csv:2: column "Bent Number": "6\x0A" is not a bent number of one or two digits'
   [ ! -e refused.ebnt ] || fail "a refused row still wrote refused.ebnt"
 
   printf '9,,,1,2,,4,5\n' >missing-step.csv
   run table intermediate.ebnt --add missing-step.csv --output refused.ebnt
   expect 1 "a missing step"
-  [ "$err" = "missing-step.csv:1: Please complete all the step elevation!" ] || fail "missing step: $err"
+  refused_with refused.ebnt "missing-step.csv:1: Please complete all the step elevation!"
 
   # Rows that do not fit the table are refused before anything is added, naming the columns.
   printf '9,,,1,2,3,4,5\n10,,,1,2,3\n' >short.csv
   run table intermediate.ebnt --add short.csv --output refused.ebnt
   expect 1 "a short row"
-  [[ "$err" == "short.csv:2: Line 2 holds 6 columns, "*"has 8: Bent Number, Bottom Left Cap, "*", 5Step. Nothing was pasted." ]] || fail "short row: $err"
+  [[ "$err" == "short.csv:2: Line 2 holds 6 columns, "*"has 8: Bent Number, Bottom Left Cap, "*", 5Step."$'\n'"tarnwick: nothing was written to refused.ebnt" ]] || fail "short row: $err"
   [ ! -e refused.ebnt ] || fail "a short row still wrote refused.ebnt"
+
+  # The revision road: the table out, two bents changed and one added, pasted over.
+  run table new.ebnt
+  { head -n 2 out.txt; printf '3,,,1.5,2,3,4,5\n'; printf '7,,,7,7,7,7,7\n'; } >revised.csv
+  sed -i '2s/101.32,101.45/99.5,99.75/' revised.csv
+  run table new.ebnt --replace revised.csv --output revised.ebnt
+  expect 0 "pasted over"
+  run table revised.ebnt
+  crlf "$heading" '2,,,99.50,99.75,101.58,101.45,101.32' '3,,,1.50,2.00,3.00,4.00,5.00' \
+    '4,,,1.50,2.00,3.00,4.00,5.00' '7,,,7.00,7.00,7.00,7.00,7.00' >want.txt
+  cmp -s out.txt want.txt || fail "the table pasted over: $out"
+  run check revised.ebnt
+  [[ "$out" == "revised.ebnt: ok (4 bents, 5 beams, Pile Intermediate Bent)" ]] || fail "check pasted over: $out"
+  # The same rows added: every bent but one is in the table already, so Add refuses the first.
+  run table new.ebnt --add revised.csv --output refused.ebnt
+  expect 1 "revised rows added"
+  refused_with refused.ebnt "revised.csv:2: You have entered the repeated Bent Number. Please check!"
+  # Rows of bents all in the table, added: nothing goes in, --replace is named.
+  head -n 3 revised.csv >held.csv
+  run table new.ebnt --add held.csv --output refused.ebnt
+  expect 1 "held bents added"
+  [[ "$err" == "held.csv: Bents 2 and 3 are in the bent table already"*"--replace"*"nothing was written to refused.ebnt" ]] ||
+    fail "held bents added: $err"
+  # Refused pasted over: a cell that is not a number (before any row goes in), a row whose check fails (its own
+  # message on its line), a bent twice. Nothing is written.
+  refused_over letter.csv '2,,,1,2,3,4,5\n3,,,1,2,3O6.18,4,5\n' 'letter.csv:2: column "3Step": "3O6.18" is not a number'
+  refused_over mixed.csv '2,,,1,2,3,4,5\n8,,,1,2,3,4,5\n3,,,1,2,,4,5\n' "mixed.csv:3: Please complete all the step elevation!"
+  refused_over twice.csv '2,,,1,2,3,4,5\n2,,,1,2,3,4,6\n' "twice.csv:2: bent 2 is on line 1 too"
+  run table new.ebnt --add rows.csv --replace rows.csv --output refused.ebnt
+  expect 2 "--add and --replace"
 
   # Files that do not read.
   run table nowhere.ebnt

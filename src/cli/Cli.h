@@ -19,8 +19,11 @@ int cliReplay(const CliOptions& opt, const std::string& script);
 int cliCheck(const CliOptions& opt, const std::vector<std::string>& files);
 int cliDump(const CliOptions& opt, const std::string& file);
 int cliRun(const CliOptions& opt, const std::string& file);
-// table FILE [--add ROWS --output NEW]: the bent table as CSV, or a new project with rows added.
+// table FILE [--add|--replace ROWS --output NEW]: the bent table as CSV, or a new project with rows added
+// (or, pasted over, replacing the bents they name).
 int cliTable(const CliOptions& opt, const std::vector<std::string>& args);
+// new --list | new --template NAME --output FILE: the templates, and a new project from one.
+int cliNew(const CliOptions& opt, const std::vector<std::string>& args);
 // diff A B: the inputs and bents that differ; 0 the same, 1 different, 2 an error.
 int cliDiff(const CliOptions& opt, const std::string& a, const std::string& b);
 // recover --list | recover N --output FILE: the put-aside copies of unsaved work.

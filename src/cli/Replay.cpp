@@ -9,6 +9,7 @@
 #include "core/form/FileCommands.h"
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "platform/TemplateStore.h"
 
 #include <algorithm>
 
@@ -36,15 +37,36 @@ bool parseInt(const std::string& s, int& v) {
 
 const std::vector<std::pair<std::string, Replay::Verb>>& Replay::verbs() {
     static const std::vector<std::pair<std::string, Verb>> table = {
-        {"type", &Replay::type},         {"paste", &Replay::paste},     {"leave", &Replay::leave},
-        {"choose", &Replay::choose},     {"click", &Replay::click},     {"dblclick", &Replay::dblclick},
-        {"toolbar", &Replay::toolbar},   {"tab", &Replay::tab},         {"select", &Replay::select},
-        {"answer", &Replay::answer},     {"file", &Replay::file},       {"printer", &Replay::printer},
-        {"show", &Replay::show},         {"state", &Replay::state},     {"focus", &Replay::focus},
-        {"grid", &Replay::grid},         {"counter", &Replay::counter}, {"register", &Replay::registerLine},
-        {"setting", &Replay::setting},   {"undo", &Replay::undo},       {"redo", &Replay::redo},
-        {"modified", &Replay::modified}, {"status", &Replay::status},   {"paste-bents", &Replay::pasteBents},
-        {"copy", &Replay::copy},         {"recent", &Replay::recent},   {"bring-up-to-date", &Replay::bringUpToDate},
+        {"type", &Replay::type},
+        {"paste", &Replay::paste},
+        {"leave", &Replay::leave},
+        {"choose", &Replay::choose},
+        {"click", &Replay::click},
+        {"dblclick", &Replay::dblclick},
+        {"toolbar", &Replay::toolbar},
+        {"tab", &Replay::tab},
+        {"select", &Replay::select},
+        {"answer", &Replay::answer},
+        {"file", &Replay::file},
+        {"printer", &Replay::printer},
+        {"show", &Replay::show},
+        {"state", &Replay::state},
+        {"focus", &Replay::focus},
+        {"grid", &Replay::grid},
+        {"counter", &Replay::counter},
+        {"register", &Replay::registerLine},
+        {"setting", &Replay::setting},
+        {"undo", &Replay::undo},
+        {"redo", &Replay::redo},
+        {"modified", &Replay::modified},
+        {"status", &Replay::status},
+        {"paste-bents", &Replay::pasteBents},
+        {"copy", &Replay::copy},
+        {"recent", &Replay::recent},
+        {"bring-up-to-date", &Replay::bringUpToDate},
+        {"paste-over-bents", &Replay::pasteOverBents},
+        {"new-from-template", &Replay::newFromTemplate},
+        {"save-as-template", &Replay::saveAsTemplate},
     };
     return table;
 }
@@ -264,6 +286,34 @@ bool Replay::setting(const Line&) {
 bool Replay::pasteBents(const Line& l) {
     if (!need(l, 2)) return false;
     app_.actions.apply(cmd::PasteBents{textFrom(l, 1)});
+    return true;
+}
+
+bool Replay::pasteOverBents(const Line& l) {
+    if (!need(l, 2)) return false;
+    app_.actions.apply(cmd::PasteBents{textFrom(l, 1), true});
+    return true;
+}
+
+bool Replay::newFromTemplate(const Line& l) {
+    // What the window's list does once a template is chosen in it: by name, or a template file by its path.
+    if (!need(l, 2)) return false;
+    const auto found = TemplateStore(app_.programDir()).find(l.words[1].text);
+    if (!found) return fail(l, "there is no template " + l.words[1].text);
+    app_.actions.apply(cmd::NewFromTemplate{found->name, found->path});
+    return true;
+}
+
+bool Replay::saveAsTemplate(const Line& l) {
+    // What the window does once its question gave the name.
+    if (!need(l, 2)) return false;
+    std::string why;
+    const std::string path = TemplateStore(app_.programDir()).pathForNew(l.words[1].text, why);
+    if (path.empty()) {
+        ports_.note("The template was not saved: " + why + ".", {});
+        return true;
+    }
+    app_.actions.apply(cmd::SaveAsTemplate{l.words[1].text, path});
     return true;
 }
 

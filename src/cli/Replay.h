@@ -77,6 +77,9 @@ class Replay {
     bool modified(const Line& l);
     bool status(const Line& l);
     bool pasteBents(const Line& l);
+    bool pasteOverBents(const Line& l);
+    bool newFromTemplate(const Line& l);
+    bool saveAsTemplate(const Line& l);
     bool copy(const Line& l);
     bool recent(const Line& l);
     bool bringUpToDate(const Line& l);

@@ -17,6 +17,7 @@
 #include "gui/RunStatus.h"
 #include "gui/SmallWindows.h"
 #include "gui/StatusMessages.h"
+#include "gui/TemplatesWindow.h"
 #include "gui/ViewerMain.h"
 #include "gui/WindowPlacement.h"
 #include "platform/GdalDrawingReader.h"
@@ -33,10 +34,12 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QShortcut>
@@ -77,6 +80,14 @@ std::vector<const ActRow*> fileActs() {
 QIcon lookUpIcon(const char* theme, const char* key) {
     const QString fallback = QStringLiteral(":/toolbar/%1.svg").arg(QString::fromLatin1(key).toLower());
     return QIcon::fromTheme(QString::fromLatin1(theme), QIcon(fallback));
+}
+
+// A small window of ours, up to date, in front.
+template <class Window> void bringUp(Window* w) {
+    w->refresh();
+    w->show();
+    w->raise();
+    w->activateWindow();
 }
 
 // A menu caption without its accelerator marks, for tooltips.
@@ -231,10 +242,7 @@ void MainWindow::tellPutAside(const QString& text, const QString& copy) {
 
 void MainWindow::showPutAsideWork() {
     if (!putAsideWork_) putAsideWork_ = new PutAsideWindow(app_, this);
-    putAsideWork_->refresh();
-    putAsideWork_->show();
-    putAsideWork_->raise();
-    putAsideWork_->activateWindow();
+    bringUp(putAsideWork_);
 }
 
 void MainWindow::showBalloon(const QString& text, const CtlId& field) {
@@ -288,6 +296,13 @@ void MainWindow::buildMenus() {
             file->addSeparator();
         }
         item(file, c->control.ctl, c->toolbarKey ? commandIcon(c->themeIcon, c->toolbarKey) : QIcon(), keysOf(*c));
+        if (c->act == Act::New) {
+            auto* fromTemplate = file->addAction(QStringLiteral("New from Temp&late..."));
+            fromTemplate->setObjectName(QStringLiteral("actionNewFromTemplate"));
+            fromTemplate->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N));
+            fromTemplate->setStatusTip(QStringLiteral("A new project from one of your templates or a shipped one"));
+            connect(fromTemplate, &QAction::triggered, this, &MainWindow::showTemplates);
+        }
         if (c->act == Act::SaveAs) {
             auto* compare = file->addAction(QStringLiteral("Co&mpare With..."));
             compare->setObjectName(QStringLiteral("actionCompareWith"));
@@ -297,6 +312,11 @@ void MainWindow::buildMenus() {
                                                                   QStringLiteral("Tarnwick projects (*.ebnt)"));
                 if (!path.isEmpty()) compareWith(path);
             });
+            auto* asTemplate = file->addAction(QStringLiteral("Save as T&emplate..."));
+            asTemplate->setObjectName(QStringLiteral("actionSaveAsTemplate"));
+            asTemplate->setStatusTip(
+                QStringLiteral("The form's inputs without the bent table, to start projects from"));
+            connect(asTemplate, &QAction::triggered, this, &MainWindow::saveAsTemplate);
             auto* aside = file->addAction(QStringLiteral("Put-Aside &Work..."));
             aside->setObjectName(QStringLiteral("actionPutAsideWork"));
             aside->setStatusTip(QStringLiteral("Unsaved changes that Open, New, Exit or a reload put aside"));
@@ -338,6 +358,12 @@ void MainWindow::buildMenus() {
     paste->setShortcut(QKeySequence::Paste);
     paste->setStatusTip(QStringLiteral("Bent rows from a spreadsheet, each added as Add adds a bent"));
     connect(paste, &QAction::triggered, this, &MainWindow::pasteBents);
+    auto* over = edit->addAction(QStringLiteral("Paste &Over Bents"));
+    over->setObjectName(QStringLiteral("actionPasteOverBents"));
+    over->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V));
+    over->setStatusTip(
+        QStringLiteral("Bent rows from a spreadsheet: a bent in the table is replaced as Replace does, others added"));
+    connect(over, &QAction::triggered, this, &MainWindow::pasteOverBents);
     help_ = menuBar()->addMenu(q(app_.ctl(Ctl::mnuHelp).caption));
     auto* help = help_;
     const ActRow& helpAct = actRow(Act::Help);
@@ -374,10 +400,7 @@ void MainWindow::showRunOutputs() {
     if (!runOutputs_)
         runOutputs_ = new RunOutputsWindow(
             app_, [this](const std::string& drawing) { openDrawingViewer(app_.programDir(), drawing, this); }, this);
-    runOutputs_->refresh();
-    runOutputs_->show();
-    runOutputs_->raise();
-    runOutputs_->activateWindow();
+    bringUp(runOutputs_);
 }
 
 void MainWindow::buildToolbar() {
@@ -528,19 +551,70 @@ void MainWindow::copyBents() {
     messages_->say(QStringLiteral("%1 bent row%2 copied").arg(n).arg(n == 1 ? "" : "s"), 5000);
 }
 
-void MainWindow::pasteBents() {
+namespace {
+
+// The clipboard's text: a spreadsheet's rows, or the program's own copy.
+QString clipboardRows() {
     const QMimeData* data = QApplication::clipboard()->mimeData();
-    QString text;
-    if (data && data->hasText())
-        text = data->text();
-    else if (data && data->hasFormat(QStringLiteral("text/csv")))
-        text = QString::fromUtf8(data->data(QStringLiteral("text/csv")));
+    if (data && data->hasText()) return data->text();
+    if (data && data->hasFormat(QStringLiteral("text/csv")))
+        return QString::fromUtf8(data->data(QStringLiteral("text/csv")));
+    return {};
+}
+
+} // namespace
+
+std::optional<std::string> MainWindow::rowsToPaste() {
+    const QString text = clipboardRows();
     if (text.trimmed().isEmpty()) {
         messages_->say(QStringLiteral("The clipboard holds no bent rows to paste."), 5000);
-        return;
+        return std::nullopt;
     }
     tabs_->setCurrentIndex(kBentTableTab);
-    app_.actions.apply(cmd::PasteBents{text.toStdString()});
+    return text.toStdString();
+}
+
+void MainWindow::pasteBents() {
+    const auto rows = rowsToPaste();
+    if (rows && app_.actions.pasteBents(*rows).offerOver)
+        messages_->offerCommand(QStringLiteral("Paste Over Bents"), [this, rows] {
+            tabs_->setCurrentIndex(kBentTableTab);
+            app_.actions.pasteBents(*rows, true);
+        });
+}
+
+void MainWindow::pasteOverBents() {
+    if (const auto rows = rowsToPaste()) app_.actions.pasteBents(*rows, true);
+}
+
+void MainWindow::showTemplates() {
+    if (!templates_) templates_ = new TemplatesWindow(app_, this);
+    bringUp(templates_);
+}
+
+void MainWindow::saveAsTemplate() {
+    const QString file = q(app_.project().currentFile);
+    const QString suggested = file.isEmpty() ? QString() : QFileInfo(file).completeBaseName();
+    const QString name = askTemplateName ? askTemplateName(suggested)
+                                         : QInputDialog::getText(this, QStringLiteral("Save as Template"),
+                                                                 QStringLiteral("Name of the template (one word):"),
+                                                                 QLineEdit::Normal, suggested);
+    if (name.isEmpty()) return;
+    const TemplateStore store(app_.programDir());
+    std::string why;
+    const std::string path = store.pathForNew(name.toStdString(), why);
+    if (path.empty()) {
+        messages_->say(QStringLiteral("The template was not saved: %1.").arg(q(why)));
+        return;
+    }
+    if (QFileInfo::exists(q(path))) {
+        const QString question = QStringLiteral("There is a template %1 already. Replace it?").arg(name);
+        const bool replace = replaceTemplate ? replaceTemplate(name)
+                                             : QMessageBox::question(this, QStringLiteral("Save as Template"),
+                                                                     question) == QMessageBox::Yes;
+        if (!replace) return;
+    }
+    app_.actions.apply(cmd::SaveAsTemplate{name.toStdString(), path});
 }
 
 void MainWindow::compareWith(const QString& file) {

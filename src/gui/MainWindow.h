@@ -10,7 +10,9 @@
 #include <QIcon>
 #include <QMainWindow>
 
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +32,7 @@ class PutAsideWindow;
 class RunStatus;
 class StatusMessages;
 class RunOutputsWindow;
+class TemplatesWindow;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -68,8 +71,20 @@ class MainWindow : public QMainWindow {
     // Edit > Copy: the selected bent rows on the clipboard, heading first,
     // as tab-separated text and as CSV.
     void copyBents();
-    // Edit > Paste Bents: the clipboard's rows through Add, one step of the history.
+    // Edit > Paste Bents: the clipboard's rows through Add, one step of the
+    // history; rows of bents the table holds already are offered Paste Over.
     void pasteBents();
+    // Edit > Paste Over Bents: the clipboard's rows replace the bents they name, the others are added.
+    void pasteOverBents();
+    // File > New from Template...: the templates, non-modal.
+    void showTemplates();
+    TemplatesWindow* templates() const { return templates_; }
+    // File > Save as Template...: the form's inputs without the bent table, under a name asked for.
+    void saveAsTemplate();
+    // The name Save as Template asks for; a test answers it (empty: cancelled).
+    std::function<QString(const QString& suggested)> askTemplateName;
+    // Whether an existing template of that name is to be replaced; a test answers it.
+    std::function<bool(const QString& name)> replaceTemplate;
     // File > Compare With...: the differences from `file` to the form's project, in a window of their own.
     void compareWith(const QString& file);
     // What a file dropped on the window does: a project opens as Open opens
@@ -97,6 +112,8 @@ class MainWindow : public QMainWindow {
     void refreshTitle();
     void refreshMenus();
     void lookAt(const ChangeSet& changes);
+    // The clipboard's rows, the bent table's tab in front; nothing (and a word why) when it holds none.
+    std::optional<std::string> rowsToPaste();
     void placeFocus();
 
     App& app_;
@@ -109,6 +126,7 @@ class MainWindow : public QMainWindow {
     QMenu* help_ = nullptr;
     RunOutputsWindow* runOutputs_ = nullptr;
     PutAsideWindow* putAsideWork_ = nullptr;
+    TemplatesWindow* templates_ = nullptr;
     StatusMessages* messages_ = nullptr;
     RunStatus* runStatus_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).

@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include <utility>
+
 namespace tw {
 
 // One line of words, cut with "..." where the bar ends.
@@ -53,11 +55,19 @@ StatusMessages::StatusMessages(QWidget* parent) : QWidget(parent) {
     connect(bring_, &QPushButton::clicked, this, [this] {
         if (bringUpToDate) bringUpToDate();
     });
-    for (QPushButton* b : {viewer_, bring_})
+    command_ = new QPushButton;
+    command_->setObjectName(QStringLiteral("offeredCommand"));
+    connect(command_, &QPushButton::clicked, this, [this] {
+        // Once: the command says what came of it in its own words.
+        if (auto command = std::exchange(offeredCommand_, nullptr)) command();
+        refresh();
+    });
+    for (QPushButton* b : {viewer_, bring_, command_})
         b->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     h->addWidget(label_, 1);
     h->addWidget(viewer_);
     h->addWidget(bring_);
+    h->addWidget(command_);
     passing_.setSingleShot(true);
     connect(&passing_, &QTimer::timeout, this, [this] {
         said_ = {};
@@ -68,6 +78,7 @@ StatusMessages::StatusMessages(QWidget* parent) : QWidget(parent) {
 
 void StatusMessages::notice(const QString& text) {
     offered_.clear();
+    offeredCommand_ = nullptr;
     notice_ = {text, text.isEmpty() ? 0 : next_++};
     refresh();
 }
@@ -75,6 +86,12 @@ void StatusMessages::notice(const QString& text) {
 void StatusMessages::offerViewer(const std::string& drawing) {
     offered_ = drawing;
     viewer_->setToolTip(QString::fromStdString(drawing));
+    refresh();
+}
+
+void StatusMessages::offerCommand(const QString& caption, std::function<void()> command) {
+    command_->setText(caption);
+    offeredCommand_ = std::move(command);
     refresh();
 }
 
@@ -99,6 +116,7 @@ void StatusMessages::refresh() {
     const bool noticing = !saying && !notice_.text.isEmpty();
     label_->setText(saying ? said_.text : noticing ? notice_.text : standing_);
     viewer_->setVisible(noticing && !offered_.empty());
+    command_->setVisible(noticing && offeredCommand_ != nullptr);
     bring_->setVisible(!saying && !noticing && stale_);
 }
 

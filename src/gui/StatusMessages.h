@@ -31,6 +31,10 @@ class StatusMessages : public QWidget {
     // Beside the program's last word: open this drawing in the viewer.
     void offerViewer(const std::string& drawing);
     std::function<void(const std::string&)> openViewer;
+    // Beside the program's last word: a command that does what it speaks of
+    // (Paste Over Bents, after a paste of bents the table holds already).
+    void offerCommand(const QString& caption, std::function<void()> command);
+    QPushButton* commandButton() const { return command_; }
     // A passing word of the window's ("2 bent rows copied").
     void say(const QString& text, int milliseconds = 10000);
     // What stands while the project is as it is; `stale`: its closing values
@@ -61,6 +65,8 @@ class StatusMessages : public QWidget {
     ElidedLabel* label_;
     QPushButton* viewer_;
     QPushButton* bring_;
+    QPushButton* command_;
+    std::function<void()> offeredCommand_;
 };
 
 } // namespace tw

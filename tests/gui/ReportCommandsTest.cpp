@@ -39,10 +39,12 @@ class ReportCommandsTest : public QObject, public test::ShownWindow {
         for (QAction* a : file->actions())
             if (!a->isSeparator()) names << a->objectName();
         QStringList expected{"mnuNew",
+                             "actionNewFromTemplate",
                              "mnuOpen",
                              "mnuSave",
                              "mnuSaveAs",
                              "actionCompareWith",
+                             "actionSaveAsTemplate",
                              "actionPutAsideWork",
                              "mnuPrint",
                              "actionExportReport",

@@ -102,8 +102,20 @@ struct OpenPath {
 };
 // Bent rows from a spreadsheet (tab- or comma-separated, the heading row
 // optional), each added as Add adds a typed bent; one step of the history.
+// `over` (Paste Over Bents): a row whose bent is in the table replaces it.
 struct PasteBents {
     std::string text;
+    bool over = false;
+};
+// File > New from Template, the template chosen: New, then its inputs on the form.
+struct NewFromTemplate {
+    std::string name;
+    std::string path;
+};
+// File > Save as Template, the name given: the form's inputs, no bents, to `path`.
+struct SaveAsTemplate {
+    std::string name;
+    std::string path;
 };
 // The project of a recovery file comes back on the form.
 struct Restore {
@@ -118,11 +130,12 @@ struct Reload {};
 
 namespace tw {
 
-using Command = std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click,
-                             cmd::DoubleClick, cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Restore,
-                             cmd::PasteBents, cmd::OpenPath, cmd::BringUpToDate, cmd::Reload, cmd::New, cmd::Open,
-                             cmd::OpenRecent, cmd::Save, cmd::SaveAs, cmd::Print, cmd::Run, cmd::Exit, cmd::Undo,
-                             cmd::Redo, cmd::Help, cmd::About, cmd::AddBent, cmd::InsertBent, cmd::ReplaceBent,
-                             cmd::EditBent, cmd::DeleteBent, cmd::DeleteAllBents, cmd::MoveBentUp, cmd::MoveBentDown>;
+using Command =
+    std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click, cmd::DoubleClick,
+                 cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Restore, cmd::PasteBents, cmd::OpenPath,
+                 cmd::BringUpToDate, cmd::Reload, cmd::NewFromTemplate, cmd::SaveAsTemplate, cmd::New, cmd::Open,
+                 cmd::OpenRecent, cmd::Save, cmd::SaveAs, cmd::Print, cmd::Run, cmd::Exit, cmd::Undo, cmd::Redo,
+                 cmd::Help, cmd::About, cmd::AddBent, cmd::InsertBent, cmd::ReplaceBent, cmd::EditBent, cmd::DeleteBent,
+                 cmd::DeleteAllBents, cmd::MoveBentUp, cmd::MoveBentDown>;
 
 } // namespace tw

@@ -6,10 +6,12 @@
 #include "core/form/Events.h"
 #include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
+#include "core/form/PasteOver.h"
 #include "core/form/RecentFiles.h"
 #include "core/form/Recovery.h"
 #include "core/form/Session.h"
 #include "core/form/ShellCommands.h"
+#include "core/form/Templates.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 #include "core/model/Utf8.h"
@@ -160,6 +162,11 @@ std::pair<std::string, std::optional<int>> actStep(const Session& s, Act act) {
     }
 }
 
+PasteOutcome pasteInto(Session& s, const std::string& text, bool over) {
+    s.noteUnloweredCount(false);
+    return over ? pasteOverBents(s, text) : pasteBents(s, text);
+}
+
 template <class... F> struct Overloaded : F... { using F::operator()...; };
 template <class... F> Overloaded(F...) -> Overloaded<F...>;
 
@@ -234,26 +241,20 @@ ChangeSet UserActions::apply(const Command& command) {
             [&](const cmd::Restore& c) { return a.perform([&] { restoreRecovery(s, c.recovery); }); },
             [&](const cmd::OpenPath& c) { return a.perform([&] { openPath(s, c.path); }); },
             [&](const cmd::PasteBents& c) {
-                return a.perform(
-                    [&] {
-                        s.noteUnloweredCount(false);
-                        tw::pasteBents(s, c.text);
-                    },
-                    "Paste Bents", CtlId(Ctl::txtBentNoPI), s.table().rows());
+                return a.perform([&] { pasteInto(s, c.text, c.over); }, c.over ? "Paste Over Bents" : "Paste Bents",
+                                 CtlId(Ctl::txtBentNoPI), s.table().rows());
             },
+            [&](const cmd::NewFromTemplate& c) { return a.perform([&] { newFromTemplate(s, c.name, c.path); }); },
+            [&](const cmd::SaveAsTemplate& c) { return a.perform([&] { saveAsTemplate(s, c.name, c.path); }); },
         },
         command);
 }
 
-PasteOutcome UserActions::pasteBents(const std::string& text) {
+PasteOutcome UserActions::pasteBents(const std::string& text, bool over) {
     PasteOutcome outcome;
     Session& s = funnel_.working();
-    funnel_.perform(
-        [&] {
-            s.noteUnloweredCount(false);
-            outcome = tw::pasteBents(s, text);
-        },
-        "Paste Bents", CtlId(Ctl::txtBentNoPI), s.table().rows());
+    funnel_.perform([&] { outcome = pasteInto(s, text, over); }, over ? "Paste Over Bents" : "Paste Bents",
+                    CtlId(Ctl::txtBentNoPI), s.table().rows());
     return outcome;
 }
 

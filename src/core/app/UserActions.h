@@ -47,7 +47,7 @@ class UserActions {
     void undo() { apply(cmd::Undo{}); }
     void redo() { apply(cmd::Redo{}); }
     // What a paste of bent rows added, and the line of the row it stopped at.
-    PasteOutcome pasteBents(const std::string& text);
+    PasteOutcome pasteBents(const std::string& text, bool over = false);
     // False when the recovery file could not be read.
     bool restore(const std::string& recovery);
     // Reads the project's file again, as another program left it.

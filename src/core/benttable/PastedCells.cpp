@@ -59,8 +59,7 @@ std::optional<std::string> pastedCellProblem(BentType type, int beams, int colum
         return std::nullopt;
     }
     const InputRule& rule = inputRule(field);
-    if (!typable(cell, rule))
-        return where + " is not a number as the field takes it (digits, one \".\" and a leading \"-\")";
+    if (!typable(cell, rule)) return where + " is not a number";
     // Formatted as leaving the field formats it, it must keep every digit in its columns.
     if (formatField(rule.digits, rule.decimals, cell) != formatField(1000, rule.decimals, cell)) {
         const std::string decimals = rule.decimals ? "." + nines(rule.decimals) : std::string();

@@ -161,12 +161,13 @@ void openChosen(Session& s, const std::string& path, const std::string& previous
 
 } // namespace
 
-void newProject(Session& s) {
+bool newProject(Session& s) {
     if (s.message("Do you want to clear the form and start over?", "Clear Form Confirmation", MsgButtons::YesNo,
-                  MsgIcon::None) == MsgAnswer::Yes) {
-        putAsideUnsaved(s, "New");
-        resetForm(s);
-    }
+                  MsgIcon::None) != MsgAnswer::Yes)
+        return false;
+    putAsideUnsaved(s, "New");
+    resetForm(s);
+    return true;
 }
 
 void openProject(Session& s) {
@@ -214,6 +215,8 @@ bool saveProject(Session& s) {
     }
     return !s.project().saveFailed;
 }
+
+bool pileBoxCheck(Session& s) { return SaveChecks(s).pileBoxCheck(); }
 
 InputFileText composeSave(Session& s) {
     SaveChecks checks(s);

@@ -13,7 +13,8 @@
 
 namespace tw {
 
-void newProject(Session& s);
+// True when the form was cleared (the question answered Yes).
+bool newProject(Session& s);
 void openProject(Session& s);
 // What Open does once its dialog gave `path`: the revert question when it is
 // the current file, then the read (a recent project, a file dropped on the window).
@@ -25,6 +26,9 @@ void openRecentFile(Session& s, int index);
 // in its own box ("Error Importing Input File(save)").
 bool saveProject(Session& s);
 
+// The check a save makes of the pile-box distances of parallel wingwalls,
+// its words and the exchange of the two included; false stops the file.
+bool pileBoxCheck(Session& s);
 // The bytes a save writes, its checks asked at their place in the file (the
 // message about too many bents, the pile-box check); run-time errors escape.
 InputFileText composeSave(Session& s);

@@ -21,14 +21,53 @@ std::string fileName(const std::string& path) {
     return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
+// The last `parts` folders a path lies in ("jobs/a" for "/home/x/jobs/a/bridge.ebnt" and 2).
+std::string folderTail(const std::string& path, int parts) {
+    size_t end = path.find_last_of("/\\");
+    if (end == std::string::npos || end == 0) return path.substr(0, end == 0 ? 1 : 0);
+    size_t from = end;
+    for (int n = 0; n < parts && from != std::string::npos && from > 0; ++n)
+        from = path.find_last_of("/\\", from - 1);
+    return from == std::string::npos ? path.substr(0, end) : path.substr(from + 1, end - from - 1);
+}
+
+// What the menu shows of each path: its name, and where two share a name, as
+// many of their folders as tell them apart.
+std::vector<std::string> captionsOf(const std::vector<std::string>& paths) {
+    std::vector<std::string> captions;
+    for (const auto& p : paths) {
+        const std::string name = fileName(p);
+        std::vector<std::string> namesakes;
+        for (const auto& other : paths)
+            if (other != p && fileName(other) == name) namesakes.push_back(other);
+        if (namesakes.empty()) {
+            captions.push_back(name);
+            continue;
+        }
+        std::string folder;
+        for (int parts = 1;; ++parts) {
+            std::string longer = folderTail(p, parts);
+            if (parts > 1 && longer == folder) break; // the whole folder already
+            folder = std::move(longer);
+            if (std::none_of(namesakes.begin(), namesakes.end(),
+                             [&](const std::string& o) { return folderTail(o, parts) == folder; }))
+                break;
+        }
+        captions.push_back(name + " (" + folder + ")");
+    }
+    return captions;
+}
+
 void show(Session& s, const std::vector<std::string>& paths) {
     const int slots = ctlArraySize(Ctl::mnuRecentFile);
+    const std::vector<std::string> captions = captionsOf(paths);
     for (int i = 0; i < slots; ++i) {
         const CtlId id(Ctl::mnuRecentFile, i);
         const bool used = i < static_cast<int>(paths.size());
         const std::string path = used ? paths[static_cast<size_t>(i)] : std::string();
         s.setText(id, path);
-        s.setCaption(id, used ? "&" + std::to_string(i + 1) + " " + printableText(fileName(path)) : std::string());
+        s.setCaption(id, used ? "&" + std::to_string(i + 1) + " " + printableText(captions[static_cast<size_t>(i)])
+                              : std::string());
         s.setVisible(id, used);
     }
 }
