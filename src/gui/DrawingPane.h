@@ -9,7 +9,9 @@
 
 #include <QDockWidget>
 
+#include <map>
 #include <optional>
+#include <utility>
 
 class QComboBox;
 class QLabel;
@@ -29,6 +31,10 @@ class DrawingPane : public QDockWidget {
     LaidOutView* view() const { return view_; }
     // What the pane says of closing values the form has not brought up to date.
     QLabel* staleNote() const { return stale_; }
+    // What the pane says when it is too small for the bent's labels.
+    QLabel* fitNote() const { return fit_; }
+    // How lengths read (View > Units).
+    void setUnits(LengthUnits units);
 
     QSize sizeHint() const override;
 
@@ -37,6 +43,9 @@ class DrawingPane : public QDockWidget {
 
   private:
     drawing::Scene layout(double widthPt, double heightPt) const;
+    // The drawing of the views `o` names, laid out starting from its last layout for this size.
+    drawing::Scene laidOut(const drawing::DrawOptions& o, double widthPt, double heightPt,
+                           drawing::LayoutReport& report) const;
 
     drawing::BentInputs inputs_;
     bool elevationFirst_ = false; // the last field the engineer was in shows in the elevation
@@ -49,8 +58,12 @@ class DrawingPane : public QDockWidget {
         bool both;
     };
     mutable std::optional<Choice> choice_;
+    LengthUnits units_ = LengthUnits::FeetInches;
+    // The last layout of each choice of views, where the next one starts from.
+    mutable std::map<std::pair<bool, bool>, drawing::LayoutReport> last_;
     QComboBox* views_ = nullptr;
     QLabel* stale_ = nullptr;
+    QLabel* fit_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;
     // The bent is first drawn once the window has shown its first frame:

@@ -16,7 +16,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <numbers>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace tw {
 
@@ -345,6 +349,37 @@ void paintDimension(QPainter& p, const Shape& s, const QTransform& t, double dpi
                      drawing::HAlign::Center, textAbove ? drawing::VAlign::Bottom : drawing::VAlign::Top);
 }
 
+// The PNG writer's own complaints (out of memory) stay off standard error
+// while it writes: the caller's message says once that the picture could not
+// be made. libpng prints some itself, before Qt's handlers are set.
+class QuietStandardError {
+  public:
+    QuietStandardError() {
+        std::fflush(stderr);
+        saved_ = ::dup(STDERR_FILENO);
+        const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (saved_ >= 0 && null >= 0) ::dup2(null, STDERR_FILENO);
+        if (null >= 0) ::close(null);
+    }
+    // Also when the writer runs out of memory and throws.
+    ~QuietStandardError() {
+        std::fflush(stderr);
+        if (saved_ < 0) return;
+        ::dup2(saved_, STDERR_FILENO);
+        ::close(saved_);
+    }
+    QuietStandardError(const QuietStandardError&) = delete;
+    QuietStandardError& operator=(const QuietStandardError&) = delete;
+
+  private:
+    int saved_ = -1;
+};
+
+bool savedQuietly(const QImage& image, QBuffer& buffer) {
+    const QuietStandardError quiet;
+    return image.save(&buffer, "PNG");
+}
+
 } // namespace
 
 QTransform fitTransform(const drawing::Box& box, const QRectF& target, double marginFraction) {
@@ -364,6 +399,9 @@ QTransform fitTransform(const drawing::Box& box, const QRectF& target, double ma
 void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, const PaintOptions& o,
                 const drawing::SceneIndex* index) {
     const double dpi = deviceDpi(p);
+    // A drawing laid out for a scale keeps its picture at any other: its text, arrowheads
+    // and gaps grow and shrink with it, as a zoom on paper would, so nothing comes to overlap.
+    const double textDpi = scene.feetPerPoint > 0 ? std::abs(t.m11()) * scene.feetPerPoint * kPointsPerInch : dpi;
     p.save();
     p.setRenderHint(QPainter::Antialiasing, true);
     p.setRenderHint(QPainter::TextAntialiasing, true);
@@ -411,8 +449,8 @@ void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, c
             }
             break;
         }
-        case Shape::Kind::Text: paintText(p, s, t, dpi); break;
-        case Shape::Kind::Dimension: paintDimension(p, s, t, dpi); break;
+        case Shape::Kind::Text: paintText(p, s, t, textDpi); break;
+        case Shape::Kind::Dimension: paintDimension(p, s, t, textDpi); break;
         }
     }
     p.restore();
@@ -466,7 +504,7 @@ bool exportScene(const drawing::Scene& scene, const QString& path, QString* erro
         if (image.isNull()) return fail(notDrawn);
         image.setDotsPerMeterX(3780); // 96 dpi
         image.setDotsPerMeterY(3780);
-        if (!paintInto(image, QRectF(image.rect())) || !image.save(&buffer, "PNG")) return fail(notDrawn);
+        if (!paintInto(image, QRectF(image.rect())) || !savedQuietly(image, buffer)) return fail(notDrawn);
     } else {
         return fail(
             QStringLiteral("%1: the picture's type is told by its suffix, one of %2.").arg(path, exportSuffixes()));

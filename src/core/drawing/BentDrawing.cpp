@@ -14,7 +14,7 @@ Scene Builder::build() {
     Scene scene;
     if (!in_.type) {
         text(scene, {0, 0}, "Choose a bent type to see the bent.", {}, Mark::Placeholder, HAlign::Center);
-        placeLabels(scene, pt_);
+        keepLabelRoom(scene, pt_);
         return scene;
     }
     Scene top, bottom;
@@ -32,6 +32,17 @@ void Builder::append(Scene& to, Scene&& from, Point shift) {
         s.center = s.center + shift;
         to.shapes.push_back(std::move(s));
     }
+    if (!from.room.empty) {
+        to.room.add(Point{from.room.minX + shift.x, from.room.minY + shift.y});
+        to.room.add(Point{from.room.maxX + shift.x, from.room.maxY + shift.y});
+    }
+}
+
+void Builder::settle(Scene& s) {
+    if (place_)
+        leaders_ += placeLabels(s, pt_);
+    else
+        keepLabelRoom(s, pt_);
 }
 
 void Builder::arrange(Scene& scene, Scene&& plan, Scene&& elevation) const {
@@ -72,68 +83,190 @@ double feetPerPointToFit(const Box& box, double widthPt, double heightPt, double
     return pointsPerFoot > 0 ? 1 / pointsPerFoot : 1;
 }
 
+namespace {
+
+// The share of its size without text the bent should keep against its labels:
+// at least this much where notes and smaller text can make room for it, and
+// never less than the second, or the view is too small for it.
+constexpr double kFill = 0.86;
+constexpr double kTooSmall = 0.5;
+
+// Keeps room around the scene so that, fitted to the view, it is shown at
+// exactly `fpp`: the side that limits the fit is widened to the view.
+void keepScale(Scene& scene, double fpp, double widthPt, double heightPt, double margin) {
+    const Box b = scene.bounds();
+    if (b.empty) return;
+    const double inner = 1 - 2 * margin;
+    const double w = widthPt * inner * fpp, h = heightPt * inner * fpp;
+    const bool byHeight = heightPt > 0 && b.height() / h > b.width() / w;
+    const double cx = (b.minX + b.maxX) / 2, cy = (b.minY + b.maxY) / 2;
+    if (byHeight) {
+        scene.room.add(Point{cx, cy - h / 2});
+        scene.room.add(Point{cx, cy + h / 2});
+    } else {
+        scene.room.add(Point{cx - w / 2, cy});
+        scene.room.add(Point{cx + w / 2, cy});
+    }
+}
+
+} // namespace
+
 Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double widthPt, double heightPt,
-                    LayoutReport* report, double margin) {
+                    LayoutReport* report, double margin, const LayoutReport* hint) {
     const BentGeometry g = bentGeometry(in);
-    // Text takes room in feet that depends on the scale the room gives it: a
-    // few rounds settle it (each round shrinks the error by the share of the
-    // view that text takes).
     DrawOptions o = options;
     o.viewWidthPt = widthPt * (1 - 2 * margin);
     o.viewHeightPt = heightPt * (1 - 2 * margin);
-    const double bare = feetPerPointToFit(Builder(in, g, o, 1e-6).build().bounds(), widthPt, heightPt, margin);
-    // The scale the view gives a drawing laid out for `fpp` grows about in
-    // step with it (the text's room does), so secant steps find where the two
-    // agree in a few rounds.
-    // When the scale grows faster than that, the text alone is more than the
-    // view holds: no scale fits, and the drawing is cramped whatever is done.
-    bool overflow = false;
-    auto settle = [&](bool compact, double& fpp) {
-        double x0 = bare, f0 = 0, x1 = bare;
-        Scene scene;
-        overflow = false;
-        double built = x1;
-        for (int round = 0; round < 8; ++round) {
-            built = x1;
-            scene = Builder(in, g, o, x1, compact).build();
-            const double f1 = feetPerPointToFit(scene.bounds(), widthPt, heightPt, margin);
-            if (std::abs(f1 - x1) <= 0.02 * x1) break;
-            double next = f1;
-            if (round > 0 && x1 != x0) {
-                const double slope = (f1 - f0) / (x1 - x0);
-                if (std::isfinite(slope) && slope < 0.9) next = x1 + (f1 - x1) / (1 - slope);
-                if (std::isfinite(slope) && slope >= 0.98) {
-                    overflow = true;
+    double viewHeight = heightPt; // none when the drawing runs on below a view too small for it
+    auto fitOf = [&](const Scene& s) { return feetPerPointToFit(s.bounds(), widthPt, viewHeight, margin); };
+    const Scene geometry = Builder(in, g, o, 1e-6, false, false).build();
+    double bare = fitOf(geometry);
+    const double firstBare = bare;
+    // Text takes room in feet that depends on the scale the room gives it: a
+    // drawing laid out for a scale fits the view when the view's scale for it
+    // is no smaller (their ratio is at most one). The largest drawing that fits
+    // lies between a scale too large and one that fits: found by stepping out
+    // from a first guess until it is bracketed, then closing in. Where the
+    // ratio stops falling however small the drawing, the text alone is more
+    // than the view holds.
+    bool compact = false;
+    struct Found {
+        double fpp = 0;
+        bool overflow = false;
+        double textOnly = 0; // the ratio the text alone keeps, where it overflows
+    };
+    auto ratio = [&](double x) { return fitOf(Builder(in, g, o, x, compact, false).build()) / x; };
+    auto search = [&](double from) {
+        Found lo{from}, hi{0};
+        double rLo = ratio(from), rHi = 0;
+        if (rLo <= 1 + 1e-9) {
+            // A guess that fits already: down until it does not.
+            hi = lo;
+            rHi = rLo;
+            for (double x = from / 1.02;; x /= 1.05) {
+                if (x <= bare) return Found{std::max(bare, x * 1.05 > from ? from : x * 1.05)};
+                const double r = ratio(x);
+                if (r > 1 + 1e-9) {
+                    lo.fpp = x;
+                    rLo = r;
                     break;
                 }
+                hi.fpp = x;
+                rHi = r;
             }
-            x0 = x1;
-            f0 = f1;
-            x1 = std::max(bare, next);
+        } else {
+            for (double x = from * std::max(1.02, rLo); hi.fpp == 0; x *= std::max(1.02, rLo)) {
+                const double r = ratio(x);
+                if (r <= 1 + 1e-9) {
+                    hi.fpp = x;
+                    rHi = r;
+                } else if (x > 4 * bare && r >= rLo * 0.99) {
+                    return Found{x, true, r};
+                } else {
+                    lo.fpp = x;
+                    rLo = r;
+                }
+            }
         }
-        // The scale the scene was laid out for, which its labels' room was worked out at.
-        fpp = built;
-        return scene;
+        // Where the ratio crosses one, kept well inside the bracket.
+        while (hi.fpp > lo.fpp * 1.005) {
+            const double t = std::clamp((rLo - 1) / (rLo - rHi), 0.15, 0.85);
+            const double x = lo.fpp + (hi.fpp - lo.fpp) * t;
+            const double r = ratio(x);
+            if (r <= 1 + 1e-9) {
+                hi.fpp = x;
+                rHi = r;
+            } else {
+                lo.fpp = x;
+                rLo = r;
+            }
+        }
+        return hi;
     };
-    // When the dimensions beside the plan would leave the bent less than
-    // about half the view, their values go to the notes.
-    double fpp = 0;
-    Scene scene = settle(false, fpp);
-    if (fpp > 1.8 * bare && options.labels == Labels::Values) scene = settle(true, fpp);
-    // A view too small even then: smaller text rather than text over text. The
-    // sketches keep their size; they are laid out for a view that holds them.
-    const bool cramped = overflow;
-    while (overflow && options.labels == Labels::Values && o.textPt > 6.5) {
-        o.textPt -= 1;
-        scene = settle(true, fpp);
+    const bool values = options.labels == Labels::Values;
+    // How much of the view the bent keeps against its text: what share of the
+    // size it would have with no text at all.
+    auto share = [&](const Found& f) { return f.overflow ? 0.0 : bare / f.fpp; };
+    Found sized;
+    bool tooSmall = false, cramped = false;
+    const bool hinted = hint && hint->feetPerPoint > 0 && hint->viewWidthPt == widthPt &&
+                        hint->viewHeightPt == heightPt && std::abs(hint->bare / bare - 1) < 0.03;
+    if (hinted) {
+        // Laid out a moment ago for a bent much the same: its choices again, and its scale to start from.
+        compact = hint->compact;
+        o.textPt = hint->textPt;
+        tooSmall = hint->tooSmall;
+        cramped = hint->cramped;
+        if (tooSmall) {
+            viewHeight = o.viewHeightPt = 0;
+            bare = fitOf(geometry);
+        }
+        sized = search(hint->feetPerPoint * bare / hint->bare);
+    } else {
+        sized = search(bare);
+        // Where the dimensions beside the plan keep the bent from most of the view,
+        // their values go to the notes; where that is not enough, the text is set
+        // smaller, down to the smallest size that reads.
+        // The sketches keep their size; they are laid out for a view that holds them.
+        if (values && share(sized) < kFill) {
+            compact = true;
+            sized = search(bare);
+        }
+        cramped = share(sized) < (kFill + kTooSmall) / 2;
+        while (values && share(sized) < kFill && o.textPt - 1 >= kSmallestTextPt) {
+            // Text that alone overflows at this size does so at the next one too, when it keeps
+            // more of the view than the size shrinks by.
+            const double next = o.textPt - 1;
+            if (sized.overflow && sized.textOnly * next / o.textPt > 1.02) {
+                o.textPt = next;
+                continue;
+            }
+            o.textPt = next;
+            sized = search(bare);
+        }
+        // Too small even then: the drawing takes the view's width at its own text
+        // size and runs on below the view.
+        tooSmall = share(sized) < kTooSmall;
+        if (tooSmall && viewHeight > 0) {
+            o.textPt = options.textPt;
+            viewHeight = o.viewHeightPt = 0;
+            bare = fitOf(geometry);
+            sized = search(bare);
+        }
     }
+    // Text wider than the view even so: the cap at half its width, the labels running on past it.
+    if (sized.overflow && g.length.v > 0) sized.fpp = g.length.v / (0.5 * widthPt);
+    // The labels are placed once, at the scale the drawing is shown at. Where
+    // the few that had to move widen it, it is laid out a little smaller; where
+    // that does not hold it either, it spills over the view's margin.
+    double fpp = sized.fpp;
+    Builder first(in, g, o, fpp, compact, true);
+    Scene scene = first.build();
+    int leaders = first.leaders();
+    for (double r = fitOf(scene) / fpp, x = fpp; !sized.overflow && r > 1 + 1e-9;) {
+        x *= std::max(1.02, r);
+        if (x > sized.fpp * 1.5) break;
+        Builder b(in, g, o, x, compact, true);
+        Scene next = b.build();
+        r = fitOf(next) / x;
+        if (r <= 1 + 1e-9) {
+            scene = std::move(next);
+            fpp = x;
+            leaders = b.leaders();
+        }
+    }
+    keepScale(scene, fpp, widthPt, viewHeight, margin);
+    scene.feetPerPoint = fpp;
     if (report) {
         report->feetPerPoint = fpp;
-        // Beams closer than two lines of text leave their numbers and labels no room.
-        double closest = 1e9;
-        for (const auto& v : g.spacing)
-            closest = std::min(closest, v.v);
-        report->cramped = cramped || closest / fpp < 2 * o.textPt * kLineSpacing;
+        report->textPt = o.textPt;
+        report->leaders = leaders;
+        report->tooSmall = tooSmall;
+        report->cramped = cramped;
+        report->compact = compact;
+        report->bare = firstBare;
+        report->viewWidthPt = widthPt;
+        report->viewHeightPt = heightPt;
     }
     return scene;
 }

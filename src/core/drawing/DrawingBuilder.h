@@ -33,6 +33,10 @@ Mark worse(Mark a, Mark b);
 // Greedy word wrap; a prompt reads better on a few short lines.
 std::string wrap(const std::string& text, std::size_t width);
 
+// Positions as near to the wanted ones (ascending) as they can be, in their
+// order, at least `pitch` apart.
+std::vector<double> spreadOut(const std::vector<double>& wanted, double pitch);
+
 // The input a shape shows, by its control name; none for notes.
 struct Src {
     std::string name;
@@ -40,16 +44,31 @@ struct Src {
     Src(const CtlId& id) : name(toString(id)) {} // NOLINT(google-explicit-constructor)
 };
 
+// A label of a row: what it names, and the room along the row it may take in place.
+struct Callout {
+    Point target;
+    std::string text;
+    Src source;
+    Mark mark = Mark::Normal;
+    double slotLo = 0, slotHi = 0;
+};
+
 class Builder {
   public:
+    // With `place`, the labels are placed clear of everything; without, the
+    // drawing is only being sized and keeps room for each label where it is drawn.
     Builder(const BentInputs& in, const BentGeometry& g, const DrawOptions& o, double feetPerPoint,
-            bool compact = false)
-        : in_(in), g_(g), o_(o), compact_(compact), pt_(feetPerPoint), em_(o.textPt * feetPerPoint),
+            bool compact = false, bool place = true)
+        : in_(in), g_(g), o_(o), compact_(compact), place_(place), pt_(feetPerPoint), em_(o.textPt * feetPerPoint),
           line_(o.textPt * kLineSpacing * feetPerPoint) {}
     Scene build();
+    // Labels that had to go to a leader.
+    int leaders() const { return leaders_; }
 
   private:
     static void append(Scene& to, Scene&& from, Point shift);
+    // The labels of a finished part placed, or room kept for them.
+    void settle(Scene& s);
     // The plan above the elevation, or beside it when that gives the view a larger drawing.
     void arrange(Scene& scene, Scene&& plan, Scene&& elevation) const;
     bool on(unsigned topic) const { return (o_.topics & topic) != 0; }
@@ -69,18 +88,24 @@ class Builder {
     Shape& tagged(Shape& s, const Src& source, Mark mark, int level);
     // A label beside a line through `at` with direction `u`, on the side `away`
     // points to, `gap` feet from the line: along the line when `along`, else across it.
-    void labelBeside(Scene& s, Point at, Point u, Point away, double gap, const std::string& t, const Src& source,
-                     Mark mark, bool along);
+    Shape& labelBeside(Scene& s, Point at, Point u, Point away, double gap, const std::string& t, const Src& source,
+                       Mark mark, bool along);
     // A dimension from a to b, its line `offset` feet to the left of a->b. The
     // label runs along the line when it fits between the arrows, else across it.
     // Returns how far beyond the line the label reaches.
     double dimension(Scene& s, Point a, Point b, double offset, const std::string& label, const Src& source, Mark mark,
                      bool across = false);
     // Dimensions end to end along a row: from xs[i] to xs[i+1] at height `at`,
-    // their line at `row`. All labels turn across the row when one does not fit.
+    // their line at `row`. Their labels run along the lines where every one fits
+    // between its arrows, else they stand across the row below (see `callouts`).
     // Returns the lowest point the row's labels reach.
     double chain(Scene& s, const std::vector<double>& xs, double at, double row, const std::vector<std::string>& labels,
                  const std::vector<CtlId>& sources, const std::vector<Mark>& marks);
+    // Labels of a row on the side `dir` (+1 up, -1 down) of the level `base`:
+    // level, each at what it names, where `level` and each fits its room; else
+    // upright side by side, spread along the row where they crowd and then
+    // tied to what they name. Returns the furthest level the labels reach.
+    double callouts(Scene& s, std::vector<Callout> items, double base, double dir, bool level);
     void pile(Scene& s, Point c, Point u, const CtlId& source, Mark mark);
     void plan(Scene& s);
     // The label of each beam's angle: every beam when they differ, the first one when they are all alike.
@@ -88,18 +113,16 @@ class Builder {
     const AngleInput& angleInput(std::size_t i) const {
         return in_.anglesAlike ? in_.beamAngles[0] : in_.beamAngles[i];
     }
-    // Where the beam centerlines end behind the cap and their numbers stand.
-    struct BeamEnds {
-        double back;          // the centerlines run at least this far back
-        double radius;        // of a number's circle
-        std::vector<int> row; // numbers too close for one row stand a row or more further back
-        double top;           // above every number
-        double reach(std::size_t i) const { return back + row[i] * 2.2 * radius; }
-    };
-    BeamEnds beamEnds() const;
+    // The beams' numbers in their circles above the ends of the centerlines, spread
+    // out and tied to them where they crowd; returns the top of the highest.
+    double beamNumbers(Scene& s, const std::vector<Point>& ends);
     void beams(Scene& s);
     void battered(Scene& s);
     void wingwalls(Scene& s);
+    // Each wingwall's angle, along it past its end.
+    void wingwallAngles(Scene& s);
+    // Where that label starts, and its length.
+    std::pair<Point, double> wingwallAngleAt(const Wingwall& w) const;
     // The dimensions of a row of distances across the cap, the last one closing to its right end.
     double spacingChain(Scene& s, const std::vector<Value>& spacing, const std::vector<Value>& positions,
                         const Input* inputs, std::size_t closingItem, double at, double row);
@@ -128,6 +151,7 @@ class Builder {
     // How many ems of text at `sizePt` a line of the title block holds: as wide as
     // the view, or where the view is not known, as the drawing.
     double titleRoomEm(const Box& drawn, double sizePt) const;
+    double titleRoomPt(const Box& drawn) const;
     // The title block under the drawing: the bent type and the bent, the project's
     // lines (each cut short after a few lines), the notes and the problems.
     void title(Scene& scene);
@@ -140,6 +164,8 @@ class Builder {
     const BentGeometry& g_;
     const DrawOptions& o_;
     bool compact_ = false;
+    bool place_ = true;
+    int leaders_ = 0;
     std::vector<Note> notes_;
     double pt_;   // feet a point
     double em_;   // the text size in feet

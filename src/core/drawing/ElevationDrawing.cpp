@@ -18,20 +18,20 @@ double Builder::topAt(double x) const {
 void Builder::elevation(Scene& s) {
     capElevation(s);
     if (g_.endPosts) backwall(s);
-    if (on(kStepElevations)) stepElevations(s);
+    stepElevations(s);
     const double lowest = bottomElevations(s);
     if (on(kMinDepth) && (g_.bottomComputed || prompts()) &&
         !noted("Minimum cap depth", in_.capDepth, g_.depth, g_.depth.v < 1.4 * line_))
         minimumDepth(s);
     // Measured below the bottom's labels, so no extension line crosses them.
     if (on(kCapSteps)) capSteps(s, lowest);
-    placeLabels(s, pt_);
+    settle(s);
 
     // The wingwalls unfolded below, each under its end of the cap (in a sketch, the one about them).
     if (isEndBent(*in_.type) && (!prompts() || on(kWingwallTops))) {
         Scene wings;
         developedWingwalls(wings);
-        placeLabels(wings, pt_);
+        settle(wings);
         const Box above = s.bounds(), own = wings.bounds();
         append(s, std::move(wings), {0, above.minY - 1.5 * line_ - own.maxY});
     }
@@ -58,18 +58,58 @@ void Builder::capElevation(Scene& s) {
 
 void Builder::stepElevations(Scene& s) {
     const std::size_t n = g_.stepTop.size();
-    bool upright = false;
-    for (std::size_t k = 0; k < n; ++k)
-        upright =
-            upright || widthOf(say(in_.stepElevations[k], g_.stepTop[k])) + 0.4 * line_ > g_.stepX[k + 1] - g_.stepX[k];
-    for (std::size_t k = 0; k < n; ++k) {
-        const Point at{(g_.stepX[k] + g_.stepX[k + 1]) / 2, g_.stepTop[k].v + 0.25 * line_};
-        const std::string t = say(in_.stepElevations[k], g_.stepTop[k]);
-        if (upright && lineCount(t) == 1)
-            text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Left, VAlign::Middle, 90);
-        else
-            text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Center, VAlign::Bottom);
+    if (prompts()) {
+        if (!on(kStepElevations)) return;
+        // A sketch's prompts stand above the steps, turned upright when they crowd.
+        bool upright = false;
+        for (std::size_t k = 0; k < n; ++k)
+            upright = upright ||
+                      widthOf(say(in_.stepElevations[k], g_.stepTop[k])) + 0.4 * line_ > g_.stepX[k + 1] - g_.stepX[k];
+        for (std::size_t k = 0; k < n; ++k) {
+            const Point at{(g_.stepX[k] + g_.stepX[k + 1]) / 2, g_.stepTop[k].v + 0.25 * line_};
+            const std::string t = say(in_.stepElevations[k], g_.stepTop[k]);
+            if (upright && lineCount(t) == 1)
+                text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Left, VAlign::Middle, 90);
+            else
+                text(s, at, t, in_.stepElevations[k].id, g_.stepTop[k].mark, HAlign::Center, VAlign::Bottom);
+        }
+        return;
     }
+    // The elevations of the top: each step's, and where a backwall stands on the
+    // steps, its tops and the end posts' too, in one row of labels above it all.
+    std::vector<Callout> items;
+    double base = -1e300;
+    if (on(kStepElevations))
+        for (std::size_t k = 0; k < n; ++k) {
+            const double x0 = g_.stepX[k], x1 = g_.stepX[k + 1], top = g_.stepTop[k].v;
+            items.push_back({{(x0 + x1) / 2, top},
+                             say(in_.stepElevations[k], g_.stepTop[k]),
+                             in_.stepElevations[k].id,
+                             g_.stepTop[k].mark,
+                             std::min(x0, x1),
+                             std::max(x0, x1)});
+            base = std::max(base, top);
+        }
+    if (g_.endPosts && on(kBackwallTops)) {
+        const double L = g_.length.v, we = g_.postWidth.v;
+        struct Top {
+            Point at;
+            const Input* input;
+            const Value* value;
+        };
+        const Top tops[] = {{{we / 2, g_.leftPostTop.v}, &in_.leftEndPostTop, &g_.leftPostTop},
+                            {{we, g_.backwallLeftTop.v}, &in_.backwallLeftTop, &g_.backwallLeftTop},
+                            {{L / 2, g_.backwallCenterTop.v}, &in_.backwallCenterTop, &g_.backwallCenterTop},
+                            {{L - we, g_.backwallRightTop.v}, &in_.backwallRightTop, &g_.backwallRightTop},
+                            {{L - we / 2, g_.rightPostTop.v}, &in_.rightEndPostTop, &g_.rightPostTop}};
+        for (const auto& [at, input, value] : tops) {
+            base = std::max(base, at.y);
+            // A top not entered yet shows by its dashed outline; a "?" there would only crowd the others.
+            if (value->mark != Mark::Placeholder)
+                items.push_back({at, say(*input, *value), input->id, value->mark, at.x, at.x});
+        }
+    }
+    callouts(s, std::move(items), base, 1, !g_.endPosts);
 }
 
 double Builder::bottomElevations(Scene& s) {
@@ -81,11 +121,11 @@ double Builder::bottomElevations(Scene& s) {
         text(s, {L / 2, lowest - 0.3 * line_}, note, in_.bottomLeft.id, Mark::Placeholder, HAlign::Center, VAlign::Top);
         return lowest - (0.3 * line_ + heightOf(note));
     }
-    const std::string l = say(in_.bottomLeft, g_.bottomLeft), r = say(in_.bottomRight, g_.bottomRight);
-    text(s, {0.3 * line_, bl - 0.3 * line_}, l, in_.bottomLeft.id, g_.bottomLeft.mark, HAlign::Left, VAlign::Top);
-    text(s, {L - 0.3 * line_, br - 0.3 * line_}, r, in_.bottomRight.id, g_.bottomRight.mark, HAlign::Right,
-         VAlign::Top);
-    return lowest - (0.3 * line_ + std::max(heightOf(l), heightOf(r)));
+    // Under the two ends, each within its half of the cap, or upright below it where they do not fit.
+    const Callout left{{0, bl}, say(in_.bottomLeft, g_.bottomLeft), in_.bottomLeft.id, g_.bottomLeft.mark, 0, L / 2};
+    const Callout right{{L, br}, say(in_.bottomRight, g_.bottomRight), in_.bottomRight.id, g_.bottomRight.mark, L / 2,
+                        L};
+    return callouts(s, {left, right}, lowest, -1, true);
 }
 
 void Builder::minimumDepth(Scene& s) {
@@ -114,12 +154,13 @@ void Builder::capSteps(Scene& s, double lowest) {
 
 void Builder::developedWingwalls(Scene& s) {
     const double L = g_.length.v, gap = 2 * line_;
-    const std::string captions[] = {"Left wingwall, unfolded", "Right wingwall, unfolded"};
-    // The right one keeps clear of the left one and of its caption.
+    // Each caption on one line where half the cap's length holds it, else on two.
+    std::string captions[] = {"Left wingwall, unfolded", "Right wingwall, unfolded"};
+    for (auto& c : captions)
+        if (widthOf(c) > L / 2 - line_) c.replace(c.find(", ") + 1, 1, "\n");
+    // The right one keeps clear of the left one.
     const double leftLength = g_.left->length.v, rightLength = g_.right->length.v;
-    const double rightStart =
-        std::max({L - rightLength, leftLength + gap,
-                  leftLength / 2 + (widthOf(captions[0]) + widthOf(captions[1])) / 2 + line_ - rightLength / 2});
+    const double rightStart = std::max(L - rightLength, leftLength + gap);
     for (const Wingwall* w : {&*g_.left, &*g_.right}) {
         const bool left = w == &*g_.left;
         const double Lw = w->length.v;
@@ -136,8 +177,14 @@ void Builder::developedWingwalls(Scene& s) {
         const Point a{x0, w->frontTop.v}, b{x1, w->endTop.v}, mid = (a + b) * 0.5;
         tagged(s.line(a, mid, outline(0.5)), front.id, w->frontTop.mark, kOutline);
         tagged(s.line(mid, b, outline(0.5)), back.id, w->endTop.mark, kOutline);
-        text(s, {(x0 + x1) / 2, base - 0.3 * line_}, captions[left ? 0 : 1], in_.wingwallLength.id, w->length.mark,
-             HAlign::Center, VAlign::Top);
+        // Under the wall, or from its outer end inward where the wall is shorter than the caption.
+        const std::string& caption = captions[left ? 0 : 1];
+        const bool centred = widthOf(caption) <= Lw;
+        text(s, {centred ? (x0 + x1) / 2 : x1, base - 0.3 * line_}, caption, in_.wingwallLength.id, w->length.mark,
+             centred ? HAlign::Center
+             : left  ? HAlign::Left
+                     : HAlign::Right,
+             VAlign::Top);
         if (!on(kWingwallTops)) continue;
         // The elevations stand above the top, as the steps' do: the one of a level top at
         // its middle, those of a sloped top at its two ends, each clear of the slope.
@@ -152,16 +199,20 @@ void Builder::developedWingwalls(Scene& s) {
             return a.y + (b.y - a.y) * (x - x0) / (x1 - x0);
         };
         const std::string tf = say(front, w->frontTop), te = say(back, w->endTop);
-        const double fw = widthOf(tf), ew = widthOf(te);
+        if (!prompts()) {
+            // Values over the two halves of the top where each fits its half, else upright above it.
+            const double lo = std::min(x0, x1), hi = std::max(x0, x1), mid = (lo + hi) / 2;
+            const Callout f{a, tf, front.id, w->frontTop.mark, left ? mid : lo, left ? hi : mid};
+            const Callout e{b, te, back.id, w->endTop.mark, left ? lo : mid, left ? mid : hi};
+            callouts(s, {f, e}, std::max(a.y, b.y), 1, false);
+            continue;
+        }
+        const double fw = widthOf(tf);
         text(s, {x0, std::max(a.y, topAlong(x0 + dir * fw)) + above}, tf, front.id, w->frontTop.mark,
              left ? HAlign::Right : HAlign::Left, VAlign::Bottom);
         // Two prompts do not fit side by side over the wall: the end's stands past the end.
-        if (prompts())
-            text(s, {x1 + dir * above, b.y}, te, back.id, w->endTop.mark, left ? HAlign::Right : HAlign::Left,
-                 VAlign::Bottom);
-        else
-            text(s, {x1, std::max(b.y, topAlong(x1 - dir * ew)) + above}, te, back.id, w->endTop.mark,
-                 left ? HAlign::Left : HAlign::Right, VAlign::Bottom);
+        text(s, {x1 + dir * above, b.y}, te, back.id, w->endTop.mark, left ? HAlign::Right : HAlign::Left,
+             VAlign::Bottom);
     }
 }
 
@@ -178,15 +229,18 @@ void Builder::backwall(Scene& s) {
         Shape& post = s.polyline({{x0, base}, {x0 + we, base}, {x0 + we, top->v}, {x0, top->v}}, true, outline());
         post.fill = kDarker;
         tagged(post, input->id, top->mark, kOutline);
-        // A top not entered yet shows by its dashed outline; a "?" there would only crowd the steps'.
-        // The top stands beside the post, outside the cap, where the extension lines of
-        // the width above the post leave it room.
-        if (on(kBackwallTops) && (top->mark != Mark::Placeholder || prompts())) {
+        // A sketch names the top beside the post, outside the cap, where the extension
+        // lines of the width above the post leave it room; values stand with the steps'.
+        if (on(kBackwallTops) && prompts()) {
             const bool leftPost = x0 == 0.0;
             text(s, {leftPost ? x0 - 0.3 * line_ : x0 + we + 0.3 * line_, top->v}, say(*input, *top), input->id,
                  top->mark, leftPost ? HAlign::Right : HAlign::Left, VAlign::Top);
         }
-        if (on(kEndPosts))
+        // Among the tops' labels a post's width has no room of its own: a value goes to the notes.
+        if (on(kEndPosts) && x0 == 0.0 && !noted("End post width", in_.endPostWidth, g_.postWidth, !prompts()))
+            dimension(s, {x0, top->v}, {x0 + we, top->v}, 0.75 * line_, say(in_.endPostWidth, g_.postWidth),
+                      in_.endPostWidth.id, g_.postWidth.mark);
+        else if (on(kEndPosts) && prompts())
             dimension(s, {x0, top->v}, {x0 + we, top->v}, 0.75 * line_, say(in_.endPostWidth, g_.postWidth),
                       in_.endPostWidth.id, g_.postWidth.mark);
     }
@@ -209,9 +263,9 @@ void Builder::backwall(Scene& s) {
     tagged(s.line(c, b, outline(0.5)), in_.backwallRightTop.id, g_.backwallRightTop.mark, kOutline);
     tagged(s.line(c, {c.x, c.y - 0.6 * line_}, centerline()), in_.backwallCenterTop.id, g_.backwallCenterTop.mark,
            kCenterlines);
-    if (!on(kBackwallTops)) return;
-    // The labels hang inside the backwall when it is tall enough to hold them above the
-    // steps' labels, else they stand on its top.
+    if (!on(kBackwallTops) || !prompts()) return;
+    // A sketch's prompts hang inside the backwall when it is tall enough to hold them above
+    // the steps' labels, else they stand on its top; values stand with the steps'.
     double lowest = 1e9;
     for (const Point& p : {a, c, b})
         lowest = std::min(lowest, p.y - topAt(p.x));

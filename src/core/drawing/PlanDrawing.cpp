@@ -78,9 +78,10 @@ void Builder::plan(Scene& s) {
                kCenterlines);
 
     beams(s);
+    if (end) wingwallAngles(s);
     battered(s);
     planDimensions(s);
-    placeLabels(s, pt_);
+    settle(s);
 }
 
 std::vector<bool> Builder::angleLabelled() const {
@@ -97,65 +98,153 @@ std::vector<bool> Builder::angleLabelled() const {
     return shown;
 }
 
-Builder::BeamEnds Builder::beamEnds() const {
-    const auto labelled = angleLabelled();
-    double longest = 0;
-    for (std::size_t i = 0; i < labelled.size(); ++i)
-        if (labelled[i]) longest = std::max(longest, widthOf(sayAngle(angleInput(i), g_.beamAngle[i])));
-    BeamEnds e{g_.width.v + (longest > 0 ? longest + line_ : 0.6 * line_), 0.75 * line_,
-               std::vector<int>(g_.beamX.size(), 0), 0};
-    int rows = 1;
-    if (on(kBeamNumbers)) {
-        // Each number takes the nearest row where its circle clears those of the numbers before it.
-        std::vector<Point> centres;
-        for (std::size_t i = 0; i < g_.beamX.size(); ++i) {
-            const Point u = g_.beamDirection[i], at{g_.beamX[i].v, g_.bearing.v};
-            for (int r = 0;; ++r) {
-                e.row[i] = r;
-                const Point c = at + u * ((e.reach(i) - g_.bearing.v) / u.y + e.radius);
-                const bool clear = std::all_of(centres.begin(), centres.end(),
-                                               [&](Point o) { return length(c - o) >= 2.2 * e.radius; });
-                if (clear || r > 2 * static_cast<int>(i)) {
-                    centres.push_back(c);
-                    rows = std::max(rows, r + 1);
-                    break;
-                }
-            }
-        }
-    }
-    e.top = e.back + (rows - 1) * 2.2 * e.radius + (on(kBeamNumbers) ? 2 * e.radius : 0);
-    return e;
+namespace {
+
+double distanceToSegment(Point p, Point a, Point b) {
+    const Point v = b - a;
+    const double l2 = dot(v, v);
+    const double t = l2 > 0 ? std::clamp(dot(p - a, v) / l2, 0.0, 1.0) : 0;
+    return length(a + v * t - p);
 }
 
+} // namespace
+
 void Builder::beams(Scene& s) {
-    const double W = g_.width.v, d = g_.bearing.v;
-    const auto labelled = angleLabelled();
-    const BeamEnds ends = beamEnds();
-    const double front = -line_, radius = ends.radius;
-    for (std::size_t i = 0; i < g_.beamX.size(); ++i) {
+    const double d = g_.bearing.v, back = g_.width.v + 0.6 * line_, front = -line_;
+    const std::size_t n = g_.beamX.size();
+    // Each centerline from before the cap to behind it.
+    std::vector<Point> ends;
+    for (std::size_t i = 0; i < n; ++i) {
         const Point u = g_.beamDirection[i], at{g_.beamX[i].v, d};
-        const auto source = in_.centerlines[i].id;
-        const Mark mark = g_.beamX[i].mark;
-        const Point a = at + u * ((front - d) / u.y), b = at + u * ((ends.reach(i) - d) / u.y);
-        tagged(s.line(a, b, centerline()), source, mark, kCenterlines);
-        if (on(kBeamNumbers)) {
-            const Point c = b + u * radius;
-            tagged(s.arc(c, radius, radius, 0, 360, thin()), source, mark, kCenterlines);
-            text(s, c, std::to_string(i + 1), source, mark, HAlign::Center, VAlign::Middle).pinned = true;
-        }
+        ends.push_back(at + u * ((back - d) / u.y));
+        tagged(s.line(at + u * ((front - d) / u.y), ends.back(), centerline()), in_.centerlines[i].id, g_.beamX[i].mark,
+               kCenterlines);
+    }
+    double top = back;
+    if (on(kBeamNumbers) && n > 0) top = beamNumbers(s, ends);
+    // Each angle measured at the centerline of bearing, its value in a row above the numbers.
+    const auto labelled = angleLabelled();
+    std::vector<Callout> angles;
+    for (std::size_t i = 0; i < n; ++i) {
         if (!labelled[i]) continue;
         const AngleInput& angle = angleInput(i);
         const double theta = g_.beamAngle[i].v;
         const double arcStart = in_.skew == Skew::Left ? 180 - theta : 0;
+        const Point at{g_.beamX[i].v, d};
         tagged(s.arc(at, line_ * 0.9, line_ * 0.9, arcStart, theta, thin()), angle.degrees.id, g_.beamAngle[i].mark,
                kDimensions);
-        // Along the beam's line behind the cap, clear of it on the side away from the span's skew.
-        const std::string t = sayAngle(angle, g_.beamAngle[i]);
-        const Point start = at + u * ((W + 0.5 * line_ - d) / u.y);
-        const Point side = leftNormal(u) * (u.x >= 0 ? -1.0 : 1.0);
-        const Point mid = start + u * (widthOf(t) / 2);
-        labelBeside(s, mid, u, side, 0.35 * line_, t, angle.degrees.id, g_.beamAngle[i].mark, true);
+        // Its room: halfway to the beams beside it; all of the cap's length for the one angle of all.
+        const bool each = n > 1 && labelled[1];
+        const double x = ends[i].x;
+        const double lo = each && i > 0 ? (ends[i - 1].x + x) / 2 : std::min(0.0, x);
+        const double hi = each && i + 1 < n ? (ends[i + 1].x + x) / 2 : std::max(g_.length.v, x);
+        angles.push_back(
+            {{x, top}, sayAngle(angle, g_.beamAngle[i]), Src(angle.degrees.id), g_.beamAngle[i].mark, lo, hi});
     }
+    callouts(s, std::move(angles), top, 1, true);
+}
+
+double Builder::beamNumbers(Scene& s, const std::vector<Point>& ends) {
+    const std::size_t n = ends.size();
+    const double r = 0.75 * line_, pitch = 2.6 * r, gap = 0.3 * line_, box = g_.pileSize + 1.0;
+    std::vector<std::size_t> order(n);
+    for (std::size_t i = 0; i < n; ++i)
+        order[i] = i;
+    std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) { return ends[a].x < ends[b].x; });
+    std::vector<double> wanted;
+    for (std::size_t i : order)
+        wanted.push_back(ends[i].x);
+    // What the numbers keep clear of at the ends of the cap: the wingwalls, their pile
+    // boxes and angles, and where distances run past the cap, the extension lines there.
+    struct Keep {
+        Point a, b;
+        double clearance;
+    };
+    std::vector<Keep> keep;
+    std::vector<Box> areas; // kept clear of, inside too
+    for (const Wingwall* w : {g_.left ? &*g_.left : nullptr, g_.right ? &*g_.right : nullptr}) {
+        if (!w) continue;
+        keep.push_back({w->root, w->end, w->pileBoxes.empty() ? 0 : box * 0.75});
+        Box fillet;
+        for (const Point& p : w->fillet)
+            fillet.add(p);
+        areas.push_back(fillet);
+        if (on(kWingwalls)) {
+            const auto [start, width] = wingwallAngleAt(*w);
+            keep.push_back({w->end, start + w->direction * width, 0.5 * line_});
+        }
+    }
+    if (!compact_) {
+        const double L = g_.length.v, W = g_.width.v;
+        for (double y : {W, g_.endPosts ? g_.postLength.v : 0.0}) {
+            keep.push_back({{-12 * line_, y}, {0, y}, 0});
+            keep.push_back({{L, y}, {L + 12 * line_, y}, 0});
+        }
+        // The fillet's dimensions by the left corner, the wingwall's length along the right one.
+        if (g_.left && on(kFillets)) {
+            const Point corner = g_.left->fillet[0], across = g_.left->fillet[1], along = g_.left->fillet[2];
+            const double x0 = std::min(corner.x, along.x), x1 = std::max(across.x, along.x + 3 * line_);
+            Box dims;
+            dims.add(Point{x0, corner.y});
+            dims.add(Point{x1, along.y + 2.2 * line_});
+            areas.push_back(dims);
+        }
+        if (g_.right && on(kWingwalls)) {
+            const Wingwall& rw = *g_.right;
+            const Point out = leftNormal(rw.direction) * -((rw.pileBoxes.empty() ? 0 : box / 2) + line_);
+            keep.push_back({rw.root + out, rw.end + out, 1.5 * line_});
+        }
+    }
+    // The numbers stand in a band of one level, or of two taking turns where one does
+    // not hold them, raised where something at the ends is in its way.
+    double lowest = ends.front().y;
+    for (const Point& e : ends)
+        lowest = std::max(lowest, e.y);
+    bool crowded = false;
+    for (std::size_t k = 1; k < n; ++k)
+        crowded = crowded || wanted[k] - wanted[k - 1] < pitch;
+    const double span = std::max(wanted.back() - wanted.front(), 0.0) + pitch;
+    const int levels = std::clamp(static_cast<int>(std::ceil(pitch * static_cast<double>(n) / span)), 1, 2);
+    const std::vector<double> at = spreadOut(wanted, pitch / levels);
+    auto centre = [&](std::size_t k, double y0) {
+        return Point{at[k], y0 + r + static_cast<double>(k % static_cast<std::size_t>(levels)) * 2.2 * r};
+    };
+    auto clear = [&](double y0) {
+        for (std::size_t k = 0; k < n; ++k) {
+            const Point c = centre(k, y0);
+            for (const Keep& kp : keep)
+                if (distanceToSegment(c, kp.a, kp.b) < r + kp.clearance + gap) return false;
+            for (const Box& a : areas)
+                if (c.x > a.minX - r - gap && c.x < a.maxX + r + gap && c.y > a.minY - r - gap &&
+                    c.y < a.maxY + r + gap)
+                    return false;
+        }
+        return true;
+    };
+    double y0 = lowest + (crowded ? 0.8 * line_ : 0);
+    for (int tries = 0; tries < 200 && !clear(y0); ++tries)
+        y0 += r;
+    bool tied = crowded || y0 > lowest;
+    for (std::size_t k = 0; k < n && !tied; ++k)
+        tied = std::abs(at[k] - wanted[k]) > 0.5 * pt_ || std::abs(ends[order[k]].y - lowest) > 0.5 * pt_;
+    double top = y0;
+    for (std::size_t k = 0; k < n; ++k) {
+        const std::size_t i = order[k];
+        const Src source(in_.centerlines[i].id);
+        const Mark mark = g_.beamX[i].mark;
+        Point c = ends[i] + g_.beamDirection[i] * r;
+        if (tied) {
+            // Aslant below the band of numbers only, so that no tie crosses another's circle.
+            c = centre(k, y0);
+            const Point turn{c.x, std::max(y0 - 0.5 * (y0 - lowest), ends[i].y)};
+            tagged(s.polyline({ends[i], turn, c - Point{0, r}}, false, thin()), source, mark, kCenterlines).leader =
+                true;
+        }
+        tagged(s.arc(c, r, r, 0, 360, thin()), source, mark, kCenterlines);
+        text(s, c, std::to_string(i + 1), source, mark, HAlign::Center, VAlign::Middle).pinned = true;
+        top = std::max(top, c.y + r);
+    }
+    return top;
 }
 
 void Builder::battered(Scene& s) {
@@ -179,7 +268,6 @@ void Builder::battered(Scene& s) {
 void Builder::wingwalls(Scene& s) {
     const double box = g_.pileSize + 1.0;
     for (const Wingwall* w : {&*g_.left, &*g_.right}) {
-        const bool left = w == &*g_.left;
         // Fillet between the back face and the wingwall.
         Shape& fillet = s.polyline(w->fillet, true, outline(0.25));
         fillet.fill = kDarker;
@@ -198,18 +286,26 @@ void Builder::wingwalls(Scene& s) {
             tagged(sq, source, w->pileBoxMarks[b], kOutline);
             pile(s, c, u, source, w->pileBoxMarks[b]);
         }
-        if (!on(kWingwalls)) continue;
-        // The angle reads on past the end of the wingwall.
+    }
+}
+
+std::pair<Point, double> Builder::wingwallAngleAt(const Wingwall& w) const {
+    const bool left = &w == &*g_.left;
+    const AngleInput& a = left || in_.wingsParallel ? in_.leftWing : in_.rightWing;
+    const double past = (w.pileBoxes.empty() ? 0 : (g_.pileSize + 1.0) / 2) + 0.4 * line_;
+    return {w.end + w.direction * past, widthOf(sayAngle(a, w.angle))};
+}
+
+void Builder::wingwallAngles(Scene& s) {
+    if (!on(kWingwalls)) return;
+    for (const Wingwall* w : {&*g_.left, &*g_.right}) {
+        // The angle reads on past the end of the wingwall; the beams' numbers keep clear of it.
+        const bool left = w == &*g_.left;
         const AngleInput& a = left || in_.wingsParallel ? in_.leftWing : in_.rightWing;
-        const std::string t = sayAngle(a, w->angle);
-        // Beyond the beams' numbers too, reached by the wingwall's line carried on thin.
-        double past = (w->pileBoxes.empty() ? 0 : box / 2) + 0.4 * line_;
-        past = std::max(past, (beamEnds().top + 0.3 * line_ - w->end.y) / w->direction.y);
-        const Point start = w->end + w->direction * past;
-        if (past > line_)
-            tagged(s.line(w->end, start, {kDimInk, 0, LineStyle::Dotted}), a.degrees.id, w->angle.mark, kDimensions);
-        labelBeside(s, start + w->direction * (widthOf(t) / 2), w->direction, leftNormal(w->direction), 0, t,
-                    a.degrees.id, w->angle.mark, true);
+        const auto [start, width] = wingwallAngleAt(*w);
+        labelBeside(s, start + w->direction * (width / 2), w->direction, leftNormal(w->direction), 0,
+                    sayAngle(a, w->angle), a.degrees.id, w->angle.mark, true)
+            .names = w->end;
     }
 }
 
@@ -236,13 +332,19 @@ void Builder::planDimensions(Scene& s) {
     const double step = 2.2 * line_;
 
     // Across the front: beam spacings, battered pile spacings, the cap length.
-    double row = -line_ - 1.2 * line_;
-    if (on(kBeamSpacing))
-        row = spacingChain(s, g_.spacing, g_.beamX, in_.centerlines.data(), 20, d, row) - step + line_;
-    if (on(kBatteredPiles) && !g_.batteredX.empty())
-        row = spacingChain(s, g_.batteredSpacing, g_.batteredX, in_.batterSpacing.data(), 6, W / 2, row) - step + line_;
+    // Each row's extension lines start below the labels of the row before, so that none crosses them.
+    double row = -line_ - 1.2 * line_, from = 0;
+    if (on(kBeamSpacing)) {
+        from = spacingChain(s, g_.spacing, g_.beamX, in_.centerlines.data(), 20, d, row) - 0.3 * line_;
+        row = from - step + line_;
+    }
+    if (on(kBatteredPiles) && !g_.batteredX.empty()) {
+        const double at = on(kBeamSpacing) ? from : W / 2;
+        from = spacingChain(s, g_.batteredSpacing, g_.batteredX, in_.batterSpacing.data(), 6, at, row) - 0.3 * line_;
+        row = from - step + line_;
+    }
     if (on(kCapLength))
-        dimension(s, {0, 0}, {L, 0}, row, say(in_.capLength, g_.length), in_.capLength.id, g_.length.mark);
+        dimension(s, {0, from}, {L, from}, row - from, say(in_.capLength, g_.length), in_.capLength.id, g_.length.mark);
 
     // The right end: the cap width, then the end post's length.
     double right = 1.5 * line_;
@@ -256,7 +358,7 @@ void Builder::planDimensions(Scene& s) {
 
     // The left end: the bearing, then the pile boxes.
     double left = 1.5 * line_;
-    if (on(kBearing) && !noted("Bearing from the front face", in_.bearingDistance, g_.bearing, compact_))
+    if (on(kBearing) && !noted("Bearing from front face", in_.bearingDistance, g_.bearing, compact_))
         left += dimension(s, {0, 0}, {0, d}, left, say(in_.bearingDistance, g_.bearing), in_.bearingDistance.id,
                           g_.bearing.mark) +
                 line_;
@@ -267,7 +369,7 @@ void Builder::planDimensions(Scene& s) {
     // so that neither's extension line crosses the other's label.
     if (on(kPileBoxes)) {
         const Input* distances[] = {&in_.pileBoxDistance1, &in_.pileBoxDistance2};
-        const char* names[] = {"Second pile box from the front face", "Third pile box from the front face"};
+        const char* names[] = {"2nd pile box from front face", "3rd pile box from front face"};
         for (std::size_t b = 1; b < lw.pileBoxes.size(); ++b) {
             const bool onLeft = b == 1;
             const Point c = (onLeft ? lw : rw).pileBoxes[b];

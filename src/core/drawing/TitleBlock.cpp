@@ -9,9 +9,11 @@
 
 namespace tw::drawing::build {
 
-double Builder::titleRoomEm(const Box& drawn, double sizePt) const {
-    const double widthPt = o_.viewWidthPt > 0 ? o_.viewWidthPt : std::max(40 * o_.textPt, drawn.width() / pt_);
-    return widthPt / sizePt;
+double Builder::titleRoomEm(const Box& drawn, double sizePt) const { return titleRoomPt(drawn) / sizePt; }
+
+double Builder::titleRoomPt(const Box& drawn) const {
+    // A little short of the view, so that a line as long as it may be never decides the scale.
+    return o_.viewWidthPt > 0 ? 0.98 * o_.viewWidthPt : std::max(40 * o_.textPt, drawn.width() / pt_);
 }
 
 void Builder::title(Scene& scene) {
@@ -22,7 +24,7 @@ void Builder::title(Scene& scene) {
     tagged(s.line({x0, top}, {x1, top}, thin()), {}, Mark::Normal, kNotes);
     const double headPt = o_.textPt + 2;
     std::string lines;
-    for (const auto& l : in_.projectInfo)
+    for (const auto& l : o_.projectLines ? in_.projectInfo : std::array<std::string, 3>{})
         if (!trim(l).empty())
             lines += (lines.empty() ? "" : "\n") + fitText(trim(l), titleRoomEm(drawn, o_.textPt), kTitleLines);
     const std::string head =
@@ -37,7 +39,7 @@ void Builder::title(Scene& scene) {
     }
     // Notes flow along the lines the view leaves them.
     double x = x0;
-    const double room = o_.viewWidthPt > 0 ? o_.viewWidthPt * pt_ : 1e9;
+    const double room = titleRoomPt(drawn) * pt_;
     for (const auto& n : notes_) {
         const double w = widthOf(n.text);
         if (x > x0 && x - x0 + w > room) {
@@ -54,7 +56,7 @@ void Builder::title(Scene& scene) {
             problems += (problems.empty() ? "" : "\n") + fitText(p, titleRoomEm(drawn, o_.textPt));
         text(s, {x0, y}, problems, {}, Mark::Error, HAlign::Left, VAlign::Top).level = kNotes;
     }
-    placeLabels(s, pt_);
+    keepLabelRoom(s, pt_); // set line by line, clear of one another
     append(scene, std::move(s), {0, 0});
 }
 
