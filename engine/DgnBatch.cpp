@@ -12,6 +12,8 @@
 // Every other well-formed line is one element of the drawing.
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <numbers>
 #include <sstream>
@@ -156,26 +158,44 @@ int main(int argc, char** argv) {
         first = false;
     }
     json += "]}";
-    const std::string geojson = base + "e.geojson";
-    std::ofstream(geojson, std::ios::binary) << json;
+    // The intermediate file and the new drawing are made in a folder of our own beside the script, where no one
+    // can have put a link to another file; the drawing is then renamed into place, over whatever has its name.
     const std::string dgn = base + "e.dgn";
+    const auto slash = base.find_last_of('/');
+    std::string work =
+        (slash == std::string::npos ? std::string(".") : base.substr(0, slash)) + "/.tarnwick-dgnbatch-XXXXXX";
+    if (!mkdtemp(work.data())) {
+        std::fprintf(stderr, "tarnwick-dgnbatch: no folder for the drawing beside %s\n", script.c_str());
+        return 1;
+    }
+    const std::string geojson = work + "/drawing.geojson", made = work + "/drawing.dgn";
+    const int fd = open(geojson.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    const bool written = fd >= 0 && write(fd, json.data(), json.size()) == static_cast<ssize_t>(json.size());
+    if (fd >= 0) close(fd);
     std::remove(dgn.c_str());
 
-    const pid_t pid = fork();
-    if (pid == 0) {
-        // Only the fields a design file has; the label style travels as the feature's style.
-        if (first)
-            execlp("ogr2ogr", "ogr2ogr", "-f", "DGN", dgn.c_str(), geojson.c_str(), static_cast<char*>(nullptr));
-        else
-            execlp("ogr2ogr", "ogr2ogr", "-f", "DGN", "-select", "Level,ColorIndex,Weight,Style,Text", dgn.c_str(),
-                   geojson.c_str(), static_cast<char*>(nullptr));
-        std::fprintf(stderr, "tarnwick-dgnbatch: ogr2ogr (GDAL) is needed to write the drawing and was not found\n");
-        _exit(127);
+    int status = 1;
+    if (written) {
+        const pid_t pid = fork();
+        if (pid == 0) {
+            // Only the fields a design file has; the label style travels as the feature's style.
+            if (first)
+                execlp("ogr2ogr", "ogr2ogr", "-f", "DGN", made.c_str(), geojson.c_str(), static_cast<char*>(nullptr));
+            else
+                execlp("ogr2ogr", "ogr2ogr", "-f", "DGN", "-select", "Level,ColorIndex,Weight,Style,Text", made.c_str(),
+                       geojson.c_str(), static_cast<char*>(nullptr));
+            std::fprintf(stderr,
+                         "tarnwick-dgnbatch: ogr2ogr (GDAL) is needed to write the drawing and was not found\n");
+            _exit(127);
+        }
+        if (pid < 0 || waitpid(pid, &status, 0) < 0) status = 1;
     }
-    int status = 0;
-    if (pid < 0 || waitpid(pid, &status, 0) < 0) status = 1;
+    const bool drawn =
+        written && WIFEXITED(status) && WEXITSTATUS(status) == 0 && rename(made.c_str(), dgn.c_str()) == 0;
     std::remove(geojson.c_str());
-    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+    std::remove(made.c_str());
+    rmdir(work.c_str());
+    if (!drawn) {
         std::fprintf(stderr, "tarnwick-dgnbatch: the drawing %s could not be written\n", dgn.c_str());
         return 1;
     }

@@ -38,6 +38,9 @@ const char* kUsage =
     "                                    every input (by its prompt, both values in the units) and bent\n"
     "                                    that differs; --names adds the control names; exit 0 the same,\n"
     "                                    1 different, 2 a file that does not read\n"
+    "  tarnwick recover --list           the unsaved work put aside before Open, New, Exit or a reload\n"
+    "                                    discarded it, newest first: number, time, project, path, bents\n"
+    "  tarnwick recover N --output FILE  copy N of that list written as a project file\n"
     "  tarnwick replay SCRIPT            play a script of form events (\"-\" reads standard input)\n"
     "  tarnwick draw FILE [--bent N] OUT the bent drawn from FILE's inputs (row N of the bent table for the\n"
     "                                    elevation, default 1) as SVG, PDF or PNG by OUT's suffix\n"
@@ -66,7 +69,7 @@ std::string defaultProgramDir() {
 
 bool isCommand(const std::string& arg) {
     return arg == "check" || arg == "dump" || arg == "run" || arg == "replay" || arg == "view" || arg == "draw" ||
-           arg == "report" || arg == "table" || arg == "diff" || arg.rfind('-', 0) == 0;
+           arg == "report" || arg == "table" || arg == "diff" || arg == "recover" || arg.rfind('-', 0) == 0;
 }
 
 // A whole, positive number of seconds; 0 for anything else.
@@ -185,6 +188,7 @@ int command(int& argc, char** argv, const Arguments& a) {
         if (cmd == "run" && rest.size() == 1) return tw::cliRun(opt, rest[0]);
         if (cmd == "table" && !rest.empty()) return tw::cliTable(opt, rest);
         if (cmd == "diff" && rest.size() == 2) return tw::cliDiff(opt, rest[0], rest[1]);
+        if (cmd == "recover" && !rest.empty()) return tw::cliRecover(opt, rest);
         if (cmd == "draw" && (rest.size() == 2 || rest.size() == 4)) return tw::cliDraw(opt, rest);
         if (cmd == "report" && rest.size() == 2) return tw::cliReport(opt, rest[0], rest[1]);
     } catch (const std::bad_alloc&) {

@@ -40,7 +40,7 @@ run() {
     (ulimit -v "$limit" && exec timeout 60 "$tarnwick" --program-dir "$program_dir" "$@") >out.txt 2>err.txt || rc=$?
   fi
   # What libraries say of themselves when memory runs out as they load is not ours.
-  err=$(grep -v -e '^QStandardPaths' -e '^Fontconfig' -e '^Error in GnuTLS' err.txt)
+  err=$(grep -v -e '^QStandardPaths' -e '^Fontconfig' -e '^Error in GnuTLS' -e '^qt.gui.imageio: libpng' -e '^libpng' err.txt)
 }
 
 # Exit 1 and one line that starts with "tarnwick:" and holds $1.
@@ -83,7 +83,7 @@ full-disk)
                          shift; "$@" >/dev/null 2>"$0"; rc=$?; ls -A "$d" | grep -v "^filler$" >"$0.left"; exit $rc' \
         "$work/err.txt" "$work/full" "$tarnwick" --program-dir "$program_dir" $command "$out" || rc=$?
       # What libraries say of themselves when memory runs out as they load is not ours.
-  err=$(grep -v -e '^QStandardPaths' -e '^Fontconfig' -e '^Error in GnuTLS' err.txt)
+  err=$(grep -v -e '^QStandardPaths' -e '^Fontconfig' -e '^Error in GnuTLS' -e '^qt.gui.imageio: libpng' -e '^libpng' err.txt)
       refused "Disk full" "$command out.$suffix"
       [ -s err.txt.left ] && fail "$command out.$suffix left $(cat err.txt.left) behind"
     done

@@ -4,26 +4,13 @@
 # comparison of two projects (`tarnwick diff`), through the command line.
 # Usage: spreadsheet-roads.sh table|diff TARNWICK PROGRAM_DIR SAMPLES_DIR WORK_DIR
 set -uo pipefail
+source "$(dirname "$0")/cli-cases.sh"
 mode=$1 tarnwick=$2 program_dir=$3 samples=$4 work=$5
 rm -rf "$work"
 mkdir -p "$work/xdg"
 export XDG_CONFIG_HOME=$work/xdg QT_QPA_PLATFORM=offscreen
 cd "$work" || exit 1
 cp "$samples"/*.ebnt .
-failures=0
-
-fail() {
-  echo "FAILED: $*"
-  failures=$((failures + 1))
-}
-
-# Sets rc, out and err.
-run() {
-  rc=0
-  "$tarnwick" --program-dir "$program_dir" "$@" >out.txt 2>err.txt || rc=$?
-  out=$(cat out.txt)
-  err=$(cat err.txt)
-}
 
 expect() { # STATUS WHAT...
   local want=$1
@@ -52,18 +39,64 @@ table_cases() {
   run check new.ebnt
   [[ "$out" == "new.ebnt: ok (3 bents, 5 beams, Pile Intermediate Bent)" ]] || fail "check of the new project: $out"
 
-  # A comma and a quote inside a cell come back quoted, the quote doubled.
-  printf '"7,",,,1,2,3,4,5\n"8""",,,1,2,3,4,5\n' >quoted.csv
-  run table intermediate.ebnt --add quoted.csv --output quoted.ebnt
-  expect 0 "quoted cells"
-  run table quoted.ebnt
-  [[ "$out" == *$'\r\n"7,",,,1.00,2.00,3.00,4.00,5.00\r\n"8""",,,1.00'* ]] || fail "quoting in the output: $out"
+  # A spreadsheet's "CSV UTF-8" begins with a byte-order mark, its "Unicode text" is UTF-16 with one: the heading
+  # is still the heading.
+  { printf '\xef\xbb\xbf'; crlf "$heading" '5,,,1,2,3,4,5'; } >bom.csv
+  { printf '\xff\xfe'; printf '%s\r\n' "${heading//,/$'\t'}" $'6\t\t\t1\t2\t3\t4\t5' | iconv -f UTF-8 -t UTF-16LE; } >utf16.txt
+  for rows in bom.csv utf16.txt; do
+    run table intermediate.ebnt --add "$rows" --output bom.ebnt
+    expect 0 "rows of $rows"
+    run table bom.ebnt
+    [[ "$out" == *$'\r\n'[56]',,,1.00,2.00,3.00,4.00,5.00'* ]] || fail "rows of $rows: $out"
+  done
 
-  # A refused row (a repeated bent number) stops everything; the line counts a cell's own line breaks.
-  printf '"5\n",,,1,2,3,4,5\n2,,,1,2,3,4,5\n6,,,1,2,3,4,5\n' >repeat.csv
+  # Only what typing could enter: a bent number of one or two digits, numbers that fit their field's columns.
+  # Anything else is refused by line and column before anything is added, and nothing is written.
+  local -a refusals=(
+    '12345,,,1,2,3,4,5@@column "Bent Number": "12345" is not a bent number of one or two digits'
+    '"7,",,,1,2,3,4,5@@column "Bent Number": "7," is not a bent number of one or two digits'
+    "8,\"=cmd|' /C calc'!A0\",1,1,2,3,4,5@@column \"Bottom Left Cap\": \"=cmd|' /C calc'!A0\" is not a number as the field takes it (digits, one \".\" and a leading \"-\")"
+    '8,,,12345678,2,3,4,5@@column "1Step": "12345678" does not fit the field, which holds -999.99 to 9999.99'
+    '8,,,1,2,3,4,-1000@@column "5Step": "-1000" does not fit the field, which holds -999.99 to 9999.99'
+  )
+  for refusal in "${refusals[@]}"; do
+    rm -f refused.ebnt
+    printf '9,,,1,2,3,4,5\n%s\n' "${refusal%%@@*}" >refused.csv
+    run table intermediate.ebnt --add refused.csv --output refused.ebnt
+    expect 1 "${refusal#*@@}"
+    [ "$err" = "refused.csv:2: ${refusal#*@@}" ] || fail "refused: $err"
+    [ ! -e refused.ebnt ] || fail "a refused row still wrote refused.ebnt"
+  done
+  # A cell of a megabyte is quoted by its beginning.
+  { printf '9,,,1,2,3,4,5\n8,,,1,2,3,4,'; head -c 1100000 /dev/zero | tr '\0' 9; printf '\n'; } >big.csv
+  run table intermediate.ebnt --add big.csv --output refused.ebnt
+  expect 1 "a cell of a megabyte"
+  [ "$err" = 'big.csv:2: column "5Step": "999999999999999999999999999999999999999…" does not fit the field, which holds -999.99 to 9999.99' ] ||
+    fail "a cell of a megabyte: ${err:0:200}"
+  [ ! -e refused.ebnt ] || fail "a cell of a megabyte still wrote refused.ebnt"
+  # The widest that fits goes in whole.
+  printf '99,,,9999.99,-999.99,0.005,-.5,1\n' >widest.csv
+  run table intermediate.ebnt --add widest.csv --output widest.ebnt
+  expect 0 "the widest numbers"
+  run table widest.ebnt
+  [[ "$out" == *$'\r\n99,,,9999.99,-999.99,0.01,-0.50,1.00\r' ]] || fail "the widest numbers: $out"
+  # A heading that is not this table's says so.
+  printf 'Bent Number,Bottom Left Cap,Bottom Rigth Cap,1Step,2Step,3Step,4Step,5Step\n9,,,1,2,3,4,5\n' >heading.csv
+  run table intermediate.ebnt --add heading.csv --output refused.ebnt
+  expect 1 "another heading"
+  [ "$err" = 'heading.csv:1: line 1 is a heading, but not this bent table'"'"'s: column 3 is "Bottom Rigth Cap" where the table has "Bottom Right Cap"' ] || fail "another heading: $err"
+
+  # A refused row (a repeated bent number) stops everything; the line counts blank lines and a cell's own line
+  # breaks (a line break is no part of a bent number).
+  printf '\n5,,,1,2,3,4,5\n\n2,,,1,2,3,4,5\n6,,,1,2,3,4,5\n' >repeat.csv
   run table intermediate.ebnt --add repeat.csv --output refused.ebnt
   expect 1 "a repeated bent"
-  [ "$err" = "repeat.csv:3: You have entered the repeated Bent Number. Please check!" ] || fail "repeated: $err"
+  [ "$err" = "repeat.csv:4: You have entered the repeated Bent Number. Please check!" ] || fail "repeated: $err"
+  printf '5,,,1,2,3,4,5\n"6\n",,,1,2,3,4,5\n' >broken.csv
+  run table intermediate.ebnt --add broken.csv --output refused.ebnt
+  expect 1 "a line break in a bent number"
+  [ "$err" = 'broken.csv:2: column "Bent Number": "6\x0A" is not a bent number of one or two digits' ] ||
+    fail "a line break in a bent number: $err"
   [ ! -e refused.ebnt ] || fail "a refused row still wrote refused.ebnt"
 
   printf '9,,,1,2,,4,5\n' >missing-step.csv

@@ -32,6 +32,8 @@ int cliRun(const CliOptions& opt, const std::string& file);
 int cliTable(const CliOptions& opt, const std::vector<std::string>& args);
 // diff A B: the inputs and bents that differ; 0 the same, 1 different, 2 an error.
 int cliDiff(const CliOptions& opt, const std::string& a, const std::string& b);
+// recover --list | recover N --output FILE: the put-aside copies of unsaved work.
+int cliRecover(const CliOptions& opt, const std::vector<std::string>& args);
 // draw FILE [--bent N] OUT; needs the application of paintingApplication().
 int cliDraw(const CliOptions& opt, const std::vector<std::string>& args);
 // report FILE OUT: the checker's report as a PDF; needs the application of paintingApplication().

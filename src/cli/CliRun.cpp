@@ -19,7 +19,7 @@ int cliRun(const CliOptions& opt, const std::string& file) {
     std::cout.flush();
     if (!session.user.sawMessageStartingWith("The program has finished running.")) return 1;
     // Finished, but the engine's listing tells of an error in what it was given.
-    return concreteDataIsClean(session.app.session().runOutputBase() + ".ebntc") ? 0 : 3;
+    return concreteDataIsClean(session.platform, session.app.session().runOutputBase() + ".ebntc") ? 0 : 3;
 }
 
 } // namespace tw

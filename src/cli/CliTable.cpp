@@ -4,7 +4,6 @@
 #include "cli/QuietProject.h"
 #include "core/benttable/BentRows.h"
 #include "platform/FileRead.h"
-#include "platform/SafeFile.h"
 
 #include <iostream>
 
@@ -25,21 +24,11 @@ int addRows(QuietProject& project, const std::string& rowsFile, const std::strin
     project.ports.lastMessage.clear();
     const PasteOutcome outcome = project.app.actions.pasteBents(rows.bytes);
     if (outcome.refusedLine) {
-        std::cerr << rowsFile << ':' << *outcome.refusedLine << ": " << project.why() << '\n';
+        std::cerr << rowsFile << ':' << *outcome.refusedLine << ": "
+                  << (outcome.refusal.empty() ? project.why() : outcome.refusal) << '\n';
         return 1;
     }
-    project.ports.lastMessage.clear();
-    project.ports.keepSaves = true;
-    if (!project.app.writeFile(output) || !project.ports.saved || !project.ports.lastMessage.empty()) {
-        std::cerr << output << ": " << (project.ports.lastMessage.empty() ? "not written" : project.why()) << '\n';
-        return 1;
-    }
-    const WriteResult w = replaceFile(output, *project.ports.saved);
-    if (w.errorNumber) {
-        std::cerr << output << ": " << oneLine(w.error) << '\n';
-        return 1;
-    }
-    return 0;
+    return project.writeTo(output);
 }
 
 } // namespace

@@ -38,6 +38,9 @@ struct QuietProject {
     // False when the file cannot be read; why() then says what the box would have.
     bool read(const std::string& file, std::vector<std::string>* notes = nullptr);
     std::string why() const { return oneLine(ports.lastMessage); }
+    // Writes the project to `output` as a save would, but only when the whole
+    // save went through without a word; 0, or 1 with the reason on standard error.
+    int writeTo(const std::string& output);
 
     QuietFilePorts ports;
     App app;

@@ -44,7 +44,7 @@ const std::vector<std::pair<std::string, Replay::Verb>>& Replay::verbs() {
         {"grid", &Replay::grid},         {"counter", &Replay::counter}, {"register", &Replay::registerLine},
         {"setting", &Replay::setting},   {"undo", &Replay::undo},       {"redo", &Replay::redo},
         {"modified", &Replay::modified}, {"status", &Replay::status},   {"paste-bents", &Replay::pasteBents},
-        {"copy", &Replay::copy},         {"recent", &Replay::recent},
+        {"copy", &Replay::copy},         {"recent", &Replay::recent},   {"bring-up-to-date", &Replay::bringUpToDate},
     };
     return table;
 }
@@ -58,7 +58,8 @@ std::vector<std::string> Replay::verbNames() {
 
 bool Replay::fail(const Line& l, const std::string& why) {
     out_.flush();
-    err_ << "replay: line " << l.number << ": " << why << '\n';
+    // The reason may quote the script, and the script may hold what a terminal takes for commands.
+    err_ << "replay: line " << l.number << ": " << printableText(why) << '\n';
     return false;
 }
 
@@ -285,6 +286,11 @@ bool Replay::recent(const Line&) {
     return true;
 }
 
+bool Replay::bringUpToDate(const Line&) {
+    app_.actions.apply(cmd::BringUpToDate{});
+    return true;
+}
+
 bool Replay::undo(const Line&) {
     app_.actions.undo();
     return true;
@@ -339,7 +345,7 @@ void Replay::holdOpenFile() {
         hold_.release();
         return;
     }
-    if (hold_.hold(known->path)) ports_.bar(openTwiceText(known->path), kOpenTwiceTitle);
+    if (hold_.hold(known->path)) ports_.note(openTwiceText(known->path), {});
 }
 
 int Replay::run(std::istream& script) {

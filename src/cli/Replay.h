@@ -79,6 +79,7 @@ class Replay {
     bool pasteBents(const Line& l);
     bool copy(const Line& l);
     bool recent(const Line& l);
+    bool bringUpToDate(const Line& l);
 
     // What the window's watcher would tell: the project's file changed on
     // disk; Yes reads it again, as the bar's Reload does.

@@ -53,10 +53,6 @@ MsgAnswer ReplayPorts::message(const std::string& text, const std::string& title
     return a;
 }
 
-void ReplayPorts::bar(const std::string& text, const std::string& title) {
-    out_ << "message " << quote(title) << ' ' << quote(text) << " OK none -> OK\n";
-}
-
 std::optional<std::string> ReplayPorts::fileDialog(const FileDialogRequest& r) {
     std::optional<std::string> path;
     if (!files_.empty()) {
@@ -127,5 +123,12 @@ void ReplayPorts::pictureLoaded(const std::string& control, const std::string& f
 void ReplayPorts::notice(const std::string& text) {
     if (err_ && !text.empty()) *err_ << "tarnwick: warning: " << text << '\n';
 }
+
+// What the window says beside the user's work without stopping it.
+void ReplayPorts::note(const std::string& text, const std::string&) {
+    if (err_ && !text.empty()) *err_ << "tarnwick: note: " << text << '\n';
+}
+
+void ReplayPorts::toldPutAside(const std::string& text, const std::string&) { note(text, {}); }
 
 } // namespace tw

@@ -31,9 +31,6 @@ class ReplayPorts : public UserPorts {
     bool sawMessageStartingWith(const std::string& prefix) const;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) override;
-    // What the window tells in a bar above the form: a message line with
-    // only OK, which takes no answer from the queue.
-    void bar(const std::string& text, const std::string& title);
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
     bool printerDialog() override;
     void print(const PrintDocument& doc) override;
@@ -42,6 +39,8 @@ class ReplayPorts : public UserPorts {
     void windowClose(const std::string& form) override;
     void pictureLoaded(const std::string& control, const std::string& file) override;
     void notice(const std::string& text) override;
+    void note(const std::string& text, const std::string& field) override;
+    void toldPutAside(const std::string& text, const std::string& copy) override;
 
   private:
     std::ostream& out_;
@@ -82,6 +81,9 @@ class ReplaySystem : public SystemPorts {
     }
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
         return platform_.readFile(path, maxBytes);
+    }
+    PutAside putAside(const std::string& bytes, const std::string& command) override {
+        return platform_.putAside(bytes, command);
     }
 
   private:

@@ -1,19 +1,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/EngineListing.h"
 
-#include <fstream>
-
 namespace tw {
 
-bool concreteDataIsClean(const std::string& concreteFile) {
-    std::ifstream in(concreteFile, std::ios::binary);
-    if (!in) return true;
+bool concreteDataIsClean(SystemPorts& system, const std::string& concreteFile) {
+    const ReadResult listing = system.readFile(concreteFile, kMaxListingBytes);
     // Read as comma-separated items, as the listing is; the marker holds
     // neither a comma nor a line break, so it never spans two items.
-    std::string item;
-    while (std::getline(in, item, ','))
-        if (item.find("ERROR LINE") != std::string::npos) return false;
-    return true;
+    return listing.errorNumber || listing.bytes.find("ERROR LINE") == std::string::npos;
 }
 
 } // namespace tw

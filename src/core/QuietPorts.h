@@ -52,6 +52,9 @@ class QuietPorts : public UserPorts, public SystemPorts {
     WriteResult writeFile(const std::string& path, const std::string&) override {
         return {err::kFileAccess, "Path/File access error: nothing is written here, so " + path + " was left alone"};
     }
+    PutAside putAside(const std::string&, const std::string&) override {
+        return {false, {}, {}, "nothing is kept by a command without a window"};
+    }
 
   private:
     std::map<std::string, std::string> settings_;

@@ -16,6 +16,10 @@ std::string quote(std::string_view text);
 // The text as one line: line breaks and tabs escaped as in quoted words.
 std::string oneLine(std::string_view text);
 
+// UTF-8 text as it may reach a terminal: control characters (C0, DEL, C1)
+// and bytes that are no UTF-8 written as \xHH, so none of them acts.
+std::string printableText(std::string_view text);
+
 struct ScriptWord {
     std::string text;
     bool quoted = false;

@@ -75,6 +75,9 @@ struct WriteResult {
     std::string error;
 };
 
+// An INI file is a page of settings; one far larger than this is not read.
+inline constexpr std::uintmax_t kMaxIniBytes = 1024 * 1024;
+
 // A file read whole: its bytes, or the run-time error that stopped it.
 struct ReadResult {
     std::string bytes;
@@ -86,6 +89,14 @@ struct ReadResult {
 struct AssociatedProgram {
     enum class Status { Found, NoAssociation, Unreadable } status = Status::NoAssociation;
     std::string command; // program, possibly followed by "%1"-style placeholders
+};
+
+// A copy of unsaved work, put aside before a command discards it.
+struct PutAside {
+    bool kept = false;
+    std::string path;  // where the copy lies
+    std::string time;  // when it was kept, as the clock shows it ("HH:MM")
+    std::string error; // why it could not be kept
 };
 
 struct PrintDocument {
@@ -127,6 +138,13 @@ class UserPorts {
     // Beside the last notice, one click away: open this drawing in the
     // program's own viewer. Empty withdraws the offer.
     virtual void offerDrawingViewer(const std::string& /*drawing*/) {}
+    // A word about what the user just did (a key a field refused, a file
+    // read with fewer bents): the status bar and, for `field`, a balloon at
+    // its caret. It stands like a notice.
+    virtual void note(const std::string& text, const std::string& /*field*/) { notice(text); }
+    // Unsaved work was put aside before a command discarded it, or could not
+    // be: a bar above the form, with Restore when `copy` names the copy.
+    virtual void toldPutAside(const std::string& /*text*/, const std::string& /*copy*/) {}
 
     // Screen size in twips, for centring forms.
     virtual int screenWidthTwips() const { return 1366 * kTwipsPerPixel; }
@@ -175,6 +193,11 @@ class SystemPorts {
     // folder, a device, a pipe, a larger file) and every failure to read is
     // refused with a description that names the cause.
     virtual ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) = 0;
+
+    // Keeps `bytes` (a recovery file of the project) in the user's own
+    // folder of put-aside work, before `command` discards what they hold.
+    // Never blocks: a copy that cannot be written says why.
+    virtual PutAside putAside(const std::string& bytes, const std::string& command) = 0;
 };
 
 } // namespace tw

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/BentTable.h"
+#include "gui/FocusMarker.h"
 
 #include "core/app/App.h"
 #include "gui/Binder.h"
@@ -7,12 +8,14 @@
 #include "gui/FormPages.h"
 #include "platform/QtText.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSplitter>
@@ -215,6 +218,15 @@ QModelIndex FrozenColumnTable::moveCursor(CursorAction cursorAction, Qt::Keyboar
     return current;
 }
 
+bool FrozenColumnTable::event(QEvent* e) {
+    const bool done = QTableView::event(e);
+    if (e->type() == QEvent::Paint && hasFocus()) {
+        QPainter p(this);
+        drawFocusMarker(p, this, rect());
+    }
+    return done;
+}
+
 void FrozenColumnTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (index.column() > 0) QTableView::scrollTo(index, hint);
 }
@@ -294,17 +306,18 @@ QWidget* BentTablePage::tablePanel() {
     auto* panel = new QWidget;
     auto* v = new QVBoxLayout(panel);
     v->setContentsMargins(4, 0, 0, 0);
-    // Two rows of the row commands and the moves beside them, so the table
-    // keeps a narrow minimum width beside the entry fields and the drawing.
+    // The row commands two abreast and the moves beside them, so the table
+    // keeps a narrow minimum width beside the entry fields and the drawing
+    // on a 1024 px screen.
     auto* buttons = new QGridLayout;
     buttons->setHorizontalSpacing(4);
     buttons->setVerticalSpacing(2);
     for (int i = 0; i < 6; ++i)
-        buttons->addWidget(binder_.button(CtlId(Ctl::cmdQuantity, i)), i / 3, i % 3);
-    buttons->setColumnMinimumWidth(3, 12);
-    buttons->addWidget(binder_.button(Ctl::cmdMoveUp), 0, 4);
-    buttons->addWidget(binder_.button(Ctl::cmdMoveDown), 1, 4);
-    buttons->setColumnStretch(5, 1);
+        buttons->addWidget(binder_.button(CtlId(Ctl::cmdQuantity, i)), i / 2, i % 2);
+    buttons->setColumnMinimumWidth(2, 12);
+    buttons->addWidget(binder_.button(Ctl::cmdMoveUp), 0, 3);
+    buttons->addWidget(binder_.button(Ctl::cmdMoveDown), 1, 3);
+    buttons->setColumnStretch(4, 1);
     v->addLayout(buttons);
 
     model_ = new BentTableModel(app_.project().table(), this);

@@ -50,6 +50,8 @@ class FrozenColumnTable : public QTableView {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    // The frame marks the focus, also when no cell is current.
+    bool event(QEvent* event) override;
     QModelIndex moveCursor(CursorAction cursorAction, Qt::KeyboardModifiers modifiers) override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     void updateGeometries() override;

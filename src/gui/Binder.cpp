@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/Binder.h"
+#include "core/form/FormPrompts.h"
 #include "core/model/Inputs.h"
 #include "gui/WrapLabel.h"
 #include "platform/QtText.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
@@ -74,6 +76,20 @@ class WheelSafeCombo : public QComboBox {
     }
 };
 
+// A key of one of the window's commands that a text field does not edit with.
+bool windowCommandKey(const QWidget* field, const QKeyEvent* ke) {
+    if (!(ke->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))) return false;
+    for (auto own : {QKeySequence::Undo, QKeySequence::Redo, QKeySequence::Copy, QKeySequence::Cut, QKeySequence::Paste,
+                     QKeySequence::SelectAll, QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
+                     QKeySequence::MoveToNextWord, QKeySequence::MoveToPreviousWord, QKeySequence::SelectNextWord,
+                     QKeySequence::SelectPreviousWord})
+        if (ke->matches(own)) return false;
+    const QKeySequence pressed(ke->keyCombination());
+    for (const QAction* a : field->window()->findChildren<QAction*>())
+        if (a->isEnabled() && a->shortcuts().contains(pressed)) return true;
+    return false;
+}
+
 } // namespace
 
 namespace {
@@ -81,6 +97,8 @@ namespace {
 // The unit and the limits of a number field, as its format on leaving sets them.
 QString unitAndLimits(const CtlId& id) {
     const InputRule& r = inputRule(id);
+    if (id.ctl == Ctl::txtProjectInfo)
+        return QStringLiteral("Free text, written as typed: title line %1 of the engine's listings").arg(id.index + 1);
     if (r.kind == InputKind::BentNumber)
         return QStringLiteral("A bent number from 1 to 99, typed with the digits 1 to 9 (no zero)");
     if (r.kind != InputKind::Number) return {};
@@ -153,6 +171,8 @@ QLabel* Binder::label(const CtlId& id, QWidget* parent, bool clickable) {
     if (clickable) {
         l->installEventFilter(this);
         l->setCursor(Qt::PointingHandCursor);
+        // A link the keyboard reaches too: Tab to it, Enter or Space opens it.
+        l->setFocusPolicy(Qt::StrongFocus);
         l->setStyleSheet(QStringLiteral("QLabel { color: palette(link); text-decoration: underline; }"));
     }
     add(id, Type::Label, l);
@@ -203,9 +223,14 @@ const Binder::Binding* Binder::find(const QObject* w) const {
 }
 
 QWidget* Binder::widgetFor(const CtlId& id) const {
-    for (const auto& b : bindings_)
-        if (b.id == id) return b.widget;
-    return nullptr;
+    // The control itself before a prompt or unit whose visibility follows it.
+    QWidget* follower = nullptr;
+    for (const auto& b : bindings_) {
+        if (!(b.id == id)) continue;
+        if (b.type != Type::Other) return b.widget;
+        if (!follower) follower = b.widget;
+    }
+    return follower;
 }
 
 std::optional<CtlId> Binder::idOf(const QWidget* w) const {
@@ -213,11 +238,11 @@ std::optional<CtlId> Binder::idOf(const QWidget* w) const {
     return std::nullopt;
 }
 
-QString Binder::toolTipFor(const CtlId& id) const {
+QString Binder::promptFor(const CtlId& id) const {
     // The field itself, not a prompt or unit whose visibility follows it.
     QWidget* w = nullptr;
     for (const auto& b : bindings_)
-        if (b.id == id && b.type == Type::Line) w = b.widget;
+        if (b.id == id && (b.type == Type::Line || b.type == Type::Combo)) w = b.widget;
     QString prompt;
     // The prompt is what stands left of the field in its grid (one label or
     // several); rows without a worded one go by the input's name.
@@ -234,11 +259,33 @@ QString Binder::toolTipFor(const CtlId& id) const {
             if (prompt.size() < 4) prompt.clear(); // a row number, not a prompt
         }
     }
+    if (prompt.isEmpty() && data(id).kind == Kind::ComboBox) prompt = q(choicePrompt(id.ctl));
     if (prompt.isEmpty()) prompt = q(inputLabel(id));
-    QStringList lines{prompt.simplified()};
+    return prompt.simplified();
+}
+
+QString Binder::toolTipFor(const CtlId& id) const {
+    QStringList lines{promptFor(id)};
+    if (data(id).kind == Kind::ComboBox) {
+        QStringList items;
+        for (const auto& item : data(id).items)
+            items << q(item);
+        lines << QStringLiteral("Choices: %1").arg(items.join(QStringLiteral(", ")));
+    }
     if (const QString limits = unitAndLimits(id); !limits.isEmpty()) lines << limits;
     if (data(id).locked) lines << QString::fromUtf8(kClosingFieldTip);
     return lines.join(QLatin1Char('\n'));
+}
+
+void Binder::nameSince(size_t first) {
+    if (form_ != FormId::Main) return;
+    for (size_t i = first; i < bindings_.size(); ++i) {
+        const Binding& b = bindings_[i];
+        if (!b.widget || (b.type != Type::Line && b.type != Type::Combo) || !isInput(b.id.ctl)) continue;
+        // What a screen reader says of the field: its prompt, then its unit and limits or choices.
+        b.widget->setAccessibleName(promptFor(b.id));
+        b.widget->setAccessibleDescription(toolTipFor(b.id).section(QLatin1Char('\n'), 1));
+    }
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
@@ -246,7 +293,8 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     if (!b) return false;
     switch (event->type()) {
     case QEvent::ToolTip: {
-        if (b->type != Type::Line || form_ != FormId::Main || !isInput(b->id.ctl)) return false;
+        if ((b->type != Type::Line && b->type != Type::Combo) || form_ != FormId::Main || !isInput(b->id.ctl))
+            return false;
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTipFor(b->id), b->widget);
         return true;
     }
@@ -261,7 +309,22 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
                 QTimer::singleShot(0, keep, [keep] { keep->setFocus(Qt::OtherFocusReason); });
         return false;
     }
+    case QEvent::ShortcutOverride: {
+        // A line edit claims some keys as its own (Ctrl+E moves to the end
+        // on X11); an application command's key goes to the window instead,
+        // unless the field edits with it.
+        auto* ke = static_cast<QKeyEvent*>(event);
+        if (!qobject_cast<QLineEdit*>(b->widget) || !windowCommandKey(b->widget, ke)) return false;
+        event->ignore();
+        return true;
+    }
     case QEvent::KeyPress: {
+        if (b->type == Type::Label) {
+            const int k = static_cast<QKeyEvent*>(event)->key();
+            if (k != Qt::Key_Return && k != Qt::Key_Enter && k != Qt::Key_Space) return false;
+            app_.actions.click(target(b->id));
+            return true;
+        }
         auto* edit = qobject_cast<QLineEdit*>(b->widget);
         if (!edit || form_ != FormId::Main) return false;
         auto* ke = static_cast<QKeyEvent*>(event);

@@ -59,6 +59,10 @@ class Binder : public QObject {
     // What hovering a field says: its prompt, its unit and its limits (and,
     // for a closing field, how it is worked out).
     QString toolTipFor(const CtlId& id) const;
+    // The words that stand before a field: its prompt.
+    QString promptFor(const CtlId& id) const;
+    // Gives the fields bound since `first` their prompt as accessible name, so a screen reader reads the form.
+    void nameSince(size_t first);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -4,6 +4,7 @@
 #include "core/QuietPorts.h"
 #include "core/app/App.h"
 #include "core/app/ProjectDiff.h"
+#include "gui/SmallWindows.h"
 #include "platform/FileRead.h"
 #include "platform/QtText.h"
 
@@ -66,6 +67,7 @@ CompareWindow::CompareWindow(const App& app, const QString& file, QWidget* paren
     v->addWidget(list_, 1);
     v->addWidget(buttons);
     resize(900, 420);
+    makeSmallWindow(this, QStringLiteral("compareWith"), parent);
 }
 
 } // namespace tw

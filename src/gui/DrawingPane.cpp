@@ -10,9 +10,12 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
+
 #include <QVBoxLayout>
+#include <tuple>
 
 namespace tw {
 
@@ -41,11 +44,17 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
     view_ = new LaidOutView;
     view_->setObjectName(QStringLiteral("drawingView"));
     view_->setToolTip(QStringLiteral("Wheel: zoom. Drag: pan. Double-click or F: fit."));
-    const std::pair<const char*, void (SceneView::*)()> buttons[] = {
-        {"Fit", &SceneView::fit}, {"Zoom in", &SceneView::zoomIn}, {"Zoom out", &SceneView::zoomOut}};
-    for (const auto& [text, slot] : buttons) {
+    // Short captions, their words in the tooltips: the pane keeps a narrow
+    // minimum width beside the form on a small screen.
+    const std::tuple<const char*, const char*, void (SceneView::*)()> buttons[] = {
+        {"Fit", "Fit the drawing to the pane (F)", &SceneView::fit},
+        {"+", "Zoom in (wheel up)", &SceneView::zoomIn},
+        {"\u2212", "Zoom out (wheel down)", &SceneView::zoomOut}};
+    for (const auto& [text, tip, slot] : buttons) {
         auto* b = new QToolButton;
-        b->setText(QString::fromLatin1(text));
+        b->setText(QString::fromUtf8(text));
+        b->setToolTip(QString::fromLatin1(tip));
+        b->setAccessibleName(QString::fromLatin1(tip));
         b->setAutoRaise(true);
         connect(b, &QToolButton::clicked, view_, slot);
         bar->addWidget(b);
@@ -68,6 +77,14 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
     stale_->setFrameShape(QFrame::StyledPanel);
     stale_->hide();
     v->addWidget(stale_);
+    bringUpToDate_ = new QPushButton(tr("Bring up to date"));
+    bringUpToDate_->setObjectName(QStringLiteral("paneBringUpToDate"));
+    bringUpToDate_->setToolTip(tr("Work out the closing values again now, as a change of tab does"));
+    bringUpToDate_->hide();
+    connect(bringUpToDate_, &QPushButton::clicked, this, [this] {
+        if (onBringUpToDate) onBringUpToDate();
+    });
+    v->addWidget(bringUpToDate_, 0, Qt::AlignRight);
     setWidget(inner);
     view_->setLayout([this](double w, double h) { return layout(w, h); });
     connect(views_, &QComboBox::currentIndexChanged, this, [this] {
@@ -108,6 +125,7 @@ void DrawingPane::showProject(const App& app) {
     const QString stale = q(staleClosingNote(app.session()));
     if (stale_->text() != stale) stale_->setText(stale);
     stale_->setVisible(!stale.isEmpty());
+    bringUpToDate_->setVisible(!stale.isEmpty());
     const auto focus = app.focus();
     const std::string highlight = focus ? toString(drawing::drawnControl(*focus)) : std::string();
     if (highlight != view_->options().highlight) {

@@ -9,12 +9,14 @@
 
 #include <QDockWidget>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <utility>
 
 class QComboBox;
 class QLabel;
+class QPushButton;
 
 namespace tw {
 
@@ -35,6 +37,9 @@ class DrawingPane : public QDockWidget {
     QLabel* fitNote() const { return fit_; }
     // How lengths read (View > Units).
     void setUnits(LengthUnits units);
+    // Its one click that brings them up to date, and what the click does.
+    QPushButton* bringUpToDateButton() const { return bringUpToDate_; }
+    std::function<void()> onBringUpToDate;
 
     QSize sizeHint() const override;
 
@@ -64,6 +69,7 @@ class DrawingPane : public QDockWidget {
     QComboBox* views_ = nullptr;
     QLabel* stale_ = nullptr;
     QLabel* fit_ = nullptr;
+    QPushButton* bringUpToDate_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;
     // The bent is first drawn once the window has shown its first frame:

@@ -69,6 +69,8 @@ QWidget* scrolledPage(QWidget* content) {
     area->setWidget(content);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    // Not a Tab stop of its own: Tab goes from field to field, and the area scrolls to each.
+    area->setFocusPolicy(Qt::NoFocus);
     return area;
 }
 

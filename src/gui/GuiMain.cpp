@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/GuiMain.h"
 
+#include "core/form/PutAside.h"
 #include "gui/DiskWatch.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormWindows.h"
@@ -11,19 +12,24 @@
 #include "gui/RecoveryBar.h"
 #include "gui/RecoveryKeeper.h"
 #include "gui/RunStatus.h"
+#include "gui/StatusMessages.h"
 #include "gui/StylePictures.h"
 #include "gui/ViewerMain.h"
 #include "gui/WindowSet.h"
 #include "platform/Platform.h"
+#include "platform/PutAsideStore.h"
 #include "platform/QuitOnSignals.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QLocale>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
+
+#include <cctype>
 
 #include <map>
 #include <memory>
@@ -68,6 +74,12 @@ class QuitAfterPaint : public QObject {
     bool quitting_ = false;
 };
 
+// When a copy was kept: the time alone today, with the day before that.
+std::string keptAt(const QDateTime& kept) {
+    const bool today = kept.date() == QDate::currentDate();
+    return QLocale().toString(kept, today ? QStringLiteral("HH:mm") : QStringLiteral("d MMM HH:mm")).toStdString();
+}
+
 QIcon programIcon() {
     // The resource holds the title-bar and task-switcher sizes only: the
     // larger pictures (for launchers) come from the installed icon theme, and
@@ -99,14 +111,20 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     if (ownApp) ownApp->onFailure = [&](const std::string& what) { app.reportFailure(what); };
 
     // Run's waits and words that need no answer stand in the status bar.
-    auto* runStatus = new RunStatus(main.statusBar());
+    RunStatus* runStatus = main.runStatus();
+    StatusMessages* messages = main.messages();
     ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
         runStatus->begin(what, std::move(cancel));
     };
     ports.onWaitEnds = [runStatus] { runStatus->end(); };
-    ports.onNotice = [runStatus](const std::string& text) { runStatus->notice(text); };
-    ports.onOfferViewer = [runStatus](const std::string& drawing) { runStatus->offerViewer(drawing); };
-    runStatus->openViewer = [&main, programDir](const std::string& drawing) {
+    ports.onNotice = [messages](const std::string& text) { messages->notice(QString::fromStdString(text)); };
+    platform.onWarning = [&ports](const std::string& text) {
+        ports.notice(text.empty()
+                         ? text
+                         : static_cast<char>(std::toupper(static_cast<unsigned char>(text[0]))) + text.substr(1));
+    };
+    ports.onOfferViewer = [messages](const std::string& drawing) { messages->offerViewer(drawing); };
+    messages->openViewer = [&main, programDir](const std::string& drawing) {
         openDrawingViewer(programDir, drawing, &main);
     };
 
@@ -136,8 +154,14 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         new QuitAfterPaint(&main);
     }
     windows.onMainShown = [&] {
-        for (auto& left : store.claimLeft())
-            main.addNotice(new RecoveryBar(app, store, std::move(left)));
+        offerLeftWork(app, store, main);
+        // What Exit put aside last time, offered once; old copies go.
+        PutAsideStore aside;
+        aside.prune();
+        for (const auto& copy : aside.claimLeftByExit())
+            main.tellPutAside(QString::fromStdString(putAsideText(copy.currentFile, keptAt(copy.kept), {})) +
+                                  QStringLiteral(" when Tarnwick last exited"),
+                              copy.path);
         if (!file.empty()) // `tarnwick FILE`: File > Open, its dialog answered with FILE
             QTimer::singleShot(0, &main, [&] {
                 if (auto* open = main.findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();

@@ -178,6 +178,15 @@ void GuiPorts::offerDrawingViewer(const std::string& drawing) {
     if (onOfferViewer) onOfferViewer(drawing);
 }
 
+void GuiPorts::note(const std::string& text, const std::string& field) {
+    notice(text);
+    if (onBalloon && !field.empty()) onBalloon(text, field);
+}
+
+void GuiPorts::toldPutAside(const std::string& text, const std::string& copy) {
+    if (onPutAside) onPutAside(text, copy);
+}
+
 int GuiPorts::screenWidthTwips() const {
     const QScreen* s = QGuiApplication::primaryScreen();
     return s ? s->availableGeometry().width() * kTwipsPerPixel : UserPorts::screenWidthTwips();

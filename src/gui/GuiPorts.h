@@ -33,6 +33,10 @@ class GuiPorts : public UserPorts {
     std::function<void()> onWaitEnds;
     std::function<void(const std::string&)> onNotice;
     std::function<void(const std::string&)> onOfferViewer;
+    // A word about a field (a refused key): shown at its caret too.
+    std::function<void(const std::string&, const std::string&)> onBalloon;
+    // Work put aside (the copy, empty when none could be kept): a bar above the form.
+    std::function<void(const std::string&, const std::string&)> onPutAside;
 
     MsgAnswer message(const std::string& text, const std::string& title, MsgButtons buttons, MsgIcon icon) override;
     std::optional<std::string> fileDialog(const FileDialogRequest& request) override;
@@ -50,6 +54,8 @@ class GuiPorts : public UserPorts {
     void waitEnds() override;
     void notice(const std::string& text) override;
     void offerDrawingViewer(const std::string& drawing) override;
+    void note(const std::string& text, const std::string& field) override;
+    void toldPutAside(const std::string& text, const std::string& copy) override;
     int screenWidthTwips() const override;
     int screenHeightTwips() const override;
 

@@ -11,9 +11,14 @@
 #include "gui/DrawingPane.h"
 #include "gui/DrawingViewer.h"
 #include "gui/FormPages.h"
+#include "gui/PutAsideWork.h"
 #include "gui/ReportCommands.h"
 #include "gui/RunOutputs.h"
+#include "gui/RunStatus.h"
+#include "gui/SmallWindows.h"
+#include "gui/StatusMessages.h"
 #include "gui/ViewerMain.h"
+#include "gui/WindowPlacement.h"
 #include "platform/GdalDrawingReader.h"
 #include "platform/QtText.h"
 
@@ -30,14 +35,17 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <map>
@@ -143,6 +151,7 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     v->addWidget(sketchStrip());
     setCentralWidget(central);
     drawing_ = new DrawingPane(this);
+    drawing_->onBringUpToDate = [this] { app_.actions.apply(cmd::BringUpToDate{}); };
     addDockWidget(Qt::RightDockWidgetArea, drawing_);
     buildMenus();
     buildToolbar();
@@ -150,12 +159,11 @@ MainWindow::MainWindow(App& app) : app_(app), binder_(app, FormId::Main, this) {
     filePath_->setObjectName(QStringLiteral("currentFilePath"));
     filePath_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     statusBar()->addPermanentWidget(filePath_);
-    // What stands while it holds: closing values not brought up to date, a count Delete left.
-    standing_ = new QLabel;
-    standing_->setObjectName(QStringLiteral("standingNotes"));
-    standing_->setTextFormat(Qt::PlainText);
-    standing_->setMinimumWidth(1);
-    statusBar()->addWidget(standing_, 1);
+    // One message at a time, newest first; Run's wait and the file at the right.
+    messages_ = new StatusMessages;
+    messages_->bringUpToDate = [this] { app_.actions.apply(cmd::BringUpToDate{}); };
+    statusBar()->addWidget(messages_, 1);
+    runStatus_ = new RunStatus(statusBar());
     buildViewMenu();
     refreshMenus();
     setAcceptDrops(true);
@@ -197,6 +205,7 @@ void MainWindow::buildPage(int tab) {
     page->ensurePolished();
     const bool wasSyncing = std::exchange(syncing_, true);
     binder_.syncSince(first);
+    binder_.nameSince(first);
     if (bentTable_ && page == bentTable_) {
         bentTable_->table()->fitColumns(); // by the fonts it is shown in
         bentTable_->refresh();
@@ -222,6 +231,29 @@ QWidget* MainWindow::widgetFor(const CtlId& id) {
 }
 
 void MainWindow::addNotice(QWidget* bar) { notices_->addWidget(bar); }
+
+QPushButton* MainWindow::bringUpToDateButton() const { return messages_->bringUpToDateButton(); }
+
+void MainWindow::tellPutAside(const QString& text, const QString& copy) {
+    addNotice(new PutAsideBar(app_, text, copy));
+    if (putAsideWork_ && putAsideWork_->isVisible()) putAsideWork_->refresh();
+}
+
+void MainWindow::showPutAsideWork() {
+    if (!putAsideWork_) putAsideWork_ = new PutAsideWindow(app_, this);
+    putAsideWork_->refresh();
+    putAsideWork_->show();
+    putAsideWork_->raise();
+    putAsideWork_->activateWindow();
+}
+
+void MainWindow::showBalloon(const QString& text, const CtlId& field) {
+    auto* edit = qobject_cast<QLineEdit*>(binder_.widgetFor(field));
+    if (!edit || !edit->isVisible()) return;
+    // Where the eye is while typing: under the caret, for two seconds or until the next key.
+    const QRect caret = edit->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    QToolTip::showText(edit->mapToGlobal(caret.bottomLeft() + QPoint(0, 4)), text, edit, {}, 2000);
+}
 
 QWidget* MainWindow::sketchStrip() {
     auto* strip = new QWidget;
@@ -275,6 +307,10 @@ void MainWindow::buildMenus() {
                                                                   QStringLiteral("Tarnwick projects (*.ebnt)"));
                 if (!path.isEmpty()) compareWith(path);
             });
+            auto* aside = file->addAction(QStringLiteral("Put-Aside &Work..."));
+            aside->setObjectName(QStringLiteral("actionPutAsideWork"));
+            aside->setStatusTip(QStringLiteral("Unsaved changes that Open, New, Exit or a reload put aside"));
+            connect(aside, &QAction::triggered, this, &MainWindow::showPutAsideWork);
         }
         // The checker's report, beside the legacy Print of the listings.
         if (c.menu == Ctl::mnuPrint) {
@@ -284,8 +320,7 @@ void MainWindow::buildMenus() {
             exportItem->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
             connect(exportItem, &QAction::triggered, this, [this] {
                 const QString written = exportReport(this, app_);
-                if (!written.isEmpty())
-                    statusBar()->showMessage(QStringLiteral("Report written to %1").arg(written), 8000);
+                if (!written.isEmpty()) messages_->say(QStringLiteral("Report written to %1").arg(written), 8000);
             });
             auto* printItem = file->addAction(QStringLiteral("Print Repor&t..."));
             printItem->setObjectName(QStringLiteral("actionPrintReport"));
@@ -422,20 +457,17 @@ void MainWindow::refreshStatus() {
     QStringList notes;
     for (const auto& n : standingNotes(app_.session()))
         notes << q(n);
-    const QString standing = notes.join(QStringLiteral("; "));
-    if (standing_->text() != standing) {
-        standing_->setText(standing);
-        standing_->setToolTip(standing);
-    }
+    messages_->setStanding(notes.join(QStringLiteral("; ")), !staleClosingNote(app_.session()).empty());
     const QString path = q(app_.project().currentFile);
     filePath_->setText(path.isEmpty() ? QStringLiteral("Not saved yet") : QDir::toNativeSeparators(path));
     if (app_.session().runOutputBase() != shownRunBase_) {
         shownRunBase_ = app_.session().runOutputBase();
         // The outputs go where the input's name is cut at its first dot, which
-        // is not the input's folder when a folder name holds a dot.
-        if (!shownRunBase_.empty())
-            statusBar()->showMessage(QStringLiteral("The engine's outputs are in %1")
-                                         .arg(QDir::toNativeSeparators(QFileInfo(q(shownRunBase_)).absolutePath())));
+        // is not the input's folder when a folder name holds a dot: said then.
+        const QString outputs = QFileInfo(q(shownRunBase_)).absolutePath();
+        if (!shownRunBase_.empty() && outputs != QFileInfo(q(app_.project().currentFile)).absolutePath())
+            messages_->say(QStringLiteral("The engine's outputs are in %1")
+                               .arg(QDir::toNativeSeparators(QFileInfo(q(shownRunBase_)).absolutePath())));
     }
 }
 
@@ -518,7 +550,7 @@ void MainWindow::copyBents() {
     const int from = std::max(std::min(sel.row, sel.end), 1), to = std::max(sel.row, sel.end);
     const BentTable& table = app_.project().table();
     if (to < 1 || to >= table.rows()) {
-        statusBar()->showMessage(QStringLiteral("Select the bent rows to copy in the bent table."), 5000);
+        messages_->say(QStringLiteral("Select the bent rows to copy in the bent table."), 5000);
         return;
     }
     auto* data = new QMimeData;
@@ -526,7 +558,7 @@ void MainWindow::copyBents() {
     data->setData(QStringLiteral("text/csv"), QByteArray::fromStdString(tableCsv(table, from, to)));
     QApplication::clipboard()->setMimeData(data);
     const int n = to - from + 1;
-    statusBar()->showMessage(QStringLiteral("%1 bent row%2 copied").arg(n).arg(n == 1 ? "" : "s"), 5000);
+    messages_->say(QStringLiteral("%1 bent row%2 copied").arg(n).arg(n == 1 ? "" : "s"), 5000);
 }
 
 void MainWindow::pasteBents() {
@@ -537,7 +569,7 @@ void MainWindow::pasteBents() {
     else if (data && data->hasFormat(QStringLiteral("text/csv")))
         text = QString::fromUtf8(data->data(QStringLiteral("text/csv")));
     if (text.trimmed().isEmpty()) {
-        statusBar()->showMessage(QStringLiteral("The clipboard holds no bent rows to paste."), 5000);
+        messages_->say(QStringLiteral("The clipboard holds no bent rows to paste."), 5000);
         return;
     }
     tabs_->setCurrentIndex(kBentTableTab);
@@ -559,18 +591,19 @@ void MainWindow::openDropped(const QString& path) {
         LoadedDrawing drawing;
         std::string error;
         if (!loadDrawing(app_.programDir(), path.toStdString(), drawing, error)) {
-            statusBar()->showMessage(q(error));
+            messages_->say(q(error));
             return;
         }
         auto* viewer = new DrawingViewer(std::move(drawing.scene), path, drawing.elements, this);
         viewer->setAttribute(Qt::WA_DeleteOnClose);
         viewer->setWindowFlag(Qt::Window);
         viewer->placeOnScreen();
+        makeSmallWindow(viewer, QStringLiteral("drawingViewer"), this);
         viewer->show();
         return;
     }
-    statusBar()->showMessage(QStringLiteral("%1 is neither a project (.ebnt) nor a drawing (.dgn); nothing was opened.")
-                                 .arg(QFileInfo(path).fileName()));
+    messages_->say(QStringLiteral("%1 is neither a project (.ebnt) nor a drawing (.dgn); nothing was opened.")
+                       .arg(QFileInfo(path).fileName()));
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
@@ -585,7 +618,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
             openDropped(url.toLocalFile());
             return;
         }
-    statusBar()->showMessage(QStringLiteral("Only files on this computer can be dropped here."));
+    messages_->say(QStringLiteral("Only files on this computer can be dropped here."));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -17,6 +17,7 @@
 class QAction;
 class QLabel;
 class QMenu;
+class QPushButton;
 class QTabWidget;
 class QVBoxLayout;
 
@@ -25,6 +26,9 @@ namespace tw {
 class BentTablePage;
 class DrawingPane;
 class FrozenColumnTable;
+class PutAsideWindow;
+class RunStatus;
+class StatusMessages;
 class RunOutputsWindow;
 
 class MainWindow : public QMainWindow {
@@ -46,6 +50,18 @@ class MainWindow : public QMainWindow {
     DrawingPane* drawingPane() const { return drawing_; }
     // A bar across the top of the window, above the form (a message that needs no answer now).
     void addNotice(QWidget* bar);
+    // Unsaved work was put aside (`copy`), or could not be (`copy` empty): a bar that says so.
+    void tellPutAside(const QString& text, const QString& copy);
+    // File > Put-Aside Work...: every copy kept, non-modal.
+    void showPutAsideWork();
+    PutAsideWindow* putAsideWork() const { return putAsideWork_; }
+    // A word about a field at its caret, for a moment (a key it refused).
+    void showBalloon(const QString& text, const CtlId& field);
+    // The status bar's one place for words, and Run's wait beside it.
+    StatusMessages* messages() const { return messages_; }
+    RunStatus* runStatus() const { return runStatus_; }
+    // Its one click that brings stale closing values up to date.
+    QPushButton* bringUpToDateButton() const;
     // View > Run Outputs: the list of the last Run's outputs, non-modal.
     void showRunOutputs();
     RunOutputsWindow* runOutputs() const { return runOutputs_; }
@@ -90,9 +106,11 @@ class MainWindow : public QMainWindow {
     DrawingPane* drawing_ = nullptr;
     QVBoxLayout* notices_ = nullptr;
     QLabel* filePath_ = nullptr;
-    QLabel* standing_ = nullptr;
     QMenu* help_ = nullptr;
     RunOutputsWindow* runOutputs_ = nullptr;
+    PutAsideWindow* putAsideWork_ = nullptr;
+    StatusMessages* messages_ = nullptr;
+    RunStatus* runStatus_ = nullptr;
     // Menu items and toolbar buttons that mirror a menu control of the form (Undo, Redo).
     std::vector<std::pair<Ctl, QAction*>> mirrored_;
     std::map<std::string, QIcon> icons_; // each command's icon, looked up once

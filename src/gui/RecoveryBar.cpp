@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/RecoveryBar.h"
+#include "gui/MainWindow.h"
 #include "platform/QtText.h"
 
 #include <QFileInfo>
@@ -29,15 +30,40 @@ RecoveryBar::RecoveryBar(App& app, RecoveryStore& store, RecoveryStore::Left lef
 }
 
 void RecoveryBar::restore() {
-    // A file that cannot be read is told in the error box, and stays on offer to be discarded.
-    if (!app_.actions.restore(RecoveryStore::read(left_))) return;
-    store_.discard(left_);
+    // A file that cannot be read is told in the error box, and set aside: it is offered no more.
+    if (!app_.actions.restore(RecoveryStore::read(left_)))
+        store_.setAside(left_);
+    else
+        store_.discard(left_);
     dismiss();
 }
 
 void RecoveryBar::discard() {
     store_.discard(left_);
     dismiss();
+}
+
+} // namespace tw
+
+namespace tw {
+
+std::vector<RecoveryBar*> offerLeftWork(App& app, RecoveryStore& store, MainWindow& window) {
+    std::vector<RecoveryBar*> bars;
+    for (auto& left : store.claimLeft()) {
+        if (left.problem.empty()) {
+            bars.push_back(new RecoveryBar(app, store, std::move(left)));
+            window.addNotice(bars.back());
+            continue;
+        }
+        auto* bar = new NoticeBar(QStringLiteral("recoveryUnreadable"),
+                                  QObject::tr("Work kept from an earlier session cannot be restored: %1. It is offered "
+                                              "no more; its file is kept as %2.")
+                                      .arg(q(left.problem), left.path));
+        QObject::connect(bar->addButton(QObject::tr("OK"), QStringLiteral("OK")), &QPushButton::clicked, bar,
+                         &NoticeBar::dismiss);
+        window.addNotice(bar);
+    }
+    return bars;
 }
 
 } // namespace tw

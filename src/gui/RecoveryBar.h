@@ -7,9 +7,13 @@
 #include "gui/NoticeBar.h"
 #include "platform/RecoveryStore.h"
 
+#include <vector>
+
 class QPushButton;
 
 namespace tw {
+
+class MainWindow;
 
 class RecoveryBar : public NoticeBar {
     Q_OBJECT
@@ -29,5 +33,10 @@ class RecoveryBar : public NoticeBar {
     QPushButton* restore_;
     QPushButton* discard_;
 };
+
+// The work that ended sessions left, offered in bars above the form: a
+// RecoveryBar each (returned), and for a file that cannot be restored, a bar
+// that says so once and where its bytes are kept.
+std::vector<RecoveryBar*> offerLeftWork(App& app, RecoveryStore& store, MainWindow& window);
 
 } // namespace tw

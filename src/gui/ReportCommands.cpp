@@ -6,6 +6,7 @@
 #include "platform/SafeFile.h"
 #include "render/ReportPainter.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -20,7 +21,22 @@ namespace {
 
 const QString kTitle = QStringLiteral("Report");
 
-Report reportOf(const App& app) { return buildReport(app.session(), app.project().currentFile); }
+// The form, not the file: when the two differ the report says so in words.
+Report reportOf(const App& app) {
+    const std::string& path = app.project().currentFile;
+    Report r = buildReport(app.session(), path);
+    if (app.modified() || path.empty()) {
+        const QFileInfo file(QString::fromStdString(path));
+        QString saved;
+        if (!path.empty() && file.exists()) {
+            const QDateTime at = file.lastModified();
+            saved = QLocale().toString(at, at.date() == QDate::currentDate() ? QStringLiteral("HH:mm")
+                                                                             : QStringLiteral("yyyy-MM-dd HH:mm"));
+        }
+        r.source = unsavedSource(path, saved.toStdString());
+    }
+    return r;
+}
 
 } // namespace
 

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/RunOutputs.h"
 
+#include "core/EngineListing.h"
 #include "core/app/App.h"
 #include "core/output/Outputs.h"
 #include "gui/ListingPrinter.h"
+#include "gui/SmallWindows.h"
+#include "platform/FileRead.h"
 #include "platform/QtText.h"
 
 #include <QDateTime>
 #include <QDialogButtonBox>
-#include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QHeaderView>
@@ -27,10 +29,9 @@ namespace {
 
 enum Column { What, File, Size, Time };
 
-// The listing's lines as the printer takes them (Windows-1252 text).
-std::vector<std::string> linesOf(const QByteArray& bytes) {
-    return listingLines(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-}
+// The listing's lines as the printer takes them (Windows-1252 text): only a
+// regular file of a listing's size, so a pipe or a huge file is refused, not awaited.
+ReadResult listingOf(const QString& file) { return readRegularFile(file.toStdString(), kMaxListingBytes); }
 
 } // namespace
 
@@ -59,6 +60,7 @@ RunOutputsWindow::RunOutputsWindow(const App& app, std::function<void(const std:
     connect(buttons, &QDialogButtonBox::rejected, this, &QWidget::close);
     v->addWidget(buttons);
     resize(640, 320);
+    makeSmallWindow(this, QStringLiteral("runOutputs"), parent);
     refresh();
 }
 
@@ -104,6 +106,7 @@ void RunOutputsWindow::open(int row) {
     }
     auto* preview = new TextPreview(file, this);
     preview->setAttribute(Qt::WA_DeleteOnClose);
+    makeSmallWindow(preview, QStringLiteral("outputPreview"), window());
     preview->show();
 }
 
@@ -115,14 +118,13 @@ TextPreview::TextPreview(const QString& file, QWidget* parent) : QWidget(parent,
     text_->setReadOnly(true);
     text_->setLineWrapMode(QPlainTextEdit::NoWrap);
     text_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    QFile f(file);
-    if (f.open(QIODevice::ReadOnly)) {
+    if (const ReadResult listing = listingOf(file); !listing.errorNumber) {
         QString shown;
-        for (const auto& l : linesOf(f.readAll()))
+        for (const auto& l : listingLines(listing.bytes))
             shown += QString::fromLatin1(l.data(), static_cast<qsizetype>(l.size())) + QLatin1Char('\n');
         text_->setPlainText(shown);
     } else {
-        text_->setPlainText(QStringLiteral("%1 cannot be read: %2").arg(file, f.errorString()));
+        text_->setPlainText(QStringLiteral("%1 cannot be read: %2").arg(file, q(listing.error)));
     }
     v->addWidget(text_);
     auto* buttons = new QDialogButtonBox;
@@ -138,8 +140,8 @@ void TextPreview::print() {
     QPrinter printer;
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return;
-    QFile f(file_);
-    if (!f.open(QIODevice::ReadOnly) || !printListing(printer, {file_.toStdString(), linesOf(f.readAll())}))
+    const ReadResult listing = listingOf(file_);
+    if (listing.errorNumber || !printListing(printer, {file_.toStdString(), listingLines(listing.bytes)}))
         QMessageBox::warning(this, windowTitle(), QStringLiteral("%1 could not be printed.").arg(file_));
 }
 

@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QStyle>
 
 namespace tw {
 
@@ -14,15 +13,6 @@ RunStatus::RunStatus(QStatusBar* bar) : QWidget(bar) {
     setObjectName(QStringLiteral("runStatus"));
     auto* h = new QHBoxLayout(this);
     h->setContentsMargins(0, 0, 0, 0);
-    noticeIcon_ = new QLabel;
-    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    noticeIcon_->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(icon, icon));
-    notice_ = new QLabel;
-    notice_->setObjectName(QStringLiteral("runNotice"));
-    notice_->setTextFormat(Qt::PlainText);
-    notice_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    // A long word stays in the bar (its tooltip holds it whole) rather than widening the window.
-    notice_->setMinimumWidth(200);
     waiting_ = new QLabel;
     waiting_->setObjectName(QStringLiteral("runWaiting"));
     waiting_->setTextFormat(Qt::PlainText);
@@ -36,18 +26,8 @@ RunStatus::RunStatus(QStatusBar* bar) : QWidget(bar) {
         if (cancel) cancel();
     });
     cancel_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    viewer_ = new QPushButton(tr("Open the drawing in Tarnwick's viewer"));
-    viewer_->setObjectName(QStringLiteral("openInViewer"));
-    viewer_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(viewer_, &QPushButton::clicked, this, [this] {
-        if (openViewer && !offered_.empty()) openViewer(offered_);
-    });
     h->addWidget(waiting_);
     h->addWidget(cancel_);
-    h->addWidget(noticeIcon_);
-    h->addWidget(notice_);
-    h->addWidget(viewer_);
-    // At the right of the bar, as wide as it needs: the left stays for the bar's own messages.
     bar->addPermanentWidget(this);
     refresh();
 }
@@ -62,33 +42,12 @@ void RunStatus::end() {
     refresh();
 }
 
-void RunStatus::notice(const std::string& text) {
-    offered_.clear();
-    notice_->setText(q(text));
-    notice_->setToolTip(q(text));
-    refresh();
-}
-
-void RunStatus::offerViewer(const std::string& drawing) {
-    offered_ = drawing;
-    viewer_->setToolTip(q(drawing));
-    refresh();
-}
-
 QString RunStatus::waitText() const { return waits_.empty() ? QString() : waits_.back().first; }
-
-QString RunStatus::noticeText() const { return notice_->text(); }
 
 void RunStatus::refresh() {
     const bool waiting = !waits_.empty();
     waiting_->setText(waiting ? waits_.back().first : QString());
-    waiting_->setVisible(waiting);
-    cancel_->setVisible(waiting);
-    const bool noticed = !notice_->text().isEmpty();
-    noticeIcon_->setVisible(noticed);
-    notice_->setVisible(noticed);
-    viewer_->setVisible(!offered_.empty());
-    setVisible(waiting || noticed || !offered_.empty());
+    setVisible(waiting);
 }
 
 } // namespace tw

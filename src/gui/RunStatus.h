@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The status bar's part in Run: while Run waits for the engine or the
-// drawing batch program, what it waits for and a Cancel; afterwards, a
-// word about a batch program that did not do its work. Both stand in
-// permanent widgets of their own, so no passing status message hides them.
+// drawing batch program, what it waits for and a Cancel, in a permanent
+// widget of its own at the bar's right.
 #pragma once
 
 #include <QWidget>
@@ -26,27 +25,15 @@ class RunStatus : public QWidget {
     // A wait begins: its text and a Cancel that calls `cancel`. Waits nest; the newest shows.
     void begin(const std::string& what, std::function<void()> cancel);
     void end();
-    // A word that stands until the next one; empty clears it.
-    void notice(const std::string& text);
-    // A button beside the word that opens `drawing` in the program's viewer,
-    // until the next word; `open` does the opening.
-    void offerViewer(const std::string& drawing);
-    std::function<void(const std::string&)> openViewer;
-    QPushButton* viewerButton() const { return viewer_; }
 
     QPushButton* cancelButton() const { return cancel_; }
     QString waitText() const;
-    QString noticeText() const;
 
   private:
     void refresh();
 
-    QLabel* noticeIcon_;
-    QLabel* notice_;
     QLabel* waiting_;
     QPushButton* cancel_;
-    QPushButton* viewer_;
-    std::string offered_;
     std::vector<std::pair<QString, std::function<void()>>> waits_;
 };
 

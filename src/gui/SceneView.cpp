@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/SceneView.h"
+#include "gui/FocusMarker.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -103,6 +104,17 @@ void SceneView::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), options_.background);
     paintScene(p, scene_, transform(), options_, &index_);
+    drawFocusMarker(p, this, rect());
+}
+
+void SceneView::focusInEvent(QFocusEvent* event) {
+    update();
+    QWidget::focusInEvent(event);
+}
+
+void SceneView::focusOutEvent(QFocusEvent* event) {
+    update();
+    QWidget::focusOutEvent(event);
 }
 
 void SceneView::wheelEvent(QWheelEvent* event) {

@@ -2,6 +2,7 @@
 #include "gui/ViewerMain.h"
 
 #include "gui/DrawingViewer.h"
+#include "gui/SmallWindows.h"
 #include "platform/GdalDrawingReader.h"
 #include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
@@ -12,6 +13,8 @@
 #include <QMessageBox>
 
 #include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
 #include <iostream>
 #include <new>
 
@@ -34,6 +37,13 @@ int exportDrawing(int& argc, char** argv, const std::string& programDir, const s
     QGuiApplication app(argc, argv);
     QString why;
     bool written = false;
+    // The image libraries' own complaints (libpng short of memory writes to standard error itself) are not for
+    // the user: the one line below says what happened.
+    const int stderrWas = ::dup(2);
+    if (const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC); null >= 0) {
+        ::dup2(null, 2);
+        ::close(null);
+    }
     try {
         written = exportScene(drawing.scene, QString::fromStdString(out), &why, replaceFile,
                               QFileInfo(QString::fromStdString(file)).fileName());
@@ -41,6 +51,7 @@ int exportDrawing(int& argc, char** argv, const std::string& programDir, const s
         why = QString::fromStdString(file) +
               QStringLiteral(" cannot be drawn: it needs more memory than the program may use.");
     }
+    if (stderrWas >= 0) ::dup2(stderrWas, 2);
     if (!written) std::cerr << "tarnwick: " << why.toStdString() << '\n';
     // The file is written (or refused and gone): end here. Short of memory,
     // the font library does not survive the application's teardown.
@@ -68,6 +79,7 @@ int showDrawing(int& argc, char** argv, const std::string& programDir, const std
     }
     DrawingViewer viewer(std::move(drawing.scene), QString::fromStdString(file), drawing.elements);
     viewer.placeOnScreen();
+    makeSmallWindow(&viewer, QStringLiteral("drawingViewer"), nullptr);
     viewer.show();
     return app.exec();
 }
@@ -84,6 +96,7 @@ void openDrawingViewer(const std::string& programDir, const std::string& file, Q
     auto* viewer = new DrawingViewer(std::move(drawing.scene), QString::fromStdString(file), drawing.elements);
     viewer->setAttribute(Qt::WA_DeleteOnClose);
     viewer->placeOnScreen();
+    makeSmallWindow(viewer, QStringLiteral("drawingViewer"), parent ? parent->window() : nullptr);
     viewer->show();
 }
 

@@ -39,6 +39,12 @@ WindowSet::WindowSet(App& app, GuiPorts& ports) : app_(app), main_(std::make_uni
     ports.onPicture = [this](const std::string&, const std::string& file) {
         static_cast<PictureWindow*>(window(FormId::Picture))->showPicture(QString::fromStdString(file));
     };
+    ports.onBalloon = [this](const std::string& text, const std::string& field) {
+        if (const auto id = parseCtlId(field)) main_->showBalloon(QString::fromStdString(text), *id);
+    };
+    ports.onPutAside = [this](const std::string& text, const std::string& copy) {
+        main_->tellPutAside(QString::fromStdString(text), QString::fromStdString(copy));
+    };
 }
 
 WindowSet::~WindowSet() = default;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "gui/WrapLabel.h"
+#include "gui/FocusMarker.h"
+
+#include <QPainter>
 
 #include <QEvent>
 
@@ -53,6 +56,13 @@ void WrapLabel::changeEvent(QEvent* event) {
     // The style or the screen can change what a text measures without changing the text.
     if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) key_.reset();
     QLabel::changeEvent(event);
+}
+
+void WrapLabel::paintEvent(QPaintEvent* event) {
+    QLabel::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter p(this);
+    drawFocusMarker(p, this, rect());
 }
 
 } // namespace tw

@@ -21,6 +21,8 @@ class WrapLabel : public QLabel {
 
   protected:
     void changeEvent(QEvent* event) override;
+    // A label that takes the focus (a link) shows it.
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     // What the measures hang on; when any of it changes they are taken again.

@@ -18,6 +18,9 @@ using drawing::DgnElement;
 
 namespace {
 
+// The signature of a compound document, the container of a version 8 drawing.
+const std::string kCompoundFile("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", 8);
+
 // The reader's entry; once loaded, the library stays (QLibrary does not unload it).
 drawing::ReadDgnEntry* readerEntry(const std::string& programDir, std::string& why) {
     QLibrary library(q(programDir + "/" + drawing::kDrawingReaderLibrary));
@@ -71,6 +74,7 @@ bool GdalDrawingReader::read(const std::string& path, const drawing::DgnElementS
     // The element chain, walked as the bytes stream past.
     drawing::DgnChainWalk walk;
     unsigned long long total = 0;
+    std::string head; // the first bytes, which tell a version 8 drawing
     char buffer[65536];
     while (!walk.ended()) {
         const ssize_t n = ::read(file.fd, buffer, sizeof buffer);
@@ -79,9 +83,15 @@ bool GdalDrawingReader::read(const std::string& path, const drawing::DgnElementS
         if (n == 0) break;
         total += static_cast<unsigned long long>(n);
         if (total > kMaxDrawingBytes) return tooLarge();
+        if (head.size() < kCompoundFile.size())
+            head.append(buffer, std::min(static_cast<size_t>(n), kCompoundFile.size() - head.size()));
         walk.feed(std::string_view(buffer, static_cast<size_t>(n)));
     }
     if (total == 0) return refuse(" is empty, not a drawing.");
+    // Version 8 keeps its elements in a compound file, which only a proprietary driver reads.
+    if (head == kCompoundFile)
+        return refuse(" is a DGN version 8 drawing. DGN version 8 drawings need a driver this machine does not "
+                      "have; V7 drawings open.");
 
     std::string why;
     auto* entry = readerEntry(programDir_, why);

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/Platform.h"
 
+#include "platform/FileRead.h"
+
 #include <algorithm>
 #include <cctype>
-#include <fstream>
+#include <sstream>
 
 namespace tw {
 
@@ -26,9 +28,11 @@ std::string trimBlanks(const std::string& s) {
 std::string readIniRaw(const std::string& path, const std::string& section, const std::string& key,
                        const std::string& defaultValue) {
     constexpr size_t kMax = 255;
-    std::ifstream in(path, std::ios::binary);
+    // Only a regular file of a settings file's size: a pipe or a device reads as no file.
+    const ReadResult file = readRegularFile(path, kMaxIniBytes);
+    std::istringstream in(file.bytes);
     std::string result = defaultValue;
-    if (in) {
+    if (!file.errorNumber) {
         const std::string wantSection = lower(section);
         const std::string wantKey = lower(key);
         bool inSection = false;

@@ -9,6 +9,7 @@
 #include "platform/FileRead.h"
 #include "platform/OutputFiles.h"
 #include "platform/ProcessTree.h"
+#include "platform/PutAsideStore.h"
 #include "platform/SafeFile.h"
 
 #include <QCoreApplication>
@@ -19,7 +20,6 @@
 #include <QLibrary>
 #include <QMimeDatabase>
 #include <QProcess>
-#include <QSettings>
 #include <QTimer>
 
 #include <algorithm>
@@ -39,7 +39,6 @@ namespace {
 constexpr int kLibraryMissing = 48;
 constexpr int kEntryMissing = 45;
 
-QSettings userSettings() { return QSettings(QStringLiteral("Norvale"), QStringLiteral("Tarnwick")); }
 } // namespace
 
 WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStringList& args) {
@@ -113,14 +112,25 @@ ReadResult Platform::readFile(const std::string& path, std::uintmax_t maxBytes) 
 }
 
 std::string Platform::readSetting(const std::string& app, const std::string& section, const std::string& key) {
-    return userSettings().value(q(app + "/" + section + "/" + key)).toString().toStdString();
+    const std::string value = settings_.read(app + "/" + section + "/" + key);
+    tellSettingsProblem();
+    return value;
 }
 
 void Platform::writeSetting(const std::string& app, const std::string& section, const std::string& key,
                             const std::string& value) {
-    auto s = userSettings();
-    s.setValue(q(app + "/" + section + "/" + key), q(value));
-    s.sync();
+    settings_.write(app + "/" + section + "/" + key, value);
+    tellSettingsProblem();
+}
+
+void Platform::tellSettingsProblem() {
+    // Once: each setting read or written would say it again.
+    if (settings_.problem().empty() || told_) return;
+    told_ = true;
+    if (onWarning)
+        onWarning(settings_.problem());
+    else
+        std::fprintf(stderr, "tarnwick: warning: %s\n", settings_.problem().c_str());
 }
 
 namespace {
@@ -269,5 +279,9 @@ std::string Platform::readIni(const std::string& path, const std::string& sectio
 }
 
 std::string executableDir() { return QCoreApplication::applicationDirPath().toStdString(); }
+
+PutAside Platform::putAside(const std::string& bytes, const std::string& command) {
+    return putAsideInStore(bytes, command);
+}
 
 } // namespace tw

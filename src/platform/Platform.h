@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/ports.h"
+#include "platform/SettingsFile.h"
 
 #include <QString>
 #include <QStringList>
@@ -39,8 +40,18 @@ class Platform : public SystemPorts {
     WriteResult emptyFiles(const std::vector<std::string>& paths) override;
     WriteResult writeFile(const std::string& path, const std::string& bytes) override;
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override;
+    // In the user's folder of put-aside work (PutAsideStore).
+    PutAside putAside(const std::string& bytes, const std::string& command) override;
+
+    // Where a word for the user goes that no command waits for (a settings
+    // file that cannot be used); standard error when unset.
+    std::function<void(const std::string&)> onWarning;
 
   private:
+    void tellSettingsProblem();
+    SettingsFile settings_;
+    bool told_ = false;
+
     // Starts the program in a process group of its own that ends with us,
     // and returns when it has ended or could not start; the user interface
     // keeps processing events meanwhile.

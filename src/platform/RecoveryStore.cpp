@@ -3,6 +3,7 @@
 
 #include "core/Errors.h"
 #include "core/form/Recovery.h"
+#include "platform/FileRead.h"
 #include "platform/SafeFile.h"
 
 #include <QCoreApplication>
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tw {
@@ -22,6 +24,10 @@ namespace {
 
 const QString kPrefix = QStringLiteral("recovery-");
 const QString kSuffix = QStringLiteral(".ebnt");
+const QString kSetAside = QStringLiteral(".unreadable");
+// A project may be private: what is kept of it is the user's alone.
+constexpr mode_t kFileMode = 0600;
+constexpr mode_t kFolderMode = 0700;
 
 QString lockOf(const QString& recoveryPath) {
     return recoveryPath.left(recoveryPath.size() - kSuffix.size()) + QStringLiteral(".lock");
@@ -54,6 +60,11 @@ RecoveryStore::~RecoveryStore() { close(); }
 bool RecoveryStore::open() {
     if (lock_ >= 0) return true;
     if (folder_.isEmpty() || !QDir().mkpath(folder_)) return false;
+    // Made by mkpath with the umask's mode, or by an earlier version: closed to others, when it is ours.
+    const QByteArray folder = QFile::encodeName(folder_);
+    struct stat st {};
+    if (::stat(folder.constData(), &st) == 0 && st.st_uid == ::geteuid() && (st.st_mode & 07777) != kFolderMode)
+        ::chmod(folder.constData(), kFolderMode);
     // What sessions that ended left and no longer need: a save's temporary
     // file cut short, the lock of a session that had nothing to keep.
     removeStaleTemporaries(QFile::encodeName(folder_).toStdString());
@@ -73,7 +84,7 @@ QString RecoveryStore::path() const { return QDir(folder_).filePath(kPrefix + id
 WriteResult RecoveryStore::write(const std::string& bytes) {
     if (lock_ < 0)
         return {err::kPathNotFound, "Path not found: the folder " + folder_.toStdString() + " cannot be used"};
-    return replaceFile(QFile::encodeName(path()).toStdString(), bytes);
+    return replacePrivateFile(QFile::encodeName(path()).toStdString(), bytes);
 }
 
 void RecoveryStore::remove() {
@@ -102,10 +113,12 @@ std::vector<RecoveryStore::Left> RecoveryStore::claimLeft() {
         const int fd = takeLock(lockOf(p));
         if (fd < 0) continue; // its session still runs, or another one offers it
         claimed_.emplace_back(p, fd);
-        Left left{p, f.lastModified(), {}, {}};
+        Left left{p, f.lastModified(), {}, {}, {}};
         auto summary = summarizeRecovery(read(left));
         left.currentFile = std::move(summary.currentFile);
         left.title = std::move(summary.title);
+        left.problem = std::move(summary.problem);
+        if (!left.problem.empty()) setAside(left);
         found.push_back(std::move(left));
     }
     std::sort(found.begin(), found.end(), [](const Left& a, const Left& b) { return a.written > b.written; });
@@ -113,10 +126,20 @@ std::vector<RecoveryStore::Left> RecoveryStore::claimLeft() {
 }
 
 std::string RecoveryStore::read(const Left& left) {
-    QFile f(left.path);
-    // Far more than the largest project needs; anything larger is not ours.
-    if (f.size() > 16 * 1024 * 1024 || !f.open(QIODevice::ReadOnly)) return {};
-    return f.readAll().toStdString();
+    // Far more than the largest project needs; anything larger, or no regular file, is not ours.
+    return readRegularFile(QFile::encodeName(left.path).toStdString(), 16 * 1024 * 1024).bytes;
+}
+
+void RecoveryStore::setAside(Left& left) {
+    const QString aside = left.path + kSetAside;
+    if (!QFile::rename(left.path, aside)) return; // still offered, to be discarded
+    ::chmod(QFile::encodeName(aside).constData(), kFileMode);
+    const QString was = left.path;
+    left.path = aside;
+    const auto it = std::find_if(claimed_.begin(), claimed_.end(), [&](const auto& c) { return c.first == was; });
+    if (it == claimed_.end()) return;
+    dropLock(lockOf(was), it->second);
+    claimed_.erase(it);
 }
 
 void RecoveryStore::discard(const Left& left) {

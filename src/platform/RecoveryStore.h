@@ -26,6 +26,8 @@ class RecoveryStore {
         QDateTime written;
         std::string currentFile; // the project's file, when it had one
         std::string title;       // its first title line
+        // Why it cannot be restored; then it is set aside at `path` and offered no more.
+        std::string problem;
     };
 
     // `folder` empty: the per-user data folder (QStandardPaths::AppLocalDataLocation).
@@ -49,12 +51,17 @@ class RecoveryStore {
     void close();
 
     // The recovery files that ended sessions left, newest first; each is
-    // held for this session, so that no other one offers it too.
+    // held for this session, so that no other one offers it too. One that
+    // cannot be restored is set aside at once (see setAside) and comes with
+    // its problem.
     std::vector<Left> claimLeft();
     // The bytes of a left file; empty when it cannot be read.
     static std::string read(const Left& left);
     // Done with a left file: restored or discarded, it goes.
     void discard(const Left& left);
+    // A left file that cannot be restored keeps its bytes under a name that
+    // is offered no more (NAME.ebnt.unreadable); `left.path` becomes that name.
+    void setAside(Left& left);
 
   private:
     QString folder_;

@@ -3,6 +3,7 @@
 
 #include "core/Errors.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <climits>
@@ -15,6 +16,7 @@
 #include <fstream>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <vector>
 
@@ -76,12 +78,12 @@ bool writeAll(int fd, const std::string& bytes) {
 
 std::string reason(int e) { return std::strerror(e); }
 
-WriteResult notWritten(const std::string& path, int e) {
+// What was there before stays, and the words say what that was.
+WriteResult notWritten(const std::string& path, int e, bool existed) {
+    const std::string left = existed ? "the previous file was left as it was" : "no file was made";
     if (e == ENOSPC || e == EDQUOT)
-        return failure(err::kDiskFull, "Disk full: " + path + " could not be written (" + reason(e) +
-                                           "); the previous file was "
-                                           "left as it was");
-    return failure(err::kDeviceIo, "Device I/O error while writing " + path + " (" + reason(e) + ")");
+        return failure(err::kDiskFull, "Disk full: " + path + " could not be written (" + reason(e) + "); " + left);
+    return failure(err::kDeviceIo, "Device I/O error while writing " + path + " (" + reason(e) + "); " + left);
 }
 
 bool readAll(int fd, std::string& bytes) {
@@ -120,13 +122,36 @@ std::string keepCopy(const std::string& folder, const std::string& target, const
     return {};
 }
 
+// Gives `fd` every extended attribute of the file at `from`, its access
+// control list among them; false when one of them cannot be given.
+bool copyAttributes(const std::string& from, int fd) {
+    std::vector<char> names(4096);
+    ssize_t size = ::listxattr(from.c_str(), names.data(), names.size());
+    if (size < 0 && errno == ERANGE) {
+        names.resize(static_cast<size_t>(std::max<ssize_t>(::listxattr(from.c_str(), nullptr, 0), 0)) + 4096);
+        size = ::listxattr(from.c_str(), names.data(), names.size());
+    }
+    if (size < 0) return errno == ENOTSUP; // a file system without them has none to keep
+    std::vector<char> value;
+    for (ssize_t i = 0; i < size; i += static_cast<ssize_t>(std::strlen(names.data() + i)) + 1) {
+        const char* name = names.data() + i;
+        const ssize_t length = ::getxattr(from.c_str(), name, nullptr, 0);
+        if (length < 0) return false;
+        value.resize(static_cast<size_t>(length) + 1);
+        const ssize_t got = ::getxattr(from.c_str(), name, value.data(), value.size());
+        if (got < 0 || ::fsetxattr(fd, name, value.data(), static_cast<size_t>(got), 0) != 0) return false;
+    }
+    return true;
+}
+
 // Over the old bytes, keeping the file itself (its owner, mode, links). The
 // previous bytes stay in memory and in a copy on disk until the new ones are
 // on the disk, and go back into the file when the write fails.
-WriteResult writeInPlace(const std::string& path, const std::string& target, const std::string& bytes) {
+WriteResult writeInPlace(const std::string& path, const std::string& target, const std::string& bytes, mode_t mode) {
     const int fd = ::open(target.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY);
     if (fd < 0)
         return failure(err::kPermissionDenied, "Permission denied: cannot write " + path + " (" + reason(errno) + ")");
+    if (mode) ::fchmod(fd, mode); // first: the new bytes may be private
     std::string old;
     if (!readAll(fd, old)) {
         const int e = errno;
@@ -158,10 +183,15 @@ WriteResult writeInPlace(const std::string& path, const std::string& target, con
                                              : "a copy of the previous file is at " + copy));
 }
 
-// The temporary file of a save: ".tw" and the six characters mkostemp puts in.
+// The temporary file of a save: a name no user gives a file, and the six characters mkostemp puts in.
+constexpr char kTemporaryPrefix[] = ".tarnwick-save-";
+constexpr size_t kTemporaryPrefixLength = sizeof kTemporaryPrefix - 1;
+
 bool temporaryName(const char* name) {
-    if (std::strncmp(name, ".tw", 3) != 0 || std::strlen(name) != 9) return false;
-    for (const char* c = name + 3; *c; ++c)
+    if (std::strncmp(name, kTemporaryPrefix, kTemporaryPrefixLength) != 0 ||
+        std::strlen(name) != kTemporaryPrefixLength + 6)
+        return false;
+    for (const char* c = name + kTemporaryPrefixLength; *c; ++c)
         if (!std::isalnum(static_cast<unsigned char>(*c))) return false;
     return true;
 }
@@ -193,12 +223,19 @@ void FileWrites::use(Write write, Flush flush) {
     flushCall = flush ? flush : ::fsync;
 }
 
-WriteResult replaceFile(const std::string& path, const std::string& bytes) {
+namespace {
+
+// With a `mode`, the file has that one; else it keeps its own (a new one takes the umask's).
+WriteResult replace(const std::string& path, const std::string& bytes, mode_t mode) {
     const std::string target = linkTarget(path);
     const std::string folder = folderOf(target);
     struct stat st {};
     const bool exists = ::stat(target.c_str(), &st) == 0;
     if (!exists && errno != ENOENT) {
+        if (errno == ELOOP)
+            return failure(err::kFileAccess, "Path/File access error: " + path +
+                                                 " cannot be reached: a symbolic link on the way leads round in a "
+                                                 "loop; nothing was saved");
         if (errno == ENAMETOOLONG)
             return failure(err::kFileAccess, "Path/File access error: the name " + path + " is too long");
         if (errno == EACCES)
@@ -218,17 +255,17 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
                            "; it was left as it is");
 
     // Other names of the file would keep the old bytes after a rename.
-    if (exists && st.st_nlink > 1) return writeInPlace(path, target, bytes);
+    if (exists && st.st_nlink > 1) return writeInPlace(path, target, bytes, mode);
 
     // What an interrupted save left here goes before this one adds its own.
     removeStaleTemporaries(folder);
-    // Short, so that it fits beside any name the folder can hold.
-    std::string temp = folder + "/.twXXXXXX";
+    // Of its own length, whatever the name it stands in for.
+    std::string temp = folder + "/" + kTemporaryPrefix + "XXXXXX";
     const int fd = ::mkostemp(temp.data(), O_CLOEXEC);
     if (fd >= 0) ::flock(fd, LOCK_EX | LOCK_NB); // a save under way
     if (fd < 0) {
         const int e = errno;
-        if (exists && (e == EACCES || e == EPERM || e == EROFS)) return writeInPlace(path, target, bytes);
+        if (exists && (e == EACCES || e == EPERM || e == EROFS)) return writeInPlace(path, target, bytes, mode);
         if (e == ENOENT || e == ENOTDIR)
             return failure(err::kPathNotFound, "Path not found: the folder " + folder + " does not exist");
         if (e == EACCES || e == EPERM || e == EROFS)
@@ -247,20 +284,29 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
         // Only the owner's own process may give a file away: keep the file and write over it.
         ::close(fd);
         ::unlink(temp.c_str());
-        return writeInPlace(path, target, bytes);
+        return writeInPlace(path, target, bytes, mode);
     }
-    const bool written = ::fchmod(fd, exists ? (st.st_mode & 07777) : newFileMode()) == 0 && writeAll(fd, bytes);
+    const mode_t kept = mode ? mode : exists ? (st.st_mode & 07777) : newFileMode();
+    // Who may read and write it beyond its mode, and what the user attached to it, go with it; where
+    // the user may not give the new file one of them, the file itself is kept and written over.
+    if (::fchmod(fd, kept) != 0 || (exists && !mode && !copyAttributes(target, fd))) {
+        ::close(fd);
+        ::unlink(temp.c_str());
+        if (exists) return writeInPlace(path, target, bytes, mode);
+        return failure(err::kPermissionDenied, "Permission denied: cannot create " + path + " (" + reason(errno) + ")");
+    }
+    const bool written = writeAll(fd, bytes);
     const int writeError = errno;
     ::close(fd);
     if (!written) {
         ::unlink(temp.c_str());
-        return notWritten(path, writeError);
+        return notWritten(path, writeError, exists);
     }
     if (::rename(temp.c_str(), target.c_str()) != 0) {
         const int e = errno;
         ::unlink(temp.c_str());
         // A folder with the sticky bit lets only the owner replace a file.
-        if (exists && (e == EACCES || e == EPERM)) return writeInPlace(path, target, bytes);
+        if (exists && (e == EACCES || e == EPERM)) return writeInPlace(path, target, bytes, mode);
         if (e == ENAMETOOLONG)
             return failure(err::kFileAccess, "Path/File access error: the name " + path + " is too long");
         return failure(err::kPermissionDenied, "Permission denied: cannot replace " + path + " (" + reason(e) + ")");
@@ -272,5 +318,11 @@ WriteResult replaceFile(const std::string& path, const std::string& bytes) {
     }
     return {};
 }
+
+} // namespace
+
+WriteResult replaceFile(const std::string& path, const std::string& bytes) { return replace(path, bytes, 0); }
+
+WriteResult replacePrivateFile(const std::string& path, const std::string& bytes) { return replace(path, bytes, 0600); }
 
 } // namespace tw

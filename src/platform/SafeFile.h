@@ -11,7 +11,7 @@
 namespace tw {
 
 // Puts `bytes` in the file at `path`. A symbolic link is followed to the
-// file it names. The bytes go to a temporary sibling with a short name,
+// file it names. The bytes go to a temporary sibling named .tarnwick-save-XXXXXX,
 // which takes the old file's mode, owner and group and is then renamed over
 // it. Where that cannot keep the file as it was -- the folder may not be
 // written, the owner cannot be kept, the file has other names -- the file
@@ -19,10 +19,12 @@ namespace tw {
 // are on the disk and put back when they cannot be. A file the user may not write, a folder, a device or
 // a pipe is refused and left alone. Descriptions name the cause.
 WriteResult replaceFile(const std::string& path, const std::string& bytes);
+// The same for a file that is the user's alone (0600), whatever mode it had before.
+WriteResult replacePrivateFile(const std::string& path, const std::string& bytes);
 
 // Removes the temporary files of saves that were cut short (a crash, a
-// kill, a power cut) from `folder`: only this user's, and none a save
-// still writes.
+// kill, a power cut) from `folder`: only names this program gives its
+// temporaries, only this user's plain files, and none a save still writes.
 void removeStaleTemporaries(const std::string& folder);
 
 // The calls that put bytes on the disk, so that a test can make them fail

@@ -31,6 +31,10 @@ QString shownPath(const Report& r) { return r.path.empty() ? QStringLiteral("(no
 QString shownName(const Report& r) {
     return r.path.empty() ? QStringLiteral("(not saved)") : QFileInfo(q(r.path)).fileName();
 }
+// The foot of every page says when the pages are not what the file holds.
+QString footerName(const Report& r) {
+    return r.source.empty() ? shownName(r) : shownName(r) + QStringLiteral(" \u2013 unsaved");
+}
 
 constexpr int kElevationsPerPage = 3;
 
@@ -176,6 +180,10 @@ void titleBlock(Pages& pg, const Report& r, const QDate& date) {
         });
     }
     y += lh * lines + 2;
+    if (!r.source.empty()) {
+        pg.text(pad, y, avail, pg.bold(), q(r.source));
+        y += pg.lineHeight(pg.bold()) + 2;
+    }
     pg.text(pad, y, avail, pg.body(), QStringLiteral("Date: ") + date.toString(Qt::ISODate));
     y += lh + 8;
     pg.text(pad, y, avail, pg.body(), QStringLiteral("Checked by ______ Date ______"));
@@ -357,7 +365,7 @@ bool paintReport(const Report& report, const Project& project, QPagedPaintDevice
     inputs(pg, report);
     bentTable(pg, report);
     drawings(pg, report, project);
-    return pg.paint(shownName(report));
+    return pg.paint(footerName(report));
 }
 
 bool exportReport(const Report& report, const Project& project, const QString& path, QString* error,

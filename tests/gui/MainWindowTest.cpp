@@ -7,6 +7,7 @@
 #include "gui/DrawingViewer.h"
 #include "gui/FormPages.h"
 #include "gui/MainWindow.h"
+#include "gui/StatusMessages.h"
 #include "platform/QtText.h"
 
 #include <QAction>
@@ -210,10 +211,10 @@ class MainWindowTest : public QObject, public test::ShownWindow {
 
         drop(QStringLiteral(TW_SOURCE_DIR "/tests/replay/view-not-a-drawing/files/notes.dgn"));
         QVERIFY(window->findChildren<DrawingViewer*>().isEmpty());
-        QVERIFY(!window->statusBar()->currentMessage().isEmpty());
+        QVERIFY(!window->messages()->shownText().isEmpty());
 
         drop(QStringLiteral(TW_SOURCE_DIR "/README.md"));
-        QVERIFY(window->statusBar()->currentMessage().startsWith(QStringLiteral("README.md is neither")));
+        QVERIFY(window->messages()->shownText().startsWith(QStringLiteral("README.md is neither")));
         QCOMPARE(window->windowTitle(), title);
     }
 

@@ -66,14 +66,7 @@ struct Window {
         window.refresh();
     }
     // The bars the window offers at its start.
-    std::vector<RecoveryBar*> offered() {
-        std::vector<RecoveryBar*> bars;
-        for (auto& left : store.claimLeft()) {
-            bars.push_back(new RecoveryBar(app, store, std::move(left)));
-            window.addNotice(bars.back());
-        }
-        return bars;
-    }
+    std::vector<RecoveryBar*> offered() { return offerLeftWork(app, store, window); }
 };
 
 QStringList recoveryFiles(const QString& folder) {
@@ -148,6 +141,28 @@ class RecoveryWindowTest : public QObject {
         QVERIFY(next.store.path().endsWith(recoveryFiles(folder).first()));
     }
 
+    // A left file that cannot be restored (a bare row line) is no offer: a
+    // bar says so once and where its bytes are kept; the next window says nothing.
+    void anUnreadableLeftFileIsSaidOnceAndOfferedNoMore() {
+        QFile bad(QDir(folder).filePath(QStringLiteral("recovery-7-7.ebnt")));
+        QVERIFY(bad.open(QIODevice::WriteOnly));
+        bad.write("A PROJECT\r\n[Tarnwick recovery 1]\r\nrow\r\n");
+        bad.close();
+        {
+            Window s(folder);
+            QVERIFY(s.offered().empty());
+            const auto* said = s.window.findChild<QFrame*>(QStringLiteral("recoveryUnreadableBar"));
+            QVERIFY(said);
+            const QString text = said->findChild<QLabel*>(QStringLiteral("recoveryUnreadableText"))->text();
+            QVERIFY2(text.contains(QStringLiteral("a row of the bent table comes before its columns")),
+                     qPrintable(text));
+            QVERIFY2(text.contains(bad.fileName() + QStringLiteral(".unreadable")), qPrintable(text));
+        }
+        Window next(folder);
+        QVERIFY(next.offered().empty());
+        QVERIFY(!next.window.findChild<QFrame*>(QStringLiteral("recoveryUnreadableBar")));
+    }
+
     // Ended by a logout, Ctrl+C or a closed terminal, the window keeps its
     // work, lets go of its lock and ends normally: its project is offered.
     void aPoliteSignalKeepsTheWorkAndLeavesNoLock() {
@@ -183,10 +198,10 @@ class RecoveryWindowTest : public QObject {
             QVERIFY(f.open(QIODevice::WriteOnly));
             f.setFileTime(QDateTime::currentDateTime().addSecs(-600), QFileDevice::FileModificationTime);
         };
-        const QStringList gone = {QStringLiteral("recovery-1-1.lock"), QStringLiteral(".twAb12Cd")};
+        const QStringList gone = {QStringLiteral("recovery-1-1.lock"), QStringLiteral(".tarnwick-save-Ab12Cd")};
         const QStringList kept = {QStringLiteral("recovery-2-2.ebnt"), QStringLiteral("recovery-2-2.lock"),
                                   QStringLiteral("recovery-3-3.lock"), QStringLiteral("notes.lock"),
-                                  QStringLiteral(".tw-notes")};
+                                  QStringLiteral(".tw-notes"),         QStringLiteral(".twAb12Cd")};
         for (const auto& name : gone + kept)
             make(name);
         const int running = ::open(QFile::encodeName(dir.filePath(kept[2])).constData(), O_RDONLY);

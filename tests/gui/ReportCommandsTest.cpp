@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -42,6 +43,7 @@ class ReportCommandsTest : public QObject, public test::ShownWindow {
                              "mnuSave",
                              "mnuSaveAs",
                              "actionCompareWith",
+                             "actionPutAsideWork",
                              "mnuPrint",
                              "actionExportReport",
                              "actionPrintReport",
@@ -61,7 +63,28 @@ class ReportCommandsTest : public QObject, public test::ShownWindow {
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty()) return;
         const QString text = pdfText(pdf);
         QVERIFY(text.contains(QStringLiteral("Project file: (not saved)")));
+        QVERIFY(text.contains(QStringLiteral("Form not saved to a file")));
         QVERIFY(text.contains(QStringLiteral("Pile End Bent without Backwall")));
+    }
+
+    // A checker must not sign a form's unsaved values under the name of a
+    // file that holds others: the title block says so, and every page's foot.
+    void aFormWithChangesNotSavedIsReportedAsSuchOnEveryPage() {
+        QTemporaryDir dir;
+        QVERIFY(dir.isValid());
+        app->ports.files = {TW_SOURCE_DIR "/samples/twelve-beams.ebnt"};
+        (*app)->actions.click(Ctl::mnuOpen);
+        (*app)->actions.type(Ctl::txtCapLength, "84");
+        (*app)->actions.leave(Ctl::txtCapLength);
+        const QString pdf = dir.filePath(QStringLiteral("changed.pdf"));
+        QString error;
+        QVERIFY2(exportReportTo(**app, pdf, &error), qPrintable(error));
+        if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty()) return;
+        const QString text = pdfText(pdf);
+        QVERIFY2(text.contains(QRegularExpression(
+                     QStringLiteral("Form with changes not saved to twelve-beams\\.ebnt, last saved [0-9: -]+"))),
+                 qPrintable(text.left(600)));
+        QCOMPARE(text.count(QStringLiteral("twelve-beams.ebnt \u2013 unsaved")), test::pdfPages(pdf));
     }
 
     void thePrinterGetsTheReportThatIsExported() {
@@ -91,6 +114,7 @@ class ReportCommandsTest : public QObject, public test::ShownWindow {
             QVERIFY(text.contains(QStringLiteral("Cap Steps 12")));
             QVERIFY(!text.contains(QStringLiteral("Cap Steps 13")));
             QVERIFY(text.contains(QStringLiteral("page %1 of %1").arg(pages)));
+            QVERIFY(!text.contains(QStringLiteral("unsaved")));
         }
         // An output that cannot be written is told and leaves nothing.
         const QString nowhere = dir.filePath(QStringLiteral("no such folder/report.pdf"));

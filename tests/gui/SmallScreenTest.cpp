@@ -2,9 +2,11 @@
 // The window on a 1024 x 640 screen with the drawing pane open: it fits,
 // its View menu brings back what was closed, its fields say what they take,
 // and a closing field's text can be read on its red or yellow.
+#include "../unit/LargestProject.h"
 #include "PaneChecks.h"
 #include "ProgramWindows.h"
 
+#include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
 #include "gui/Binder.h"
 #include "gui/DrawingPane.h"
@@ -12,6 +14,7 @@
 #include "gui/LaidOutView.h"
 #include "gui/MainWindow.h"
 #include "gui/RunOutputs.h"
+#include "gui/StatusMessages.h"
 #include "gui/WindowSet.h"
 
 #include <QAction>
@@ -22,6 +25,7 @@
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
@@ -98,6 +102,41 @@ class SmallScreenTest : public QObject, public test::ProgramWindows {
                          qPrintable(QStringLiteral("%1, %2: ").arg(sample, elevation ? "elevation" : "plan") + fault));
             }
         }
+    }
+
+    // Every page built late (as each tab is first shown) must not push the
+    // window, or the pane beside it, past the screen: with every sample and
+    // with the largest project the program allows.
+    void theWindowStillFitsOnceEveryPageOfEveryProjectHasBeenShown_data() {
+        QTest::addColumn<QString>("project");
+        for (const char* sample : {"intermediate", "end-without-backwall", "end-with-backwall", "twelve-beams"})
+            QTest::newRow(sample) << QStringLiteral(TW_SOURCE_DIR "/samples/%1.ebnt").arg(QLatin1String(sample));
+        QTest::newRow("largest") << QString();
+    }
+    void theWindowStillFitsOnceEveryPageOfEveryProjectHasBeenShown() {
+        QFETCH(QString, project);
+        QVERIFY(test::bring(*app, [&](Session& s) {
+            if (project.isEmpty())
+                test::fillLargestProject(s);
+            else
+                QVERIFY(readInputFile(s, project.toStdString()));
+        }));
+        main().resize(1024, 600);
+        QTabWidget* tabs = main().tabs();
+        for (int i = 0; i < tabs->count(); ++i) {
+            if (!tabs->isTabVisible(i)) continue;
+            tabs->setCurrentIndex(i);
+            QApplication::processEvents();
+        }
+        QApplication::processEvents();
+        const int wanted = main().minimumSizeHint().width();
+        QVERIFY2(wanted <= 1024, qPrintable(QStringLiteral("the window wants %1 px").arg(wanted)));
+        QVERIFY2(main().frameGeometry().right() < 1024 + 8,
+                 qPrintable(QString::number(main().frameGeometry().right())));
+        const QRect pane(main().drawingPane()->mapTo(&main(), QPoint()), main().drawingPane()->size());
+        QVERIFY(main().drawingPane()->isVisible());
+        QVERIFY2(pane.right() <= main().width(), qPrintable(QString::number(pane.right())));
+        QVERIFY(main().drawingPane()->width() >= 200);
     }
 
     void theViewMenuShowsAndHidesThePaneTheToolbarAndTheStatusBar() {
@@ -190,14 +229,18 @@ class SmallScreenTest : public QObject, public test::ProgramWindows {
         app->actions.type(Ctl::txtCapLength, "84");
         app->actions.leave(Ctl::txtCapLength);
         QApplication::processEvents();
-        auto* standing = main().findChild<QLabel*>(QStringLiteral("standingNotes"));
-        QVERIFY2(standing->text().contains(QStringLiteral("Centerline Distance")), qPrintable(standing->text()));
+        StatusMessages* words = main().messages();
+        QVERIFY2(words->shownText().contains(QStringLiteral("Centerline Distance")), qPrintable(words->shownText()));
+        // Longer than the bar: shortened, whole in its tooltip.
+        auto* shown = words->findChild<QWidget*>(QStringLiteral("statusMessage"));
+        QVERIFY(shown->width() < shown->fontMetrics().horizontalAdvance(words->shownText()));
+        QCOMPARE(shown->toolTip(), words->shownText());
         QLabel* pane = main().drawingPane()->staleNote();
         QVERIFY(pane->isVisible());
         QVERIFY2(pane->text().contains(QStringLiteral("when the tab changes")), qPrintable(pane->text()));
         app->actions.selectTab(2);
         QApplication::processEvents();
-        QVERIFY(standing->text().isEmpty());
+        QVERIFY(words->shownText().isEmpty());
         QVERIFY(!pane->isVisible());
     }
 };

@@ -12,6 +12,7 @@
 #include "gui/FormWindows.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
+#include "gui/StatusMessages.h"
 #include "gui/StylePictures.h"
 #include "gui/WindowSet.h"
 #include "gui/WrapLabel.h"
@@ -347,8 +348,7 @@ class WindowFitTest : public QObject, public test::ProgramWindows {
         QVERIFY(QFile::exists(project));
         auto* path = main().findChild<QLabel*>(QStringLiteral("currentFilePath"));
         QCOMPARE(path->text(), project);
-        QVERIFY2(main().statusBar()->currentMessage().contains(dir.path()),
-                 qPrintable(main().statusBar()->currentMessage()));
+        QVERIFY2(main().messages()->shownText().contains(dir.path()), qPrintable(main().messages()->shownText()));
     }
 
     void theToolbarSaysWhatEachButtonDoes() {

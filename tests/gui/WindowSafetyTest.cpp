@@ -9,6 +9,7 @@
 #include "gui/GuardedApplication.h"
 #include "gui/MainWindow.h"
 #include "gui/RunStatus.h"
+#include "gui/StatusMessages.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -33,6 +34,7 @@ namespace {
 class WindowPorts : public test::FakePorts {
   public:
     RunStatus* status = nullptr;
+    StatusMessages* words = nullptr;
     std::function<void(const std::string&)> onWait;
     void waitBegins(const std::string& what, std::function<void()> cancel) override {
         FakePorts::waitBegins(what, cancel);
@@ -45,7 +47,7 @@ class WindowPorts : public test::FakePorts {
     }
     void notice(const std::string& text) override {
         FakePorts::notice(text);
-        status->notice(text);
+        words->notice(QString::fromStdString(text));
     }
 };
 
@@ -113,7 +115,8 @@ class WindowSafetyTest : public QObject {
         app = std::make_unique<App>(ports, platform, dir.toStdString());
         app->loadMainForm();
         window = std::make_unique<MainWindow>(*app);
-        ports.status = new RunStatus(window->statusBar());
+        ports.status = window->runStatus();
+        ports.words = window->messages();
         app->actions.onChange([this](const ChangeSet& changes) {
             if (window) window->refresh(changes);
         });
@@ -167,7 +170,7 @@ class WindowSafetyTest : public QObject {
         QCOMPARE(ports.messages.back().text.substr(0, 33), std::string("The program has finished running."));
         QCOMPARE(find<QLineEdit>("txtCapLength")->text(), QStringLiteral("36.5012"));
         QVERIFY(ports.status->waitText().isEmpty());
-        QVERIFY(ports.status->noticeText().isEmpty());
+        QVERIFY2(ports.words->noticeText().isEmpty(), qPrintable(ports.words->noticeText()));
     }
 
     void cancelEndsTheBatchProgramAndRunInItsBox() {
@@ -190,7 +193,7 @@ class WindowSafetyTest : public QObject {
         QVERIFY(kill(pid, 0) != 0 || slurp(QStringLiteral("/proc/%1/stat").arg(pid)).find(") Z ") != std::string::npos);
     }
 
-    // Told after the final message, and no passing status message hides it.
+    // Told after the final message; a newer passing message shows alone, and the word comes back after it.
     void aMissingDrawingStaysInTheStatusBar() {
         batchProgram("/bin/false");
         run();
@@ -198,9 +201,10 @@ class WindowSafetyTest : public QObject {
         const QString said =
             QStringLiteral("The drawing batch program ended with exit status 1 and left no drawing: ") + dir +
             QStringLiteral("/bente.dgn");
-        QCOMPARE(ports.status->noticeText(), said);
-        window->statusBar()->showMessage(QStringLiteral("something else"));
-        QVERIFY(find<QWidget>("runNotice")->isVisible());
+        QCOMPARE(ports.words->shownText(), said);
+        ports.words->say(QStringLiteral("something else"), 50);
+        QCOMPARE(ports.words->shownText(), QStringLiteral("something else"));
+        QTRY_COMPARE(ports.words->shownText(), said);
     }
 
     void aFailureThatEscapesAnEventEndsInTheErrorBox() {

@@ -74,17 +74,18 @@ TEST_F(ChangedOnDisk, ASaveOverTheirChangeAsksFirstAndOnlyThen) {
 }
 
 // A second program that opens the project while the first holds it is told
-// so, as the window tells it in a bar: a message line that takes no answer.
+// so, as the window tells it in a bar: a note, which takes no answer.
 TEST_F(ChangedOnDisk, ASecondOpenOfAnOpenProjectIsTold) {
-    test::LiveReplay first(dir), second(dir);
+    const fs::path errors = dir / "second-errors.txt";
+    test::LiveReplay first(dir), second(dir, errors);
     first.send("file bent.ebnt\nclick mnuOpen\n");
     EXPECT_NE(first.answer().find("dialog open"), std::string::npos);
     second.send("answer No\nfile bent.ebnt\nclick mnuOpen\nfocus\n");
     EXPECT_NE(second.answer().find("dialog open"), std::string::npos);
-    EXPECT_EQ(second.answer(), "message \"File Open Twice\" \"" + file.string() +
-                                   " is open in another Tarnwick window too. A save in one would write over what was "
-                                   "saved in the other; Save asks before it does.\" OK none -> OK\n");
     EXPECT_EQ(second.answer(), "focus = none\n");
+    EXPECT_EQ(test::slurp(errors), "tarnwick: note: " + file.string() +
+                                       " is open in another Tarnwick window too. A save in one would write over "
+                                       "what was saved in the other; Save asks before it does.\n");
     // The queued answer is still there for the next box.
     second.send("click mnuNew\n");
     EXPECT_NE(second.answer().find("\"Clear Form Confirmation\" \"Do you want to clear the form and start over?\" "

@@ -9,6 +9,7 @@
 #include "core/ports.h"
 #include "platform/FileRead.h"
 #include "platform/OutputFiles.h"
+#include "platform/PutAsideStore.h"
 
 #include <deque>
 #include <fstream>
@@ -106,6 +107,21 @@ class FakePorts : public UserPorts, public SystemPorts {
     void waitBegins(const std::string& what, std::function<void()>) override { waits.push_back("begin " + what); }
     void waitEnds() override { waits.push_back("end"); }
     void notice(const std::string& text) override { notices.push_back(text); }
+    // Copies put aside (the command and the bytes), what the user was told of
+    // them, and the failure a put-aside meets, when set.
+    std::vector<std::pair<std::string, std::string>> putAsides;
+    std::vector<std::string> putAsideTold;
+    std::optional<std::string> putAsideFault;
+    bool putAsideOnDisk = false; // in the user's real folder of put-aside work
+    PutAside putAside(const std::string& bytes, const std::string& command) override {
+        if (putAsideFault) return {false, {}, {}, *putAsideFault};
+        if (putAsideOnDisk) return putAsideInStore(bytes, command);
+        putAsides.emplace_back(command, bytes);
+        return {true, "/put-aside/" + std::to_string(putAsides.size()), "12:34", {}};
+    }
+    void toldPutAside(const std::string& text, const std::string& copy) override {
+        putAsideTold.push_back(text + (copy.empty() ? "" : " @" + copy));
+    }
     bool startDetached(const ProgramCall& call) override {
         started.push_back(call.commandLine());
         calls.push_back(call);

@@ -130,11 +130,12 @@ TEST(Outputs, TheErrorLineScanReadsCommaSeparatedItems) {
         {"ERROR\r\nLINE\r\n", true},
         {"error line\r\n", true},
     };
+    test::FakePorts ports;
     for (const auto& [text, clean] : cases) {
         std::ofstream(file, std::ios::binary) << text;
-        EXPECT_EQ(concreteDataIsClean(file), clean) << text;
+        EXPECT_EQ(concreteDataIsClean(ports, file), clean) << text;
     }
-    EXPECT_TRUE(concreteDataIsClean(file + ".missing"));
+    EXPECT_TRUE(concreteDataIsClean(ports, file + ".missing"));
 }
 
 // A listing's lines as the printer and the preview take them.

@@ -328,7 +328,7 @@ TEST(InputFileReader, OpensOnlySmallRegularFiles) {
         {"/dev/zero", "Path/File access error: /dev/zero is not a file but a device, a pipe or a socket"},
         {"/proc/self/mem", "Device I/O error: /proc/self/mem could not be read to its end"},
         {dir / "large.ebnt", "Path/File access error: " + (dir / "large.ebnt").string() +
-                                 " is larger than an input file can be (1024 KiB)"},
+                                 " is larger than a file of its kind can be (1 MiB)"},
         {dir / "missing.ebnt", "File not found: " + (dir / "missing.ebnt").string()},
     };
     test::Program app;

@@ -104,3 +104,55 @@ TEST(Recovery, ADamagedFileIsToldAndChangesNothing) {
 
 } // namespace
 } // namespace tw
+
+namespace tw {
+namespace {
+
+// A recovery file someone changed by hand, or a disk spoiled: every line
+// is checked against what a session writes before any of it reaches the
+// form, so a tampered file is refused with its line, never half restored.
+TEST(Recovery, ATamperedFileIsRefusedBeforeAnythingChanges) {
+    Loaded source;
+    test::ProjectMaker(9).fill(*source);
+    source->setComboText(Ctl::cboTybent, "Pile End Bent with Backwall");
+    const std::string good = composeRecovery(*source);
+    const std::string marker = "[Tarnwick recovery 1]\r\n";
+    const std::string head = good.substr(0, good.find(marker) + marker.size());
+    const std::string columns = "columns " + std::to_string(source->table().cols()) + "\r\n";
+    std::string inputs;
+    for (size_t at = good.find("\r\ninput "); at != std::string::npos; at = good.find("\r\ninput ", at + 2))
+        inputs += good.substr(at + 2, good.find("\r\n", at + 2) - at);
+    const std::pair<std::string, std::string> tampered[] = {
+        {head + "row\r\n", "line 2: a row of the bent table comes before its columns"},
+        {head + "columns 3\r\nrow \"1\" \"\" \"\"\r\n" + inputs,
+         "line 2: the bent table of a Pile End Bent with Backwall with " + source->text(Ctl::cboNoBeam) +
+             " beams has " + std::to_string(source->table().cols()) + " columns, not 3"},
+        {head + "columns 0\r\n", "line 2: the bent table has no columns"},
+        {head + "columns 2000000000\r\n", "line 2: the bent table of"},
+        {head + columns + columns, "line 3: the bent table's columns are given twice"},
+        {head + columns + "row \"1\"\r\n", "line 3: a row of the bent table is not whole"},
+        {head + "input cboNoBeam \"99\"\r\n", "line 2: \"99\" is not an item of cboNoBeam"},
+        {head + "input cboTybent \"Pile Bridge\"\r\n", "line 2: \"Pile Bridge\" is not an item of cboTybent"},
+        {head + "counter 40000\r\n", "line 2: the bent counter is out of range"},
+        {head + "counter\r\n", "line 2: counter takes 1 word(s)"},
+        {head + "register\r\nfile\r\n", "line 3: file takes 1 word(s)"},
+    };
+    for (const auto& [bytes, said] : tampered) {
+        test::Program app;
+        app->actions.type(Ctl::txtCapLength, "42");
+        const Project before = app->project();
+        const std::string caption = app->main().caption;
+        EXPECT_FALSE(app->actions.restore(bytes)) << said;
+        ASSERT_EQ(app.ports.messages.size(), 1u) << said;
+        EXPECT_NE(app.ports.messages[0].text.find("Invalid file format: the recovery file cannot be read (" + said),
+                  std::string::npos)
+            << app.ports.messages[0].text;
+        EXPECT_TRUE(app->project() == before) << said;
+        EXPECT_EQ(app->main().caption, caption);
+        EXPECT_NE(summarizeRecovery(bytes).problem, "") << said;
+    }
+    EXPECT_EQ(summarizeRecovery(good).problem, "");
+}
+
+} // namespace
+} // namespace tw

@@ -65,6 +65,27 @@ TEST(ReplayLines, EveryLineThatCannotBeCarriedOutWholeEndsTheReplay) {
     EXPECT_EQ(play("toolbar \"New\"\nselect 0 0\ntype txtProjectInfo(0) two words\nfile a b.ebnt\n").status, 0);
 }
 
+// A script from elsewhere may hold a terminal's control sequences: the error
+// line shows them as escapes, never as commands to the terminal it lands on.
+TEST(ReplayLines, AnErrorLineShowsTheScriptsControlCharactersAsEscapes) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"\x1b[2J\x1b]0;owned\x07", "unknown verb \\x1B[2J\\x1B]0;owned\\x07"},
+        {"choose cboNoBeam \"\x1b[31mred\"", "no item \"\\x1B[31mred\" in cboNoBeam"},
+        // The one-byte and the UTF-8 form of a C1 control, a DEL, and letters that stay.
+        {"show \x9b"
+         "6n\xc2\x9b"
+         "6n\x7f\xc3\xa4",
+         "unknown control \\x9B"
+         "6n\\xC2\\x9B"
+         "6n\\x7F\xc3\xa4"},
+    };
+    for (const auto& [line, said] : cases) {
+        const Played p = play(line + "\n");
+        EXPECT_EQ(p.status, 2) << said;
+        EXPECT_EQ(p.err, "replay: line 1: " + said + "\n");
+    }
+}
+
 TEST(ReplayLines, ALineLongerThan64KiBIsRefusedWithItsNumber) {
     const std::string longest(kMaxScriptLine, 'x');
     Played p = play("show txtCapWidth\n" + longest + "\n");

@@ -79,13 +79,18 @@ inline Ran runTarnwick(std::vector<std::string> args, const std::filesystem::pat
 // `tarnwick replay -` in `dir`, driven line by line as another program would.
 class LiveReplay {
   public:
-    explicit LiveReplay(const std::filesystem::path& dir) {
+    // `errors`: a file that takes its standard error.
+    explicit LiveReplay(const std::filesystem::path& dir, const std::filesystem::path& errors = {}) {
         int in[2], out[2];
         if (pipe(in) != 0 || pipe(out) != 0) return;
         pid_ = fork();
         if (pid_ == 0) {
             dup2(in[0], 0);
             dup2(out[1], 1);
+            if (!errors.empty()) {
+                const int err = open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+                if (err >= 0) dup2(err, 2);
+            }
             close(in[1]);
             close(out[0]);
             if (chdir(dir.c_str()) != 0) _exit(126);

@@ -11,16 +11,20 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <grp.h>
+#include <map>
 #include <sstream>
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <vector>
 
@@ -189,6 +193,73 @@ TEST(SafeSave, LongNamesFoldersAndAFolderTheUserMayNotWrite) {
               "");
 }
 
+// The extended attributes of a file, by name.
+std::map<std::string, std::string> attributesOf(const fs::path& p) {
+    std::map<std::string, std::string> found;
+    char names[4096];
+    const ssize_t n = listxattr(p.c_str(), names, sizeof names);
+    for (ssize_t i = 0; i < n; i += static_cast<ssize_t>(std::strlen(names + i)) + 1) {
+        char value[4096];
+        const ssize_t v = getxattr(p.c_str(), names + i, value, sizeof value);
+        found[names + i] = v < 0 ? "?" : std::string(value, static_cast<size_t>(v));
+    }
+    return found;
+}
+
+// An access control list as the kernel keeps it: the owner rw, user 4242 rw,
+// the group r, a mask of rw, others nothing.
+std::string accessList() {
+    const std::uint16_t entries[][2] = {{0x01, 6}, {0x02, 6}, {0x04, 4}, {0x10, 6}, {0x20, 0}};
+    std::string acl = std::string("\x02\0\0\0", 4);
+    for (const auto& [tag, perm] : entries) {
+        const std::uint32_t id = tag == 0x02 ? kSomeoneElse : 0xFFFFFFFF;
+        acl.append(reinterpret_cast<const char*>(&tag), 2);
+        acl.append(reinterpret_cast<const char*>(&perm), 2);
+        acl.append(reinterpret_cast<const char*>(&id), 4);
+    }
+    return acl;
+}
+
+// A save keeps who may read and write the file beyond its mode (an access
+// control list) and what the user attached to it (extended attributes).
+// Where the user may not give the new file an attribute the old one has,
+// the file is written in place, and keeps them all.
+TEST(SafeSave, AccessListsAndExtendedAttributesAreKept) {
+    Folder d("tw-save-attributes");
+    const auto file = d.path / "shared.ebnt";
+    put(file, "previous", 0600);
+    const std::string acl = accessList();
+    ASSERT_EQ(setxattr(file.c_str(), "system.posix_acl_access", acl.data(), acl.size(), 0), 0) << strerror(errno);
+    ASSERT_EQ(setxattr(file.c_str(), "user.checked-by", "RH", 2, 0), 0) << strerror(errno);
+    const auto before = attributesOf(file);
+    const mode_t mode = modeOf(file);
+    EXPECT_EQ(mode, 0660u) << "the group bits show the list's mask";
+    EXPECT_EQ(replaceFile(file.string(), "saved").error, "");
+    EXPECT_EQ(slurp(file), "saved");
+    EXPECT_EQ(attributesOf(file), before);
+    EXPECT_EQ(modeOf(file), mode);
+    EXPECT_EQ(d.entries(), 1u);
+
+    if (geteuid() != 0) return; // only root can give a file an attribute its owner cannot set
+    const auto locked = d.path / "labelled.ebnt";
+    put(locked, "previous", 0644);
+    ASSERT_EQ(chown(d.path.c_str(), kNobody, kNobody), 0);
+    ASSERT_EQ(chown(locked.c_str(), kNobody, kNobody), 0);
+    ASSERT_EQ(setxattr(locked.c_str(), "security.tarnwick-test", "label", 5, 0), 0) << strerror(errno);
+    const auto labelled = attributesOf(locked);
+    struct stat st {};
+    stat(locked.c_str(), &st);
+    const ino_t inode = st.st_ino;
+    EXPECT_EQ(asOrdinaryUser([&](Faults& f) {
+                  f.same(replaceFile(locked.string(), "by nobody").error, "", "save");
+                  f.same(slurp(locked), "by nobody", "the file");
+              }),
+              "");
+    EXPECT_EQ(attributesOf(locked), labelled);
+    stat(locked.c_str(), &st);
+    EXPECT_EQ(st.st_ino, inode) << "written in place";
+}
+
 // A file of someone else's that the user may write keeps its owner and group.
 TEST(SafeSave, TheOwnerAndGroupAreKept) {
     if (geteuid() != 0) GTEST_SKIP() << "only root can give a file to someone else to set this case up";
@@ -259,32 +330,33 @@ TEST(SafeSave, AFullDiskDuringAnInPlaceWriteIsToldAsItEnded) {
 }
 
 // A save cut short leaves its temporary file; the next save in that folder
-// removes it, and nothing that is not a stale temporary of this user's.
-TEST(SafeSave, StaleTemporariesOfCutShortSavesGo) {
+// removes it, and nothing else: not a name a user may give a file of their
+// own, not a temporary a save still writes, not someone else's.
+TEST(SafeSave, OnlyTheTemporariesOfCutShortSavesGo) {
     Folder d("tw-save-stale");
     const auto old = fs::file_time_type::clock::now() - std::chrono::minutes(5);
     auto make = [&](const std::string& name, bool stale) {
         put(d.path / name, "left over", 0600);
         if (stale) fs::last_write_time(d.path / name, old);
     };
-    make(".twAb12Cd", true);
-    make(".twXyZ789", true);
+    make(".tarnwick-save-Ab12Cd", true);
+    make(".tarnwick-save-XyZ789", true);
     const std::vector<std::string> kept = {
-        ".twFresh1",     // a save under way has only just made it
-        ".twLocked",     // a save under way holds it
-        ".twSeven77",    // not the name of one
-        "bent.tw123456", // nor this
-        ".twLink12",     // a link is nobody's temporary
-        ".twOthers",     // someone else's, where a test can make one
+        ".twilight",                 // the user's own, whatever it looks like
+        ".twdraft1",                 //
+        ".twAb12Cd",                 //
+        ".tarnwick-save-Fresh1",     // a save under way has only just made it
+        ".tarnwick-save-Locked",     // a save under way holds it
+        ".tarnwick-save-Seven77",    // not the name of one
+        "bent.tarnwick-save-123456", // nor this
+        ".tarnwick-save-Link12",     // a link is nobody's temporary
+        ".tarnwick-save-Others",     // someone else's, where a test can make one
     };
-    make(kept[0], false);
-    make(kept[1], true);
-    make(kept[2], true);
-    make(kept[3], true);
-    fs::create_symlink(d.path / "bent.tw123456", d.path / kept[4]);
-    make(kept[5], true);
-    const bool others = geteuid() == 0 && chown((d.path / kept[5]).c_str(), kSomeoneElse, kSomeoneElse) == 0;
-    const int lock = open((d.path / kept[1]).c_str(), O_RDONLY);
+    for (size_t i = 0; i < kept.size(); ++i)
+        if (i != 7) make(kept[i], i != 3);
+    fs::create_symlink(d.path / kept[6], d.path / kept[7]);
+    const bool others = geteuid() == 0 && chown((d.path / kept[8]).c_str(), kSomeoneElse, kSomeoneElse) == 0;
+    const int lock = open((d.path / kept[4]).c_str(), O_RDONLY);
     ASSERT_EQ(flock(lock, LOCK_EX), 0);
 
     EXPECT_EQ(replaceFile((d.path / "bent.ebnt").string(), "saved").errorNumber, 0);
@@ -298,6 +370,46 @@ TEST(SafeSave, StaleTemporariesOfCutShortSavesGo) {
     want.push_back("bent.ebnt");
     std::sort(want.begin(), want.end());
     EXPECT_EQ(names, want);
+}
+
+// The words of a failure say what is there now: a new file that the disk
+// could not take leaves nothing behind, and a link that leads round in a
+// loop is no missing folder.
+TEST(SafeSave, AFailureToldAsWhatIsThereNow) {
+    Folder d("tw-save-words");
+    failing = d.path;
+    FileWrites::use([](int fd, const void*, size_t, off_t) -> ssize_t {
+        std::error_code ec;
+        if (fs::read_symlink("/proc/self/fd/" + std::to_string(fd), ec).parent_path() == failing) {
+            errno = ENOSPC;
+            return -1;
+        }
+        errno = EIO;
+        return -1;
+    });
+    const auto fresh = d.path / "report.pdf";
+    const WriteResult full = replaceFile(fresh.string(), "new bytes");
+    FileWrites::use(nullptr);
+    EXPECT_EQ(full.errorNumber, 61);
+    EXPECT_EQ(full.error,
+              "Disk full: " + fresh.string() + " could not be written (No space left on device); no file was made");
+    EXPECT_EQ(d.entries(), 0u);
+
+    fs::create_symlink("loop-b.ebnt", d.path / "loop-a.ebnt");
+    fs::create_symlink("loop-a.ebnt", d.path / "loop-b.ebnt");
+    fs::create_symlink("looping", d.path / "looping");
+    const std::pair<fs::path, std::string> loops[] = {
+        {d.path / "loop-a.ebnt", (d.path / "loop-a.ebnt").string()},
+        {d.path / "looping" / "bent.ebnt", (d.path / "looping" / "bent.ebnt").string()},
+    };
+    for (const auto& [path, said] : loops) {
+        const WriteResult r = replaceFile(path.string(), "x");
+        EXPECT_EQ(r.errorNumber, 75) << path;
+        EXPECT_EQ(r.error,
+                  "Path/File access error: " + said +
+                      " cannot be reached: a symbolic link on the way leads round in a loop; nothing was saved");
+    }
+    EXPECT_EQ(d.entries(), 3u);
 }
 
 } // namespace

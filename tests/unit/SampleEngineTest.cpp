@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 // The sample engine of the program folder, called as Run calls it.
+#include "FakePorts.h"
 #include "TestFiles.h"
 #include "core/EngineListing.h"
 #include "core/run/Run.h"
@@ -45,14 +46,37 @@ std::string runEngine(const std::string& input) {
 
 TEST(SampleEngine, AnInputItCannotReadEndsInItsErrorLine) {
     const auto dir = test::freshFolder("engine-");
+    test::FakePorts ports;
     // No file at all, a file that is no project, and a project it reads.
     const std::string missing = runEngine((dir / "missing.ebnt").string());
-    EXPECT_FALSE(concreteDataIsClean(missing));
+    EXPECT_FALSE(concreteDataIsClean(ports, missing));
     EXPECT_NE(test::slurp(missing).find("ERROR LINE: THE INPUT FILE COULD NOT BE READ"), std::string::npos);
     std::ofstream(dir / "garbage.ebnt") << "not a project\r\n";
-    EXPECT_FALSE(concreteDataIsClean(runEngine((dir / "garbage.ebnt").string())));
+    EXPECT_FALSE(concreteDataIsClean(ports, runEngine((dir / "garbage.ebnt").string())));
     std::filesystem::copy_file(std::string(TW_SOURCE_DIR) + "/samples/intermediate.ebnt", dir / "sample.ebnt");
-    EXPECT_TRUE(concreteDataIsClean(runEngine((dir / "sample.ebnt").string())));
+    EXPECT_TRUE(concreteDataIsClean(ports, runEngine((dir / "sample.ebnt").string())));
+}
+
+} // namespace
+} // namespace tw
+
+namespace tw {
+namespace {
+
+// The sample drawing batch program makes its intermediate file where no one
+// can have put a link: a link named like it beside the script is left alone,
+// and so is the file it points at; the drawing is still made.
+TEST(SampleEngine, TheBatchProgramWritesThroughNoLinkBesideTheScript) {
+    const auto dir = test::freshFolder("engine-");
+    std::ofstream(dir / "bente.sif") << "SYMBOLOGY 1 0 0 0\nLINE 0 0 10 10\n";
+    std::ofstream(dir / "victim.txt") << "the user's own";
+    std::filesystem::create_symlink(dir / "victim.txt", dir / "bente.geojson");
+    const std::string command = std::string(TW_PROGRAM_DIR) + "/tarnwick-dgnbatch " + (dir / "bente.sif").string();
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(test::slurp(dir / "victim.txt"), "the user's own");
+    EXPECT_TRUE(std::filesystem::is_symlink(dir / "bente.geojson"));
+    EXPECT_GT(std::filesystem::file_size(dir / "bente.dgn"), 0u);
+    std::filesystem::remove_all(dir);
 }
 
 } // namespace

@@ -86,6 +86,8 @@ struct PasteBents {
 struct Restore {
     std::string recovery;
 };
+// The closing values worked out again now, as a change of tab does.
+struct BringUpToDate {};
 
 } // namespace tw::cmd
 
@@ -93,7 +95,7 @@ namespace tw {
 
 using Command = std::variant<cmd::Focus, cmd::Key, cmd::Type, cmd::Edit, cmd::Leave, cmd::Choose, cmd::Click,
                              cmd::DoubleClick, cmd::Toolbar, cmd::Tab, cmd::SelectRows, cmd::Close, cmd::Undo,
-                             cmd::Redo, cmd::Restore, cmd::PasteBents, cmd::OpenPath>;
+                             cmd::Redo, cmd::Restore, cmd::PasteBents, cmd::OpenPath, cmd::BringUpToDate>;
 
 // The keys of the toolbar's buttons, in their order.
 const std::vector<std::string>& toolbarKeys();

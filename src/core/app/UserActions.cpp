@@ -27,6 +27,7 @@ const std::vector<std::string>& toolbarKeys() {
 namespace {
 
 constexpr int kBackspace = 8;
+constexpr int kDeleteButton = 4; // cmdQuantity(4)
 
 // The focus comes to a control of the main form (other forms keep their own).
 void focusOn(Session& s, const Target& t) {
@@ -95,14 +96,17 @@ void clickMain(Session& s, const CtlId& id) {
     case Ctl::mnuAbout: showAbout(s); break;
     case Ctl::cmdQuantity:
         s.clearHint();
+        s.noteUnloweredCount(id.index == kDeleteButton);
         bentCommand(s, id.index);
         break;
     case Ctl::cmdMoveUp:
         s.clearHint();
+        s.noteUnloweredCount(false);
         moveBentUp(s);
         break;
     case Ctl::cmdMoveDown:
         s.clearHint();
+        s.noteUnloweredCount(false);
         moveBentDown(s);
         break;
     case Ctl::lblBearingView:
@@ -232,6 +236,9 @@ ChangeSet UserActions::apply(const Command& command) {
                 return apply(cmd::Click{Target(*menu)});
             },
             [&](const cmd::Tab& c) { return a.perform([&] { tw::selectTab(s, c.tab); }, "Closing Values"); },
+            [&](const cmd::BringUpToDate&) {
+                return a.perform([&] { applyTab(s, s.currentTab()); }, "Bring Closing Values Up to Date");
+            },
             [&](const cmd::SelectRows& c) { return a.perform([&] { s.select(c.row, c.end); }); },
             [&](const cmd::Close& c) {
                 return a.perform([&] {
@@ -246,8 +253,12 @@ ChangeSet UserActions::apply(const Command& command) {
             [&](const cmd::Restore& c) { return a.perform([&] { restoreRecovery(s, c.recovery); }); },
             [&](const cmd::OpenPath& c) { return a.perform([&] { openPath(s, c.path); }); },
             [&](const cmd::PasteBents& c) {
-                return a.perform([&] { tw::pasteBents(s, c.text); }, "Paste Bents", CtlId(Ctl::txtBentNoPI),
-                                 s.table().rows());
+                return a.perform(
+                    [&] {
+                        s.noteUnloweredCount(false);
+                        tw::pasteBents(s, c.text);
+                    },
+                    "Paste Bents", CtlId(Ctl::txtBentNoPI), s.table().rows());
             },
         },
         command);
@@ -256,7 +267,12 @@ ChangeSet UserActions::apply(const Command& command) {
 PasteOutcome UserActions::pasteBents(const std::string& text) {
     PasteOutcome outcome;
     Session& s = app_.session_;
-    app_.perform([&] { outcome = tw::pasteBents(s, text); }, "Paste Bents", CtlId(Ctl::txtBentNoPI), s.table().rows());
+    app_.perform(
+        [&] {
+            s.noteUnloweredCount(false);
+            outcome = tw::pasteBents(s, text);
+        },
+        "Paste Bents", CtlId(Ctl::txtBentNoPI), s.table().rows());
     return outcome;
 }
 

@@ -2,10 +2,33 @@
 #include "core/benttable/BentRows.h"
 
 #include "core/model/BentTable.h"
+#include "core/model/Utf8.h"
 
 #include <algorithm>
 
 namespace tw {
+
+std::string spreadsheetText(std::string_view bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) return std::string(bytes.substr(3));
+    const bool little = bytes.starts_with("\xFF\xFE"), big = bytes.starts_with("\xFE\xFF");
+    if (!little && !big) return std::string(bytes);
+    std::string out;
+    auto unit = [&](size_t i) {
+        const auto a = static_cast<unsigned char>(bytes[i]), b = static_cast<unsigned char>(bytes[i + 1]);
+        return static_cast<char32_t>(little ? a | b << 8 : a << 8 | b);
+    };
+    for (size_t i = 2; i + 1 < bytes.size(); i += 2) {
+        char32_t c = unit(i);
+        if (c >= 0xD800 && c < 0xDC00 && i + 3 < bytes.size() && unit(i + 2) >= 0xDC00 && unit(i + 2) < 0xE000) {
+            c = 0x10000 + ((c - 0xD800) << 10) + (unit(i + 2) - 0xDC00);
+            i += 2;
+        } else if (c >= 0xD800 && c < 0xE000) {
+            c = 0xFFFD; // half of a pair
+        }
+        out += utf8Encode(c);
+    }
+    return out;
+}
 
 std::vector<Record> readDelimited(const std::string& text, char separator) {
     std::vector<Record> records;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tw {
@@ -17,6 +18,10 @@ struct Record {
     Cells cells;
     int line = 0;
 };
+
+// Text as spreadsheets export it, as UTF-8: a byte-order mark goes, and
+// text in UTF-16 (which begins with one) is turned into UTF-8.
+std::string spreadsheetText(std::string_view bytes);
 
 // Reads delimited text. A cell in double quotes may hold the separator, line
 // breaks and doubled quotes; CR LF and LF both end a record. Blank lines and

@@ -3,6 +3,7 @@
 
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
+#include "core/form/PutAside.h"
 #include "core/form/RecentFiles.h"
 #include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
@@ -126,7 +127,9 @@ bool writeAndCaption(Session& s, const std::string& path) {
     return true;
 }
 
-void readProject(Session& s, const std::string& path) {
+// `previous`: the file dialog's name before the command's dialog chose `path`.
+void readProject(Session& s, const std::string& path, const std::string& command, const std::string& previous) {
+    putAsideUnsaved(s, command, previous);
     s.notice(""); // what was said of the project before does not hold for this one
     resetForm(s);
     if (readInputFile(s, path)) {
@@ -159,8 +162,10 @@ void openChosen(Session& s, const std::string& path, const std::string& previous
 
 void newProject(Session& s) {
     if (s.message("Do you want to clear the form and start over?", "Clear Form Confirmation", MsgButtons::YesNo,
-                  MsgIcon::None) == MsgAnswer::Yes)
+                  MsgIcon::None) == MsgAnswer::Yes) {
+        putAsideUnsaved(s, "New");
         resetForm(s);
+    }
 }
 
 void openProject(Session& s) {
@@ -185,12 +190,12 @@ namespace {
 
 void openChosen(Session& s, const std::string& path, const std::string& previous) {
     if (!hasCurrentFile(s) || path != previous) {
-        readProject(s, path);
+        readProject(s, path, "Open", previous);
         return;
     }
     if (s.message("File is already open.  Revert to last saved copy?", "Open Confirmation", MsgButtons::YesNo,
                   MsgIcon::None) == MsgAnswer::Yes)
-        readProject(s, path);
+        readProject(s, path, "Revert", previous);
 }
 
 } // namespace
@@ -251,7 +256,7 @@ std::optional<Session::OnDisk> changedOnDiskNow(const Session& s) {
 }
 
 void reloadProject(Session& s) {
-    if (const auto& known = s.onDisk()) readProject(s, std::string(known->path));
+    if (const auto& known = s.onDisk()) readProject(s, std::string(known->path), "Reload", s.dialogFileName());
 }
 
 void parseProject(Session& s, const std::string& bytes, std::vector<std::string>* notes) {

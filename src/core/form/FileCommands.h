@@ -36,7 +36,6 @@ std::optional<Session::OnDisk> changedOnDiskNow(const Session& s);
 inline constexpr char kChangedOnDiskTitle[] = "File Changed";
 std::string changedOnDiskText(const std::string& path);
 // The project's file is held open by another window or program too.
-inline constexpr char kOpenTwiceTitle[] = "File Open Twice";
 std::string openTwiceText(const std::string& path);
 // Reads the project's file again, as it now is on disk.
 void reloadProject(Session& s);

@@ -4,6 +4,7 @@
 
 #include "core/form/Events.h"
 #include "core/form/Forms.h"
+#include "core/form/PutAside.h"
 #include "core/form/RecentFiles.h"
 #include "core/form/Session.h"
 #include "core/model/Columns.h"
@@ -170,6 +171,7 @@ void relayoutColumns(Session& s) {
 bool unloadMainForm(Session& s) {
     if (s.message("Are you sure you want to exit?", "Confirm Exit", MsgButtons::YesNo, MsgIcon::None) != MsgAnswer::Yes)
         return false;
+    putAsideUnsaved(s, "Exit");
     // The other windows close in their names' order, as they always have.
     for (FormId f : {FormId::About, FormId::Printer, FormId::Picture, FormId::Splash, FormId::Preview})
         s.closeForm(f);

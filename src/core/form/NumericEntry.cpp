@@ -112,7 +112,10 @@ std::string refusedKeyHint(const CtlId& id, int key) {
     std::string rule, advice;
     if (r.kind == InputKind::BentNumber) {
         rule = "Only the digits 1 to 9 are taken here";
-        if (key == kBackspace) advice = ": select the number and type a new one";
+        if (key == kBackspace)
+            advice = ": select the number and type a new one";
+        else if (key == '0')
+            advice = ": bents 10 to 99 come in through Paste Bents or tarnwick table --add";
     } else if (r.point) {
         rule = "Only digits, one '.' and a leading '-' are taken here";
         if (key == ',')

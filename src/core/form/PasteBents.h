@@ -14,11 +14,16 @@ struct PasteOutcome {
     int added = 0;
     // The line of the text where the row that was refused starts.
     std::optional<int> refusedLine;
+    // Why, when the rows were refused before any went in because of what a
+    // cell holds or how many they are (the box says it with its line).
+    std::string refusal;
 };
 
-// Pastes tab- or comma-separated rows, the heading row optional. Rows whose
-// cell count does not fit the table are refused before any is added; a row
-// that Add refuses stops the paste, the rows before it stay.
+// Pastes tab- or comma-separated rows, the heading row optional. Rows are
+// refused before any is added when their cell count does not fit the table,
+// a cell holds what typing could not enter (a bent number of more than two
+// digits, a number wider than its field), or they would make more than 99
+// bents; a row that Add refuses stops the paste, the rows before it stay.
 PasteOutcome pasteBents(Session& s, const std::string& text);
 
 } // namespace tw

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/form/RecentFiles.h"
 
+#include "core/Quoting.h"
 #include "core/form/FileCommands.h"
 #include "core/form/Session.h"
+
+#include <algorithm>
 
 namespace tw {
 
@@ -25,9 +28,25 @@ void show(Session& s, const std::vector<std::string>& paths) {
         const bool used = i < static_cast<int>(paths.size());
         const std::string path = used ? paths[static_cast<size_t>(i)] : std::string();
         s.setText(id, path);
-        s.setCaption(id, used ? "&" + std::to_string(i + 1) + " " + fileName(path) : std::string());
+        s.setCaption(id, used ? "&" + std::to_string(i + 1) + " " + printableText(fileName(path)) : std::string());
         s.setVisible(id, used);
     }
+}
+
+// One path a line; a path that holds a line break (or any control
+// character) is kept in double quotes with its escapes, so that it stays
+// one path. A path is whole, so it never begins with a quote of its own.
+std::string storedForm(const std::string& path) {
+    const bool plain =
+        std::none_of(path.begin(), path.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+    return plain && !path.starts_with('"') ? path : quote(path);
+}
+
+std::string pathOf(const std::string& line) {
+    if (!line.starts_with('"')) return line;
+    std::string error;
+    const auto words = splitScriptLine(line, error);
+    return words && words->size() == 1 ? words->front().text : std::string();
 }
 
 void store(Session& s, std::vector<std::string> paths) {
@@ -35,7 +54,7 @@ void store(Session& s, std::vector<std::string> paths) {
         paths.resize(static_cast<size_t>(ctlArraySize(Ctl::mnuRecentFile)));
     std::string joined;
     for (const auto& p : paths)
-        joined += p + '\n';
+        joined += storedForm(p) + '\n';
     s.system.writeSetting(kApp, kSection, kKey, joined);
     show(s, paths);
 }
@@ -56,7 +75,7 @@ void showRecentFiles(Session& s) {
     const std::string stored = s.system.readSetting(kApp, kSection, kKey);
     for (size_t from = 0; from < stored.size();) {
         const size_t end = std::min(stored.find('\n', from), stored.size());
-        std::string path = stored.substr(from, end - from);
+        std::string path = pathOf(stored.substr(from, end - from));
         if (!path.empty() && std::find(paths.begin(), paths.end(), path) == paths.end())
             paths.push_back(std::move(path));
         from = end + 1;

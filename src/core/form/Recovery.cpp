@@ -3,12 +3,17 @@
 
 #include "core/Quoting.h"
 #include "core/form/MainForm.h"
+#include "core/form/PutAside.h"
 #include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
+#include "core/model/Choices.h"
+#include "core/model/Columns.h"
 #include "core/model/Inputs.h"
+#include "core/model/Numeric.h"
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <map>
 
 namespace tw {
@@ -32,13 +37,14 @@ struct Kept {
     int counter = 0;
     std::vector<std::string> bentRegister;
     int columns = 0;
+    int columnsLine = 0;
     std::vector<std::vector<std::string>> rows;
     std::map<CtlId, std::string> inputs;
 };
 
 [[noreturn]] void unreadable(int line, const std::string& why) {
     throw RuntimeError(err::kInvalidProperty, "Invalid file format: the recovery file cannot be read (line " +
-                                                  std::to_string(line) + ": " + why + ")");
+                                                  std::to_string(line) + ": " + printableText(why) + ")");
 }
 
 int number(const std::string& text, int line) {
@@ -47,6 +53,29 @@ int number(const std::string& text, int line) {
     if (ec != std::errc() || end != text.data() + text.size() || v < 0)
         unreadable(line, "\"" + text + "\" is no count");
     return v;
+}
+
+bool isChoice(const CtlId& id) { return inputRule(id).kind == InputKind::Choice; }
+
+// A choice's kept text, or the one a new form starts with.
+std::string choiceText(const Kept& k, Ctl ctl) {
+    if (const auto it = k.inputs.find(CtlId(ctl)); it != k.inputs.end()) return it->second;
+    const auto items = choiceTexts(ctl);
+    const int index = inputRule(CtlId(ctl)).defaultIndex;
+    return index >= 0 && index < static_cast<int>(items.size()) ? items[static_cast<size_t>(index)] : std::string();
+}
+
+// What a session writes holds together: the table's columns are the layout
+// of its bent type and beams, as every choice and every read lays them out.
+void checkColumns(const Kept& k) {
+    if (k.columnsLine == 0) return;
+    const std::string type = choiceText(k, Ctl::cboTybent), beams = choiceText(k, Ctl::cboNoBeam);
+    const auto bentType = bentTypeOf(type);
+    if (!bentType) return; // no layout for it: the table keeps the reset's
+    const int want = columnCount(*bentType, static_cast<int>(leadingNumber(beams)));
+    if (k.columns != want)
+        unreadable(k.columnsLine, "the bent table of a " + type + " with " + beams + " beams has " +
+                                      std::to_string(want) + " columns, not " + std::to_string(k.columns));
 }
 
 Kept parse(const std::string& recovery) {
@@ -83,23 +112,34 @@ Kept parse(const std::string& recovery) {
         } else if (key == "counter") {
             need(2);
             k.counter = number(w[1], lineNo);
+            if (k.counter > INT16_MAX) unreadable(lineNo, "the bent counter is out of range");
         } else if (key == "register") {
             k.bentRegister.assign(w.begin() + 1, w.end());
         } else if (key == "columns") {
             need(2);
+            if (k.columnsLine) unreadable(lineNo, "the bent table's columns are given twice");
             k.columns = number(w[1], lineNo);
+            if (k.columns < 1) unreadable(lineNo, "the bent table has no columns");
+            k.columnsLine = lineNo;
         } else if (key == "row") {
+            if (!k.columnsLine) unreadable(lineNo, "a row of the bent table comes before its columns");
             if (static_cast<int>(w.size()) - 1 != k.columns) unreadable(lineNo, "a row of the bent table is not whole");
             k.rows.emplace_back(w.begin() + 1, w.end());
         } else if (key == "input") {
             need(3);
             const auto id = parseCtlId(w[1]);
             if (!id || !isInput(id->ctl)) unreadable(lineNo, "no input is named " + w[1]);
+            // Every choice a session holds is an item of its list.
+            if (isChoice(*id) && !w[2].empty()) {
+                const auto items = choiceTexts(id->ctl);
+                if (std::find(items.begin(), items.end(), w[2]) == items.end())
+                    unreadable(lineNo, quote(w[2]) + " is not an item of " + w[1]);
+            }
             k.inputs[*id] = w[2];
         }
         // Anything else was written by a later version, and is passed over.
     }
-    if (k.counter > 32767) unreadable(0, "the bent counter is out of range");
+    checkColumns(k);
     return k;
 }
 
@@ -117,17 +157,17 @@ void choose(Session& s, const CtlId& id, const std::string& text) {
     s.showComboText(id, text);
 }
 
-bool isChoice(const CtlId& id) { return inputRule(id).kind == InputKind::Choice; }
-
 } // namespace
 
-std::string composeRecovery(const Session& s) {
+std::string composeRecovery(const Session& s) { return composeRecovery(s, s.dialogFileName()); }
+
+std::string composeRecovery(const Session& s, const std::string& dialogFileName) {
     const Project& p = s.project();
     std::string out = describeInputFile(p);
     auto line = [&](const std::string& l) { out += l + "\r\n"; };
     line(kMarker);
     line("file " + quote(p.currentFile));
-    line("dialog " + quote(s.dialogFileName()));
+    line("dialog " + quote(dialogFileName));
     line("counter " + std::to_string(p.bentCounter));
     line("register" + words(p.bentRegister));
     line("columns " + std::to_string(p.table().cols()));
@@ -141,14 +181,21 @@ std::string composeRecovery(const Session& s) {
 RecoverySummary summarizeRecovery(const std::string& recovery) {
     try {
         Kept k = parse(recovery);
-        return {std::move(k.currentFile), std::move(k.inputs[CtlId(Ctl::txtProjectInfo, 0)])};
-    } catch (const RuntimeError&) {
-        return {};
+        return {std::move(k.currentFile), std::move(k.inputs[CtlId(Ctl::txtProjectInfo, 0)]),
+                static_cast<int>(k.rows.size()), {}};
+    } catch (const RuntimeError& e) {
+        return {{}, {}, 0, e.description()};
     }
+}
+
+std::string recoveredInputFile(const std::string& recovery) {
+    const auto at = recovery.rfind(std::string("\n") + kMarker);
+    return at == std::string::npos ? std::string() : recovery.substr(0, at + 1);
 }
 
 void restoreRecovery(Session& s, const std::string& recovery) {
     const Kept k = parse(recovery);
+    putAsideUnsaved(s, "Restore");
     resetForm(s);
     // The number of beams and the bent type first: their handlers lay out the
     // sections and the bent table and give defaults that the kept texts override.

@@ -272,7 +272,8 @@ void Session::notice(const std::string& text) {
 }
 
 void Session::hint(const std::string& text, std::optional<CtlId> field) {
-    notice(text);
+    status_ = text;
+    user.note(text, field ? toString(*field) : std::string());
     hinting_ = true;
     hintField_ = field;
 }
@@ -283,6 +284,7 @@ void Session::clearHint(std::optional<CtlId> taken) {
 }
 
 void Session::markSaved() {
+    countNoted_ = false; // what it said of the file a save writes is past
     savedProject_ = project_;
     mark(change::Checkpoint{change::Checkpoint::Saved});
 }

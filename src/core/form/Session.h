@@ -135,8 +135,13 @@ class Session {
     // a key is taken in another field; or about the project just opened,
     // gone with the next key taken anywhere. A bent-table command ends either.
     void hint(const std::string& text, std::optional<CtlId> field = std::nullopt);
+    // The hint standing, and the field it is about.
+    bool hinting() const { return hinting_; }
     // Ends the hint standing, but not one about `taken`, the field a key was just taken in.
     void clearHint(std::optional<CtlId> taken = std::nullopt);
+    // A Delete just left the bent count above the bents held: said until the next act.
+    void noteUnloweredCount(bool noted) { countNoted_ = noted; }
+    bool unloweredCountNoted() const { return countNoted_; }
 
     // --- The record of changes.
     void mark(ChangeEntry mark) { log_.push_back(std::move(mark)); }
@@ -148,6 +153,8 @@ class Session {
     void startAfresh() { mark(change::Checkpoint{change::Checkpoint::Fresh}); }
     // The project as it was last saved, opened or started afresh; none while no file holds it.
     const std::optional<Project>& savedProject() const { return savedProject_; }
+    // The project holds changes that no file holds.
+    bool unsavedChanges() const { return !savedProject_ || !savedProject_->sameWork(project_); }
     // What changed since the last call.
     ChangeLog takeLog();
     // Puts back the values before (or after) the entries, in the order that
@@ -172,6 +179,7 @@ class Session {
     bool mainUnloaded_ = false;
     std::string status_;
     bool hinting_ = false;
+    bool countNoted_ = false;
     std::optional<CtlId> hintField_;
     std::optional<Project> savedProject_;
     std::optional<OnDisk> onDisk_;

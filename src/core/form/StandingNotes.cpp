@@ -10,7 +10,7 @@ namespace tw {
 std::string unloweredCountNote(const Session& s) {
     const int listed = s.project().bentCounter;
     const int held = s.project().bents();
-    if (listed <= held) return {};
+    if (listed <= held || !s.unloweredCountNoted()) return {};
     return "After Delete the file will still list " + std::to_string(listed) + " bents while it holds " +
            std::to_string(held) + ", until Delete All or a reopen (Tarnwick reads such a file with the bents it holds)";
 }

@@ -11,7 +11,8 @@ namespace tw {
 class Session;
 
 // After a Delete the file still lists the old number of bents (Delete does
-// not lower the count); empty while the count and the table agree.
+// not lower the count): said right after the Delete, until the next save,
+// bent-table command or project; empty while the count and the table agree.
 std::string unloweredCountNote(const Session& s);
 
 // Closing values that differ from what their families give now (a cap

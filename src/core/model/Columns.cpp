@@ -55,12 +55,20 @@ std::int16_t add16(int a, int b) {
 
 } // namespace
 
+namespace {
+
+int extraColumns(BentType type) {
+    return type == BentType::EndWithBackwall ? 9 : type == BentType::EndWithoutBackwall ? 4 : 0;
+}
+
+} // namespace
+
+int columnCount(BentType type, int beams) { return 3 + beams + extraColumns(type); }
+
 void layoutColumns(BentTable& g, BentType type, std::int16_t beams) {
     for (int c = 0; c < 3; ++c)
         writeColumn(g, c, kLeading[c].heading, kLeading[c].width);
-    int extra = 0;
-    if (type == BentType::EndWithoutBackwall) extra = 4;
-    if (type == BentType::EndWithBackwall) extra = 9;
+    const int extra = extraColumns(type);
     g.setCols(add16(add16(3, beams), extra));
     for (int c = 3; c <= beams + 2; ++c)
         writeColumn(g, c, std::to_string(c - 2) + "Step", kStepWidth);
@@ -83,6 +91,5 @@ const std::vector<int>& endBentFileColumns(bool withBackwall) {
     static const std::vector<int> noBackwall = {3, 5, 4, 6};
     return withBackwall ? backwall : noBackwall;
 }
-
 
 } // namespace tw

@@ -15,6 +15,8 @@ class BentTable;
 // Rows are kept; cells of dropped columns go, new columns start empty.
 void layoutColumns(BentTable& table, BentType type, std::int16_t beams);
 
+// How many columns the layout of `type` with `beams` beams has.
+int columnCount(BentType type, int beams);
 // The entry field whose value a column holds: its number format is the cell's.
 CtlId columnSource(BentType type, int beams, int column);
 

@@ -64,6 +64,12 @@ class Project {
     std::string currentFile;
 
     friend bool operator==(const Project&, const Project&) = default;
+    // The same work for the engineer: what a save writes and where, whatever
+    // the last save's pile-box check said.
+    bool sameWork(const Project& o) const {
+        return inputs_ == o.inputs_ && table_ == o.table_ && bentCounter == o.bentCounter &&
+               bentRegister == o.bentRegister && currentFile == o.currentFile;
+    }
 
   private:
     std::vector<InputValue> inputs_;

@@ -7,19 +7,18 @@
 #include "core/model/Choices.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
+#include <filesystem>
 #include <vector>
 
 namespace tw {
 
 namespace {
 
-std::vector<std::string> readLines(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    if (!in) throw RuntimeError(err::kFileNotFound, "File not found: " + file);
-    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    return listingLines(bytes);
+// Only a regular file of a listing's size: a pipe would never end, a device or a huge file never fit.
+std::vector<std::string> readLines(Session& s, const std::string& file) {
+    const ReadResult r = s.system.readFile(file, kMaxListingBytes);
+    if (r.errorNumber) throw RuntimeError(r.errorNumber, r.error);
+    return listingLines(r.bytes);
 }
 
 const Target kTypes(FormId::Printer, Ctl::cmbFileTypes);
@@ -108,7 +107,9 @@ void applyFileType(Session& s) {
 
 void printCommand(Session& s) {
     const std::string concrete = dottedBase(s.project().currentFile) + "ebntc";
-    if (!std::ifstream(concrete, std::ios::binary)) {
+    // Only whether it is there: opening it could wait on a pipe, and the preview says what else is wrong.
+    std::error_code ec;
+    if (std::filesystem::status(concrete, ec).type() == std::filesystem::file_type::not_found) {
         s.message("You need to run the program first!", kAppTitle, MsgButtons::OK, MsgIcon::None);
         return;
     }
@@ -130,7 +131,7 @@ void previewOutput(Session& s) {
     }
     const Target view(FormId::Preview, Ctl::rtOpen);
     std::string text = s.text(view);
-    for (const auto& line : readLines(dottedBase(s.project().currentFile) + "ebntc"))
+    for (const auto& line : readLines(s, dottedBase(s.project().currentFile) + "ebntc"))
         text += line + "\r\n";
     s.setText(view, text);
     s.showForm(FormId::Preview);
@@ -138,7 +139,7 @@ void previewOutput(Session& s) {
 
 void printOutputs(Session& s) {
     const std::string base = dottedBase(s.project().currentFile);
-    const bool clean = concreteDataIsClean(base + "ebntc");
+    const bool clean = concreteDataIsClean(s.system, base + "ebntc");
     if (!s.user.printerDialog()) return;
     // However the printing ends, the job it began is finished.
     struct JobEnd {
@@ -150,7 +151,7 @@ void printOutputs(Session& s) {
         doc.file = file;
         // A line starting with "-1" would have started a new page; no single
         // character equals it, so pages break only where they are full.
-        doc.lines = readLines(file);
+        doc.lines = readLines(s, file);
         s.user.print(doc);
     };
     if (!clean) printOne(base + "ebntc");

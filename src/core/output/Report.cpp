@@ -150,4 +150,10 @@ Report buildReport(const Session& s, const std::string& path) {
     return r;
 }
 
+std::string unsavedSource(const std::string& path, const std::string& lastSaved) {
+    if (path.empty()) return "Form not saved to a file";
+    const std::string name = path.substr(path.find_last_of("/\\") + 1);
+    return "Form with changes not saved to " + name + (lastSaved.empty() ? "" : ", last saved " + lastSaved);
+}
+
 } // namespace tw

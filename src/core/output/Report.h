@@ -28,6 +28,9 @@ struct Report {
     std::string program; // "Norvale-Tarnwick 1.0.0"
     std::array<std::string, 3> projectInfo;
     std::string path; // the project's file, as given
+    // Where the values come from, when it is not the file as it stands: the
+    // form with changes not saved, in words; empty for a report of the file.
+    std::string source;
     // Every section of the form in the form's order, hidden ones marked so.
     std::vector<ReportSection> sections;
     // The bent table: column headings, then one row per bent; column 0 is the bent number.
@@ -37,5 +40,9 @@ struct Report {
 
 // The report of the project the session holds, read from `path`.
 Report buildReport(const Session& s, const std::string& path);
+
+// The words a report of a form holding unsaved changes carries: `lastSaved`
+// is when its file was last written ("HH:MM"), empty for a form never saved.
+std::string unsavedSource(const std::string& path, const std::string& lastSaved);
 
 } // namespace tw

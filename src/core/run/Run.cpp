@@ -98,6 +98,11 @@ void steps(Session& s) {
     if (!engine.ok) throw RuntimeError(engine.errorNumber ? engine.errorNumber : err::kDllNotFound, engine.error);
 
     const std::string ini = s.programDir + "/Ebent.ini";
+    // A missing file reads as no setting, as a private-profile read has it; a
+    // pipe, a device or a huge file is named for what it is.
+    if (const ReadResult settings = s.system.readFile(ini, kMaxIniBytes);
+        settings.errorNumber && settings.errorNumber != err::kFileNotFound)
+        throw RuntimeError(settings.errorNumber, settings.error);
     const std::string batch = s.system.readIni(ini, "microstation", "dgnbatch", "");
     // Without it the command would begin with the drawing script's own name.
     if (trim(batch).empty())
@@ -128,7 +133,7 @@ void steps(Session& s) {
     // The engine tells of input it could not use only in its concrete data listing:
     // the status bar says so first, then what the batch program left undone.
     const std::string listing = base + ".ebntc";
-    if (!concreteDataIsClean(listing)) {
+    if (!concreteDataIsClean(s.system, listing)) {
         const std::string engine = "The engine reported an error: see its listing " + listing;
         if (!warning.empty()) warning[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(warning[0])));
         warning = warning.empty() ? engine : engine + "; " + warning;
