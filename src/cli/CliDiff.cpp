@@ -15,7 +15,10 @@ int cliDiff(const CliOptions& opt, const std::string& a, const std::string& b) {
             std::cerr << *file << ": " << project->why() << '\n';
             return 2;
         }
-    const auto lines = projectDifferences(first.app.project(), second.app.project());
+    DiffOptions options;
+    options.units = unitsOf(opt);
+    options.names = opt.names;
+    const auto lines = projectDifferences(first.app.project(), second.app.project(), options);
     for (const auto& line : lines)
         std::cout << line << '\n';
     return lines.empty() ? 0 : 1;

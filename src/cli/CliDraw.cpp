@@ -87,6 +87,7 @@ int cliDraw(const CliOptions& opt, const std::vector<std::string>& args) {
     const Page page = pageFor(out);
     drawing::DrawOptions options;
     options.units = unitsOf(opt);
+    options.legend = true; // a drawing for paper: its units and a scale bar
     const drawing::Scene scene = drawing::drawBentToFit(inputs, options, page.width, page.height);
     QString error;
     if (!exportScene(scene, out, &error, replaceFile, QStringLiteral("Tarnwick bent drawing"))) {

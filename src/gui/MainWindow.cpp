@@ -387,6 +387,8 @@ void MainWindow::buildViewMenu() {
         connect(a, &QAction::triggered, this, [this, u = u] {
             setLengthUnits(app_.system(), u);
             drawing_->setUnits(u);
+            for (auto* compare : findChildren<CompareWindow*>())
+                compare->setUnits(u);
         });
     }
     drawing_->setUnits(chosen);
@@ -577,7 +579,7 @@ void MainWindow::pasteBents() {
 }
 
 void MainWindow::compareWith(const QString& file) {
-    auto* window = new CompareWindow(app_, file, this);
+    auto* window = new CompareWindow(app_, file, this, lengthUnits(app_.system()));
     window->show();
 }
 

@@ -127,6 +127,49 @@ TEST(BentDrawing, TheLayoutFitsTheViewWithRoomForItsText) {
     EXPECT_TRUE(hasSource(drawBent(in, planOnly, 0.05), "txtCenterline(0)"));
 }
 
+TEST(BentDrawing, ADrawingForPaperSaysItsUnitsAndCarriesABarOfARoundLength) {
+    const BentInputs in = typicalProject(BentType::EndWithBackwall);
+    for (const LengthUnits units : {LengthUnits::FeetInches, LengthUnits::DecimalFeet}) {
+        DrawOptions o;
+        o.legend = true;
+        o.units = units;
+        for (const double width : {300.0, 600.0, 1200.0}) {
+            LayoutReport report;
+            const Scene s = drawBentToFit(in, o, width, 0, &report);
+            const char* said =
+                units == LengthUnits::FeetInches ? "Lengths in feet and inches" : "Lengths in decimal feet";
+            ASSERT_EQ(texts(s, said).size(), 1u) << said;
+            // The bar's black and white parts end to end, under everything else.
+            Box bar;
+            int parts = 0;
+            for (const auto& shape : s.shapes)
+                if (shape.kind == Shape::Kind::Polyline && shape.level == kNotes && shape.closed) {
+                    ++parts;
+                    for (const auto& p : shape.points)
+                        bar.add(p);
+                }
+            ASSERT_EQ(parts, 4) << width;
+            const double length = bar.width();
+            EXPECT_GE(length / report.feetPerPoint, 72 * (1 - 1e-6)) << width;
+            EXPECT_LE(length / report.feetPerPoint, 180 * (1 + 1e-6)) << width;
+            const double decade = std::pow(10.0, std::floor(std::log10(length) + 1e-9));
+            const double leading = length / decade;
+            EXPECT_TRUE(std::abs(leading - 1) < 1e-6 || std::abs(leading - 2) < 1e-6 || std::abs(leading - 5) < 1e-6)
+                << length;
+            EXPECT_FALSE(texts(s, formatLength(length, units)).empty()) << length;
+            EXPECT_FALSE(texts(s, formatLength(length / 2, units)).empty()) << length;
+            for (const auto& shape : s.shapes) {
+                if (shape.kind != Shape::Kind::Polyline || shape.level == kNotes) continue;
+                for (const auto& p : shape.points)
+                    EXPECT_GT(p.y, bar.maxY);
+            }
+            EXPECT_TRUE(test::clashesIn(s, report.feetPerPoint).empty()) << width;
+        }
+    }
+    // The pane has none: the view's zoom is its scale.
+    EXPECT_TRUE(texts(drawBentToFit(in, {}, 600, 0), "Lengths in feet and inches").empty());
+}
+
 TEST(Sketches, EachPictureNameIsASketchLabelledWithPrompts) {
     const char* small[] = {"bdapb", "bdawbw", "bdawobw", "cbpb",  "cbwbw", "cbwobw", "epb",   "ewbw",
                            "ewobw", "cpb",    "cwbw",    "cwobw", "bdpb",  "bdwbw",  "bdwobw"};
@@ -193,6 +236,7 @@ void expectClear(const BentInputs& in, const std::string& what) {
             o.plan = shown.plan;
             o.elevation = shown.elevation;
             o.projectLines = !view.pane; // the pane stands beside the form that shows them
+            o.legend = !view.pane;       // a page carries its units and a scale bar
             LayoutReport report;
             const Scene s = drawBentToFit(in, o, view.width, view.height, &report, view.margin);
             // Checked at the scale the view shows it at, which it fills when it can.

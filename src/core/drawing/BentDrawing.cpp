@@ -18,14 +18,24 @@ Scene Builder::build() {
         return scene;
     }
     Scene top, bottom;
+    // About as many shapes as a bent of this many beams takes: no scene grows twice.
+    const std::size_t expected = 16 * static_cast<std::size_t>(in_.beams) + 128;
+    top.shapes.reserve(expected);
+    bottom.shapes.reserve(expected);
     if (o_.plan) plan(top);
     if (o_.elevation) elevation(bottom);
     arrange(scene, std::move(top), std::move(bottom));
     if (o_.title) title(scene);
+    if (o_.legend) legend(scene);
     return scene;
 }
 
 void Builder::append(Scene& to, Scene&& from, Point shift) {
+    if (to.shapes.empty() && to.room.empty && shift == Point{0, 0}) {
+        to = std::move(from);
+        return;
+    }
+    to.shapes.reserve(to.shapes.size() + from.shapes.size());
     for (auto& s : from.shapes) {
         for (auto& p : s.points)
             p = p + shift;
@@ -143,8 +153,8 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
             // A guess that fits already: down until it does not.
             hi = lo;
             rHi = rLo;
-            for (double x = from / 1.02;; x /= 1.05) {
-                if (x <= bare) return Found{std::max(bare, x * 1.05 > from ? from : x * 1.05)};
+            for (double x = from / 1.01;; x /= 1.04) {
+                if (x <= bare) return hi; // no text at all would fit better
                 const double r = ratio(x);
                 if (r > 1 + 1e-9) {
                     lo.fpp = x;
@@ -155,7 +165,7 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
                 rHi = r;
             }
         } else {
-            for (double x = from * std::max(1.02, rLo); hi.fpp == 0; x *= std::max(1.02, rLo)) {
+            for (double x = from * std::max(1.01, rLo); hi.fpp == 0; x *= std::max(1.01, rLo)) {
                 const double r = ratio(x);
                 if (r <= 1 + 1e-9) {
                     hi.fpp = x;
@@ -169,7 +179,7 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
             }
         }
         // Where the ratio crosses one, kept well inside the bracket.
-        while (hi.fpp > lo.fpp * 1.005) {
+        while (hi.fpp > lo.fpp * 1.01) {
             const double t = std::clamp((rLo - 1) / (rLo - rHi), 0.15, 0.85);
             const double x = lo.fpp + (hi.fpp - lo.fpp) * t;
             const double r = ratio(x);
@@ -189,6 +199,24 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
     auto share = [&](const Found& f) { return f.overflow ? 0.0 : bare / f.fpp; };
     Found sized;
     bool tooSmall = false, cramped = false;
+    // The drawing kept to the scale it was laid out for, and its report.
+    auto finish = [&](Scene scene, double fpp, double sizedFpp, int leaders) {
+        keepScale(scene, fpp, widthPt, viewHeight, margin);
+        scene.feetPerPoint = fpp;
+        if (report) {
+            report->feetPerPoint = fpp;
+            report->sizedFeetPerPoint = sizedFpp;
+            report->textPt = o.textPt;
+            report->leaders = leaders;
+            report->tooSmall = tooSmall;
+            report->cramped = cramped;
+            report->compact = compact;
+            report->bare = firstBare;
+            report->viewWidthPt = widthPt;
+            report->viewHeightPt = heightPt;
+        }
+        return scene;
+    };
     const bool hinted = hint && hint->feetPerPoint > 0 && hint->viewWidthPt == widthPt &&
                         hint->viewHeightPt == heightPt && std::abs(hint->bare / bare - 1) < 0.03;
     if (hinted) {
@@ -201,7 +229,15 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
             viewHeight = o.viewHeightPt = 0;
             bare = fitOf(geometry);
         }
-        sized = search(hint->feetPerPoint * bare / hint->bare);
+        // Its scale as it came out, tried first: where the bent fills the view within a few
+        // hundredths of it, that is the drawing.
+        const double scale = firstBare / hint->bare, guess = hint->feetPerPoint * scale;
+        Builder b(in, g, o, guess, compact, true);
+        Scene scene = b.build();
+        const double r = fitOf(scene) / guess;
+        if (r <= 1 + 1e-9 && r > 0.95)
+            return finish(std::move(scene), guess, hint->sizedFeetPerPoint * scale, b.leaders());
+        sized = search(hint->sizedFeetPerPoint * scale);
     } else {
         sized = search(bare);
         // Where the dimensions beside the plan keep the bent from most of the view,
@@ -239,7 +275,9 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
     // The labels are placed once, at the scale the drawing is shown at. Where
     // the few that had to move widen it, it is laid out a little smaller; where
     // that does not hold it either, it spills over the view's margin.
-    double fpp = sized.fpp;
+    // Where the last layout had to go a little smaller for its moved labels, this one starts there.
+    const double grown = hinted && !sized.overflow ? hint->feetPerPoint / hint->sizedFeetPerPoint : 1;
+    double fpp = sized.fpp * grown;
     Builder first(in, g, o, fpp, compact, true);
     Scene scene = first.build();
     int leaders = first.leaders();
@@ -255,20 +293,7 @@ Scene drawBentToFit(const BentInputs& in, const DrawOptions& options, double wid
             leaders = b.leaders();
         }
     }
-    keepScale(scene, fpp, widthPt, viewHeight, margin);
-    scene.feetPerPoint = fpp;
-    if (report) {
-        report->feetPerPoint = fpp;
-        report->textPt = o.textPt;
-        report->leaders = leaders;
-        report->tooSmall = tooSmall;
-        report->cramped = cramped;
-        report->compact = compact;
-        report->bare = firstBare;
-        report->viewWidthPt = widthPt;
-        report->viewHeightPt = heightPt;
-    }
-    return scene;
+    return finish(std::move(scene), fpp, sized.fpp, leaders);
 }
 
 } // namespace tw::drawing

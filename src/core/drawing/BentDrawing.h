@@ -48,6 +48,9 @@ struct DrawOptions {
     LengthUnits units = LengthUnits::FeetInches; // how the values of lengths read
     unsigned topics = kAllTopics;
     bool title = true;
+    // Under the drawing, what its lengths read in and a scale bar: a drawing
+    // on paper, whose scale is the page's.
+    bool legend = false;
     bool projectLines = true; // the project's three lines in the title block
     std::string heading;      // replaces the bent's name in the title block when set
     double textPt = 9;
@@ -78,8 +81,9 @@ struct LayoutReport {
     bool tooSmall = false;   // the view cannot hold its labels even at the smallest text
     int leaders = 0;         // labels that went to a leader
     // The choices made, to start from when the same view lays out a bent much the same.
-    bool compact = false; // the values beside the plan went to the notes
-    double bare = 0;      // the scale of the geometry alone
+    bool compact = false;         // the values beside the plan went to the notes
+    double sizedFeetPerPoint = 0; // the scale found before the labels were placed
+    double bare = 0;              // the scale of the geometry alone
     double viewWidthPt = 0, viewHeightPt = 0;
 };
 

@@ -155,6 +155,8 @@ class Builder {
     // The title block under the drawing: the bent type and the bent, the project's
     // lines (each cut short after a few lines), the notes and the problems.
     void title(Scene& scene);
+    // The units the lengths read in and a bar of a round length, under the drawing.
+    void legend(Scene& scene);
     struct Note {
         std::string text;
         Src source;
