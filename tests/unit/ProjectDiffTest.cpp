@@ -71,6 +71,15 @@ TEST(ProjectDiff, InputsReadByNameInTheUnitsChosen) {
     EXPECT_TRUE(has(lines, "Cap depth: 2'-0\" -> \"x2\"")) << all(lines);
 }
 
+TEST(ProjectDiff, AClosingValueIsNamedByWhatItCloses) {
+    test::Loaded a, b;
+    parseProject(*a, test::slurp(std::string(TW_SOURCE_DIR) + "/samples/end-with-backwall.ebnt"));
+    parseProject(*b, test::slurp(std::string(TW_SOURCE_DIR) + "/samples/twelve-beams.ebnt"));
+    const auto lines = projectDifferences(a.session->project(), b.session->project());
+    EXPECT_TRUE(has(lines, "Centerline distance, last beam to right end: 5'-0\" -> 4'-3\"")) << all(lines);
+    EXPECT_TRUE(has(lines, "Centerline distance 2: 9'-6\" -> 6'-6\"")) << all(lines);
+}
+
 TEST(ProjectDiff, AnAngleIsOneLine) {
     Pair p("end-with-backwall.ebnt");
     p.after->setText(CtlId(Ctl::txtBeamangleM, 1), "31");

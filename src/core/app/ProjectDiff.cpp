@@ -2,6 +2,7 @@
 #include "core/app/ProjectDiff.h"
 
 #include "core/Quoting.h"
+#include "core/model/Closing.h"
 #include "core/model/Inputs.h"
 #include "core/model/Numeric.h"
 #include "core/model/Project.h"
@@ -72,7 +73,10 @@ std::string angleValue(const Project& p, const std::array<CtlId, 3>& parts) {
 
 class Lines {
   public:
-    Lines(const Project& a, const Project& b, const DiffOptions& o) : a_(a), b_(b), o_(o) {}
+    Lines(const Project& a, const Project& b, const DiffOptions& o) : a_(a), b_(b), o_(o) {
+        for (const auto& f : closingFamilies(b))
+            closings_.insert(f.closing);
+    }
 
     void inputs() {
         std::set<CtlId> done;
@@ -90,7 +94,7 @@ class Lines {
             std::string before = valueOf(id, a_.text(id), o_.units), after = valueOf(id, b_.text(id), o_.units);
             // Texts that read alike (a blank and a blank space, 4.25 and 4.2500) are told apart as typed.
             if (before == after) before = quote(a_.text(id)), after = quote(b_.text(id));
-            change(inputLabel(id), toString(id), before, after);
+            change(labelOf(id), toString(id), before, after);
         }
     }
 
@@ -126,6 +130,9 @@ class Lines {
     std::vector<std::string> take() { return std::move(lines_); }
 
   private:
+    // A closing value by what it closes ("Centerline distance, last beam to right end"), not its place.
+    std::string labelOf(const CtlId& id) const { return closings_.count(id) ? closingLabel(id) : inputLabel(id); }
+
     bool same(const std::array<CtlId, 3>& parts) const {
         return std::all_of(parts.begin(), parts.end(), [&](const CtlId& id) { return a_.text(id) == b_.text(id); });
     }
@@ -177,6 +184,7 @@ class Lines {
     const Project& a_;
     const Project& b_;
     const DiffOptions& o_;
+    std::set<CtlId> closings_;
     std::vector<std::string> lines_;
 };
 
