@@ -37,8 +37,10 @@ const char* kUsage =
     "  tarnwick table FILE --replace ROWS.csv --output NEW.ebnt\n"
     "                                    the same, but a row whose bent is in the table replaces it\n"
     "                                    through Replace's checks (the revision of a spreadsheet)\n"
-    "  tarnwick diff A.ebnt B.ebnt       every input and bent that differs; exit 0 the same, 1 different,\n"
-    "                                    2 a file that does not read\n"
+    "  tarnwick diff A.ebnt B.ebnt [--names]\n"
+    "                                    every input (by its prompt, both values in the units) and bent\n"
+    "                                    that differs; --names adds the control names; exit 0 the same,\n"
+    "                                    1 different, 2 a file that does not read\n"
     "  tarnwick recover --list           the unsaved work put aside before Open, New, Exit or a reload\n"
     "                                    discarded it, newest first: number, time, project, path, bents\n"
     "  tarnwick recover N --output FILE  copy N of that list written as a project file\n"
@@ -57,6 +59,8 @@ const char* kUsage =
     "  tarnwick --help | --version\n"
     "\n"
     "Options:\n"
+    "  --units feet-inches|decimal-feet  how draw, report and diff show lengths; default: as the\n"
+    "                                    window's View > Units shows them (feet and inches at first)\n"
     "  --program-dir DIR                 the program folder (Ebent.ini, the engine library,\n"
     "                                    Drawing/, help); default: EXEDIR/" TW_PROGRAM_DIR_FROM_BIN "\n"
     "                                    if it exists, else EXEDIR, the executable's folder\n";
@@ -84,7 +88,8 @@ int seconds(const std::string& text) {
 
 struct Arguments {
     std::vector<std::string> words; // the command and its arguments, options taken out
-    std::optional<std::string> programDir, timeout;
+    std::optional<std::string> programDir, timeout, units;
+    bool names = false;
 };
 
 // Takes the options out of the command line; nothing when one lacks its value.
@@ -96,10 +101,12 @@ std::optional<Arguments> parse(int argc, char** argv) {
         std::optional<std::string>& value;
     };
     const Option options[] = {{"--program-dir", "a folder", a.programDir},
-                              {"--timeout", "a number of seconds", a.timeout}};
+                              {"--timeout", "a number of seconds", a.timeout},
+                              {"--units", "feet-inches or decimal-feet", a.units}};
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
-        bool taken = false;
+        bool taken = word == "--names";
+        a.names = a.names || taken;
         for (const auto& o : options) {
             const std::string name = o.name;
             if (word == name) {
@@ -166,6 +173,19 @@ int command(int& argc, char** argv, const Arguments& a) {
             std::cerr << "tarnwick: --timeout takes a whole number of seconds, and goes with run only\n" << kUsage;
             return 2;
         }
+    }
+    if (a.units) {
+        opt.units = tw::unitsNamed(*a.units);
+        if (!opt.units || (cmd != "draw" && cmd != "report" && cmd != "diff")) {
+            std::cerr << "tarnwick: --units is feet-inches or decimal-feet, and goes with draw, report and diff\n"
+                      << kUsage;
+            return 2;
+        }
+    }
+    opt.names = a.names;
+    if (a.names && cmd != "diff") {
+        std::cerr << "tarnwick: --names goes with diff only\n" << kUsage;
+        return 2;
     }
     // The commands end their own failures in messages; this is the last resort.
     try {

@@ -1,7 +1,8 @@
 # SPDX-License-Identifier: Apache-2.0
-# tarnwick draw on every sample: an SVG whose text holds the cap length as the
-# form shows it (the dump's txtCapLength) and every beam's number; then the
-# refusals: a bad file, a bent the file does not hold, a picture type it cannot write.
+# tarnwick draw on every sample: an SVG whose text holds the cap length (the
+# dump's txtCapLength) in decimal feet, and every beam's number; then the
+# refusals: a bad file, a bent the file does not hold, a picture type it cannot
+# write, units it does not know.
 #   TARNWICK, SAMPLES (folder), BAD_FILE, WORK_DIR
 file(REMOVE_RECURSE ${WORK_DIR})
 file(MAKE_DIRECTORY ${WORK_DIR})
@@ -25,13 +26,16 @@ foreach(sample ${samples})
   if(NOT rc EQUAL 0 OR length STREQUAL "" OR beams STREQUAL "")
     message(FATAL_ERROR "${name}: the dump gave no cap length or beam count")
   endif()
-  execute_process(COMMAND ${TARNWICK} draw ${sample} ${WORK_DIR}/${name}.svg RESULT_VARIABLE rc ERROR_VARIABLE err)
+  execute_process(COMMAND ${TARNWICK} draw --units decimal-feet ${sample} ${WORK_DIR}/${name}.svg
+                  RESULT_VARIABLE rc ERROR_VARIABLE err)
   if(NOT rc EQUAL 0)
     message(FATAL_ERROR "${name}: draw exited ${rc}: ${err}")
   endif()
   file(READ ${WORK_DIR}/${name}.svg svg)
-  if(NOT svg MATCHES ">${length}</text>")
-    message(FATAL_ERROR "${name}: the drawing does not show the cap length ${length}")
+  # "36.5000" reads "36.50'": two decimals at least, the foot mark after them.
+  string(REGEX REPLACE "^([0-9]+\\.[0-9][0-9])0*$" "\\1'" feet "${length}")
+  if(NOT svg MATCHES ">${feet}</text>")
+    message(FATAL_ERROR "${name}: the drawing does not show the cap length ${length} as ${feet}")
   endif()
   foreach(beam RANGE 1 ${beams})
     if(NOT svg MATCHES ">${beam}</text>")
@@ -66,3 +70,4 @@ expect_refusal(1 ${first} ${WORK_DIR}/bent.dwg)
 expect_refusal(2 ${first} --bent 99 ${WORK_DIR}/far.svg)
 expect_refusal(2 ${first} --bent x ${WORK_DIR}/far.svg)
 expect_refusal(2 ${first} ${WORK_DIR}/a.svg ${WORK_DIR}/b.svg ${WORK_DIR}/c.svg)
+expect_refusal(2 --units metres ${first} ${WORK_DIR}/m.svg)

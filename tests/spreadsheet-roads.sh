@@ -198,20 +198,27 @@ SCRIPT
   run diff end-with-backwall.ebnt revised.ebnt
   expect 1 "a revision"
   cat >want.txt <<'LINES'
-Enter the length of the cap measured along the front face of the cap  txtCapLength: "38.0000" -> "82.5000"
-Bent 9 added: "9" "" "" "99.80" "99.90" "100.00" "100.10" "104.25" "104.50" "101.75" "104.50" "105.10" "105.20" "104.90" "105.00" "104.95"
-Bent 3 changed  2Step: "99.90" -> "99.95"
+Cap length: 38'-0" -> 82'-6"
+Bent 9 added: Bottom Left Cap (blank), Bottom Right Cap (blank), 1Step EL. 99.80, 2Step EL. 99.90, 3Step EL. 100.00, 4Step EL. 100.10, Top Left Wingwall (Front Face) EL. 104.25, Top Right Wingwall (Front Face) EL. 104.50, Top Left Wingwall (End) EL. 101.75, Top Right Wingwall (End) EL. 104.50, Top Left Endpost EL. 105.10, Top Right Endpost EL. 105.20, Inside Face Left Endpost EL. 104.90, Centerline of Bent EL. 105.00, Inside Face Right Endpost EL. 104.95
+Bent 3, 2Step: EL. 99.90 -> EL. 99.95
 LINES
   cmp -s out.txt want.txt || fail "the revision's differences: $out"
 
+  # For scripts: the control names, and lengths in decimal feet.
+  run diff --names --units decimal-feet end-with-backwall.ebnt revised.ebnt
+  expect 1 "a revision with the names"
+  [ "$(head -n 1 out.txt)" = "Cap length (txtCapLength): 38.00' -> 82.50'" ] || fail "--names --units: $out"
+  run diff --units metres end-with-backwall.ebnt revised.ebnt
+  expect 2 "units it does not know"
+
   run diff revised.ebnt end-with-backwall.ebnt
   expect 1 "the revision the other way"
-  [[ "$out" == *'Bent 9 removed: "9"'* ]] || fail "a removed bent: $out"
+  [[ "$out" == *'Bent 9 removed: Bottom Left Cap (blank),'* ]] || fail "a removed bent: $out"
 
   # Another bent type: the type, its columns and every bent differ.
   run diff intermediate.ebnt end-with-backwall.ebnt
   expect 1 "two bent types"
-  [[ "$out" == *'cboTybent: "Pile Intermediate Bent" -> "Pile End Bent with Backwall"'* ]] || fail "bent type: $out"
+  [[ "$out" == *'Bent type: Pile Intermediate Bent -> Pile End Bent with Backwall'* ]] || fail "bent type: $out"
 
   # Files that do not read are an error, as diff has it.
   run diff end-with-backwall.ebnt nowhere.ebnt

@@ -2,7 +2,10 @@
 // The headless commands: check, dump, run, replay, draw, report.
 #pragma once
 
+#include "core/model/Measures.h"
+
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,7 +16,13 @@ namespace tw {
 struct CliOptions {
     std::string programDir;
     int timeLimit = 0; // seconds a program Run waits for may run (`run --timeout`); 0: no limit
+    // How lengths read in draw, report and diff (`--units`); none: as the window reads them (View > Units).
+    std::optional<LengthUnits> units;
+    bool names = false; // diff --names: the control names beside the prompts, for scripts
 };
+
+// The units a command shows lengths in: those asked for, else the window's choice.
+LengthUnits unitsOf(const CliOptions& opt);
 
 int cliReplay(const CliOptions& opt, const std::string& script);
 int cliCheck(const CliOptions& opt, const std::vector<std::string>& files);

@@ -8,7 +8,7 @@
 
 namespace tw {
 
-int cliDiff(const CliOptions&, const std::string& a, const std::string& b) {
+int cliDiff(const CliOptions& opt, const std::string& a, const std::string& b) {
     const ProjectRead first = readProjectFile(a);
     if (!first.ok()) {
         std::cerr << a << ": " << whyUnread(first) << '\n';
@@ -19,7 +19,10 @@ int cliDiff(const CliOptions&, const std::string& a, const std::string& b) {
         std::cerr << b << ": " << whyUnread(second) << '\n';
         return 2;
     }
-    const auto lines = projectDifferences(first.project, second.project);
+    DiffOptions options;
+    options.units = unitsOf(opt);
+    options.names = opt.names;
+    const auto lines = projectDifferences(first.project, second.project, options);
     for (const auto& line : lines)
         std::cout << line << '\n';
     return lines.empty() ? 0 : 1;

@@ -4,6 +4,8 @@
 #include "cli/Cli.h"
 #include "cli/ProjectFile.h"
 #include "core/drawing/BentDrawing.h"
+#include "core/output/UnitsSetting.h"
+#include "platform/Platform.h"
 #include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
 
@@ -30,13 +32,19 @@ Page pageFor(const QString& path) {
 
 } // namespace
 
+LengthUnits unitsOf(const CliOptions& opt) {
+    if (opt.units) return *opt.units;
+    Platform platform;
+    return lengthUnits(platform);
+}
+
 std::unique_ptr<QCoreApplication> paintingApplication(int& argc, char** argv) {
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") && !std::getenv("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
-int cliDraw(const CliOptions&, const std::vector<std::string>& args) {
+int cliDraw(const CliOptions& opt, const std::vector<std::string>& args) {
     std::vector<std::string> paths;
     std::optional<int> bent;
     for (std::size_t i = 0; i < args.size(); ++i) {
@@ -76,7 +84,10 @@ int cliDraw(const CliOptions&, const std::vector<std::string>& args) {
     // Without bents the elevation shows what is missing.
     const drawing::BentInputs inputs = drawing::readBentInputs(read.project, bents > 0 ? bent.value_or(1) : 0);
     const Page page = pageFor(out);
-    const drawing::Scene scene = drawing::drawBentToFit(inputs, {}, page.width, page.height);
+    drawing::DrawOptions options;
+    options.units = unitsOf(opt);
+    options.legend = true; // a drawing for paper: its units and a scale bar
+    const drawing::Scene scene = drawing::drawBentToFit(inputs, options, page.width, page.height);
     QString error;
     if (!exportScene(scene, out, &error, replaceFile, QStringLiteral("Tarnwick bent drawing"))) {
         std::cerr << "tarnwick: " << error.toStdString() << '\n';

@@ -23,7 +23,8 @@ int cliReport(const CliOptions& opt, const std::string& file, const std::string&
         return 1;
     }
     const std::string path = QFileInfo(QString::fromStdString(file)).absoluteFilePath().toStdString();
-    const Report report = buildReport(project.app.session(), path);
+    Report report = buildReport(project.app.session(), path);
+    report.units = unitsOf(opt);
     QString error;
     if (!exportReport(report, project.app.project(), QString::fromStdString(out), &error, replaceFile)) {
         std::cerr << "tarnwick: " << error.toStdString() << '\n';

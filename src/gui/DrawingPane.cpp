@@ -61,6 +61,13 @@ DrawingPane::DrawingPane(QWidget* parent) : QDockWidget(QStringLiteral("Drawing"
     }
     v->addLayout(bar);
     v->addWidget(view_, 1);
+    // Rather than text too small to read, the drawing runs on below the pane, which says so.
+    fit_ = new QLabel(QStringLiteral("The pane is too narrow for this drawing's labels: drag to see the rest, "
+                                     "widen the pane, or show the plan or the elevation alone."));
+    fit_->setObjectName(QStringLiteral("drawingTooSmall"));
+    fit_->setWordWrap(true);
+    fit_->hide();
+    v->addWidget(fit_);
     // The drawing works out the closing values afresh; the form holds them
     // as last worked out, and a save writes those.
     stale_ = new QLabel;
@@ -136,27 +143,55 @@ void DrawingPane::showProject(const App& app) {
     view_->relayout();
 }
 
+void DrawingPane::setUnits(LengthUnits units) {
+    if (units == units_) return;
+    units_ = units;
+    last_.clear();
+    view_->relayout();
+}
+
+drawing::Scene DrawingPane::laidOut(const drawing::DrawOptions& o, double widthPt, double heightPt,
+                                    drawing::LayoutReport& report) const {
+    drawing::LayoutReport& last = last_[{o.plan, o.elevation}];
+    drawing::Scene scene = drawing::drawBentToFit(inputs_, o, widthPt, heightPt, &report, drawing::kPaneMargin, &last);
+    last = report;
+    return scene;
+}
+
 drawing::Scene DrawingPane::layout(double widthPt, double heightPt) const {
     if (!windowUp_) return {};
+    // The project's lines stand on the form beside the pane: the title block names the bent only.
     drawing::DrawOptions o;
+    o.units = units_;
+    o.projectLines = false;
     const int view = views_->currentIndex();
     o.plan = view != Elevation;
     o.elevation = view != Plan;
-    if (view != Automatic) return drawing::drawBentToFit(inputs_, o, widthPt, heightPt);
-    drawing::DrawOptions single;
+    drawing::DrawOptions single = o;
     single.plan = !elevationFirst_;
     single.elevation = elevationFirst_;
     const QSizeF size(widthPt, heightPt);
-    if (choice_ && choice_->size == size && choice_->elevationFirst == elevationFirst_ &&
-        choice_->beams == inputs_.beams && choice_->type == inputs_.type)
-        return drawing::drawBentToFit(inputs_, choice_->both ? o : single, widthPt, heightPt);
-    // Both views while they stay readable and each keeps most of the size it would have alone.
-    drawing::LayoutReport both, alone;
-    drawing::Scene scene = drawing::drawBentToFit(inputs_, o, widthPt, heightPt, &both);
-    drawing::Scene one = drawing::drawBentToFit(inputs_, single, widthPt, heightPt, &alone);
-    const bool bothFit = !both.cramped && both.feetPerPoint <= 1.5 * alone.feetPerPoint;
-    choice_ = Choice{size, elevationFirst_, inputs_.beams, inputs_.type, bothFit};
-    return bothFit ? scene : one;
+    drawing::LayoutReport report;
+    drawing::Scene scene;
+    if (view != Automatic) {
+        scene = laidOut(o, widthPt, heightPt, report);
+    } else if (choice_ && choice_->size == size && choice_->elevationFirst == elevationFirst_ &&
+               choice_->beams == inputs_.beams && choice_->type == inputs_.type) {
+        scene = laidOut(choice_->both ? o : single, widthPt, heightPt, report);
+    } else {
+        // Both views while they stay readable and each keeps most of the size it would have alone.
+        drawing::LayoutReport both, alone;
+        scene = laidOut(o, widthPt, heightPt, both);
+        drawing::Scene one = laidOut(single, widthPt, heightPt, alone);
+        const bool bothFit = !both.cramped && both.feetPerPoint <= 1.5 * alone.feetPerPoint;
+        choice_ = Choice{size, elevationFirst_, inputs_.beams, inputs_.type, bothFit};
+        report = bothFit ? both : alone;
+        if (!bothFit) scene = std::move(one);
+    }
+    // Shown or hidden after the paint this layout is part of.
+    QMetaObject::invokeMethod(
+        fit_, [note = fit_, tooSmall = report.tooSmall] { note->setVisible(tooSmall); }, Qt::QueuedConnection);
+    return scene;
 }
 
 } // namespace tw

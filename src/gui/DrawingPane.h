@@ -10,7 +10,9 @@
 #include <QDockWidget>
 
 #include <functional>
+#include <map>
 #include <optional>
+#include <utility>
 
 class QComboBox;
 class QLabel;
@@ -31,6 +33,10 @@ class DrawingPane : public QDockWidget {
     LaidOutView* view() const { return view_; }
     // What the pane says of closing values the form has not brought up to date.
     QLabel* staleNote() const { return stale_; }
+    // What the pane says when it is too small for the bent's labels.
+    QLabel* fitNote() const { return fit_; }
+    // How lengths read (View > Units).
+    void setUnits(LengthUnits units);
     // Its one click that brings them up to date, and what the click does.
     QPushButton* bringUpToDateButton() const { return bringUpToDate_; }
     std::function<void()> onBringUpToDate;
@@ -42,6 +48,9 @@ class DrawingPane : public QDockWidget {
 
   private:
     drawing::Scene layout(double widthPt, double heightPt) const;
+    // The drawing of the views `o` names, laid out starting from its last layout for this size.
+    drawing::Scene laidOut(const drawing::DrawOptions& o, double widthPt, double heightPt,
+                           drawing::LayoutReport& report) const;
 
     drawing::BentInputs inputs_;
     bool elevationFirst_ = false; // the last field the engineer was in shows in the elevation
@@ -54,8 +63,12 @@ class DrawingPane : public QDockWidget {
         bool both;
     };
     mutable std::optional<Choice> choice_;
+    LengthUnits units_ = LengthUnits::FeetInches;
+    // The last layout of each choice of views, where the next one starts from.
+    mutable std::map<std::pair<bool, bool>, drawing::LayoutReport> last_;
     QComboBox* views_ = nullptr;
     QLabel* stale_ = nullptr;
+    QLabel* fit_ = nullptr;
     QPushButton* bringUpToDate_ = nullptr;
     LaidOutView* view_ = nullptr;
     const App* app_ = nullptr;

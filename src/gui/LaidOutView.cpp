@@ -13,9 +13,29 @@ void LaidOutView::setLayout(Layout layout) {
 }
 
 void LaidOutView::relayout() {
+    pending_ = true;
+    update();
+}
+
+void LaidOutView::layOut() {
+    pending_ = false;
     if (!layout_ || width() <= 0 || height() <= 0) return;
     const double pointsPerPixel = 72.0 / logicalDpiY();
-    setScene(layout_(width() * pointsPerPixel, height() * pointsPerPixel));
+    adopt(layout_(width() * pointsPerPixel, height() * pointsPerPixel));
+    emit laidOut();
+}
+
+const drawing::Scene& LaidOutView::scene() {
+    if (pending_) {
+        layOut();
+        update();
+    }
+    return SceneView::scene();
+}
+
+void LaidOutView::paintEvent(QPaintEvent* event) {
+    if (pending_) layOut();
+    SceneView::paintEvent(event);
 }
 
 void LaidOutView::resizeEvent(QResizeEvent* event) {

@@ -6,6 +6,7 @@
 #include "core/form/Forms.h"
 #include "core/form/MainForm.h"
 #include "core/form/StandingNotes.h"
+#include "core/output/UnitsSetting.h"
 #include "gui/BentTable.h"
 #include "gui/CompareWindow.h"
 #include "gui/DrawingPane.h"
@@ -24,6 +25,7 @@
 #include "platform/QtText.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -51,6 +53,7 @@
 #include <QVBoxLayout>
 
 #include <map>
+#include <tuple>
 #include <utility>
 
 static void initToolbarIcons() { Q_INIT_RESOURCE(toolbar); }
@@ -390,6 +393,26 @@ void MainWindow::buildViewMenu() {
     status->setCheckable(true);
     status->setChecked(true);
     connect(status, &QAction::toggled, statusBar(), &QWidget::setVisible);
+    // How lengths read in the drawings, the report and Compare With; the form keeps its own.
+    auto* units = view->addMenu(QStringLiteral("&Units"));
+    units->setObjectName(QStringLiteral("viewUnits"));
+    auto* choice = new QActionGroup(units);
+    const LengthUnits chosen = lengthUnits(app_.system());
+    for (auto [text, name, u] : {std::tuple{"&Feet and Inches", "unitsFeetInches", LengthUnits::FeetInches},
+                                 std::tuple{"&Decimal Feet", "unitsDecimalFeet", LengthUnits::DecimalFeet}}) {
+        auto* a = units->addAction(QString::fromLatin1(text));
+        a->setObjectName(QString::fromLatin1(name));
+        a->setCheckable(true);
+        a->setChecked(u == chosen);
+        choice->addAction(a);
+        connect(a, &QAction::triggered, this, [this, u = u] {
+            setLengthUnits(app_.system(), u);
+            drawing_->setUnits(u);
+            for (auto* compare : findChildren<CompareWindow*>())
+                compare->setUnits(u);
+        });
+    }
+    drawing_->setUnits(chosen);
     view->addSeparator();
     auto* outputs = view->addAction(QStringLiteral("Run &Outputs"));
     outputs->setObjectName(QStringLiteral("viewRunOutputs"));
@@ -618,7 +641,7 @@ void MainWindow::saveAsTemplate() {
 }
 
 void MainWindow::compareWith(const QString& file) {
-    auto* window = new CompareWindow(app_, file, this);
+    auto* window = new CompareWindow(app_, file, this, lengthUnits(app_.system()));
     window->show();
 }
 

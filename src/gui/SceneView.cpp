@@ -27,11 +27,15 @@ SceneView::SceneView(QWidget* parent) : QWidget(parent) {
 }
 
 void SceneView::setScene(drawing::Scene scene) {
+    adopt(std::move(scene));
+    update();
+}
+
+void SceneView::adopt(drawing::Scene scene) {
     scene_ = std::move(scene);
     // Kept with the scene: a frame of a large drawing cannot afford to look at every point.
     index_ = drawing::SceneIndex(scene_.polylines);
     bounds_ = scene_.bounds();
-    update();
 }
 
 void SceneView::setOptions(const PaintOptions& options) {
@@ -39,8 +43,24 @@ void SceneView::setOptions(const PaintOptions& options) {
     update();
 }
 
+QTransform SceneView::fittedTransform() const {
+    const QRectF r(rect());
+    if (scene_.feetPerPoint <= 0 || bounds_.empty) return fitTransform(bounds_, r);
+    // A drawing laid out for this view is shown at the scale it was laid out for (or a
+    // little smaller where it came out wider), centred, or from its top where it runs
+    // on below a view too small for it.
+    double scale = logicalDpiY() / 72.0 / scene_.feetPerPoint;
+    if (bounds_.width() * scale > r.width()) scale = r.width() / bounds_.width();
+    const double h = bounds_.height() * scale;
+    QTransform t;
+    t.translate(r.center().x(), h <= r.height() ? r.center().y() : r.top() + h / 2);
+    t.scale(scale, -scale);
+    t.translate(-(bounds_.minX + bounds_.maxX) / 2, -(bounds_.minY + bounds_.maxY) / 2);
+    return t;
+}
+
 QTransform SceneView::transform() const {
-    if (fitted_) return fitTransform(bounds_, QRectF(rect()));
+    if (fitted_) return fittedTransform();
     const QTransform& base = frozen_;
     const QPointF c = QRectF(rect()).center();
     QTransform user;
@@ -61,7 +81,7 @@ void SceneView::fit() {
 void SceneView::unfit() {
     if (!fitted_) return;
     // Later scenes are drawn in the same frame, so the drawing does not jump while the user looks at a part of it.
-    frozen_ = fitTransform(bounds_, QRectF(rect()));
+    frozen_ = fittedTransform();
     fitted_ = false;
 }
 

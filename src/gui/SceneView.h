@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // A widget that shows a drawing Scene: the wheel zooms about the pointer, a
-// drag pans, and Fit shows the whole drawing. While the user has not zoomed
-// or panned, a new scene is fitted again, so a live drawing follows the
-// inputs; once the user has chosen a view, it is kept until Fit.
+// drag pans, and Fit shows the whole drawing (a drawing laid out for the view
+// at the scale it was laid out for). While the user has not zoomed or panned,
+// a new scene is fitted again, so a live drawing follows the inputs; once the
+// user has chosen a view, it is kept until Fit.
 #pragma once
 
 #include "core/drawing/Scene.h"
@@ -37,6 +38,8 @@ class SceneView : public QWidget {
     void viewChanged();
 
   protected:
+    // Takes the scene without asking for a repaint (a paint under way draws it).
+    void adopt(drawing::Scene scene);
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -50,6 +53,8 @@ class SceneView : public QWidget {
 
   private:
     void zoomAbout(const QPointF& at, double factor);
+    // The whole drawing, as Fit shows it.
+    QTransform fittedTransform() const;
     // Leaves the fitted view for one of the user's, frozen where it stands.
     void unfit();
 

@@ -13,6 +13,7 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -232,11 +233,17 @@ void bentTable(Pages& pg, const Report& r) {
     const double pad = 6, lh = pg.lineHeight(f);
     const int cols = static_cast<int>(r.headings.size());
     std::vector<double> widths(static_cast<size_t>(cols));
-    // A heading wraps onto a few lines, so that a column is about as wide as its numbers.
+    // A heading wraps onto a few lines, so that a column is about as wide as its numbers; its unit
+    // stands on a line of its own under it.
+    std::vector<QString> headings(static_cast<size_t>(cols));
     for (int c = 0; c < cols; ++c) {
+        const QString unit =
+            c < static_cast<int>(r.headingUnits.size()) ? q(r.headingUnits[static_cast<size_t>(c)]) : QString();
         const QString heading = q(r.headings[static_cast<size_t>(c)]);
+        headings[static_cast<size_t>(c)] = unit.isEmpty() ? heading : heading + QStringLiteral("\n(%1)").arg(unit);
         double m = pg.textWidth(f, heading) / 2.5;
-        for (const QString& word : heading.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        for (const QString& word :
+             headings[static_cast<size_t>(c)].split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts))
             m = std::max(m, pg.textWidth(f, word));
         for (const auto& row : r.bents)
             if (c < static_cast<int>(row.size())) m = std::max(m, pg.textWidth(f, q(row[static_cast<size_t>(c)])));
@@ -270,11 +277,11 @@ void bentTable(Pages& pg, const Report& r) {
             double x = 0;
             int headingLines = 1;
             for (int c : shown)
-                headingLines = std::max(headingLines, pg.wrappedLines(f, q(r.headings[static_cast<size_t>(c)]),
+                headingLines = std::max(headingLines, pg.wrappedLines(f, headings[static_cast<size_t>(c)],
                                                                       widths[static_cast<size_t>(c)] - 2 * pad));
             for (int c : shown) {
                 const double cw = widths[static_cast<size_t>(c)];
-                pg.wrapped(x + pad, y, cw - 2 * pad, lh * headingLines, f, q(r.headings[static_cast<size_t>(c)]));
+                pg.wrapped(x + pad, y, cw - 2 * pad, lh * headingLines, f, headings[static_cast<size_t>(c)]);
                 x += cw;
             }
             y += lh * headingLines;
@@ -311,9 +318,12 @@ void drawings(Pages& pg, const Report& r, const Project& project) {
     const double headingH = pg.lineHeight(pg.bold());
     pg.newPage();
     pg.text(0, 0, pg.width(), pg.bold(), QStringLiteral("Plan"));
+    // Each drawing says what its lengths read in and carries a scale bar: the page gives its scale.
     drawing::DrawOptions plan;
     plan.elevation = false;
     plan.title = false;
+    plan.legend = true;
+    plan.units = r.units;
     const double planH = pg.bodyBottom() - headingH - 4;
     const drawing::BentInputs first = drawing::readBentInputs(project, bents > 0 ? 1 : 0);
     // A long cap is drawn larger across the page's length, turned a quarter to read from the right.
@@ -338,6 +348,8 @@ void drawings(Pages& pg, const Report& r, const Project& project) {
     elevation.plan = false;
     elevation.title = false;
     elevation.textPt = 8;
+    elevation.legend = true;
+    elevation.units = r.units;
     const double cellH = pg.bodyBottom() / kElevationsPerPage;
     const double drawH = cellH - headingH - 8;
     for (int i = 0; i < bents; ++i) {

@@ -12,11 +12,18 @@
 #include <QPainterPath>
 #include <QPdfWriter>
 #include <QPolygonF>
+#include <QStaticText>
 #include <QSvgGenerator>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <map>
 #include <numbers>
+#include <tuple>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace tw {
 
@@ -55,12 +62,6 @@ QPen qPen(const QColor& color, double width, drawing::LineStyle style) {
 }
 
 double deviceWidth(const drawing::Pen& pen, double dpi) { return std::max(1.0, pen.width * dpi / kMmPerInch); }
-
-QPen penOf(const Shape& s, const PaintOptions& o, double dpi) {
-    double width = deviceWidth(s.pen, dpi);
-    if (!o.highlight.empty() && s.source == o.highlight) width = std::max(width * 2.0, 2.5);
-    return qPen(colorOf(s, o), width, s.mark == drawing::Mark::Placeholder ? drawing::LineStyle::Dashed : s.pen.style);
-}
 
 QColor qColor(const drawing::Color& c) { return QColor(c.r, c.g, c.b); }
 
@@ -244,25 +245,69 @@ void useFont(QPainter& p, const Shape& s, const QTransform& t, double dpi) {
     if (p.font().pixelSize() != f.pixelSize() || p.font().family() != f.family()) p.setFont(f);
 }
 
+// Texts laid out once for each font: a drawing repainted, or laid out again
+// after an edit, shows mostly the texts it showed, and shaping them is most
+// of what painting text costs.
+class TextCache {
+  public:
+    struct Text {
+        QStaticText text;
+        double width = 0;
+    };
+    struct Metrics {
+        double ascent = 0, descent = 0, lineSpacing = 0;
+    };
+
+    const Text& text(const QFont& font, const QString& s) {
+        if (texts_.size() > 4096) texts_.clear();
+        auto [it, added] = texts_.try_emplace({font.key(), s});
+        if (added) {
+            it->second.text.setText(s);
+            it->second.text.setTextFormat(Qt::PlainText);
+            it->second.text.prepare(QTransform(), font);
+            it->second.width = QFontMetricsF(font).horizontalAdvance(s);
+        }
+        return it->second;
+    }
+    const Metrics& metrics(const QFont& font) {
+        auto [it, added] = metrics_.try_emplace(font.key());
+        if (added) {
+            const QFontMetricsF fm(font);
+            it->second = {fm.ascent(), fm.descent(), fm.lineSpacing()};
+        }
+        return it->second;
+    }
+
+  private:
+    std::map<std::pair<QString, QString>, Text> texts_;
+    std::map<QString, Metrics> metrics_;
+};
+
+TextCache& textCache() {
+    static TextCache cache;
+    return cache;
+}
+
 // Draws text anchored at `at` (device), turned by `degrees` counter-clockwise.
 void drawAnchoredText(QPainter& p, const QString& text, const QPointF& at, double degrees, drawing::HAlign h,
                       drawing::VAlign v) {
-    const QFontMetricsF fm(p.font());
-    const double w = fm.horizontalAdvance(text);
+    const auto& m = textCache().metrics(p.font());
+    const auto& laid = textCache().text(p.font(), text);
+    const double w = laid.width;
     double x = 0;
     if (h == drawing::HAlign::Center) x = -w / 2;
     if (h == drawing::HAlign::Right) x = -w;
-    double y = 0;
+    double y = 0; // the baseline
     switch (v) {
     case drawing::VAlign::Baseline: break;
-    case drawing::VAlign::Bottom: y = -fm.descent(); break;
-    case drawing::VAlign::Middle: y = (fm.ascent() - fm.descent()) / 2; break;
-    case drawing::VAlign::Top: y = fm.ascent(); break;
+    case drawing::VAlign::Bottom: y = -m.descent; break;
+    case drawing::VAlign::Middle: y = (m.ascent - m.descent) / 2; break;
+    case drawing::VAlign::Top: y = m.ascent; break;
     }
     p.save();
     p.translate(at);
     p.rotate(-degrees);
-    p.drawText(QPointF(x, y), text);
+    p.drawStaticText(QPointF(x, y - m.ascent), laid.text);
     p.restore();
 }
 
@@ -272,7 +317,7 @@ void paintText(QPainter& p, const Shape& s, const QTransform& t, double dpi) {
     const QString text = QString::fromStdString(s.text);
     // Multi-line text stacks downwards from the anchor's line.
     const QStringList lines = text.split(QLatin1Char('\n'));
-    const double step = QFontMetricsF(p.font()).lineSpacing();
+    const double step = textCache().metrics(p.font()).lineSpacing;
     QPointF at = map(t, s.points.front());
     const double rad = -s.angle * std::numbers::pi / 180;
     for (const QString& line : lines) {
@@ -345,6 +390,37 @@ void paintDimension(QPainter& p, const Shape& s, const QTransform& t, double dpi
                      drawing::HAlign::Center, textAbove ? drawing::VAlign::Bottom : drawing::VAlign::Top);
 }
 
+// The PNG writer's own complaints (out of memory) stay off standard error
+// while it writes: the caller's message says once that the picture could not
+// be made. libpng prints some itself, before Qt's handlers are set.
+class QuietStandardError {
+  public:
+    QuietStandardError() {
+        std::fflush(stderr);
+        saved_ = ::dup(STDERR_FILENO);
+        const int null = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (saved_ >= 0 && null >= 0) ::dup2(null, STDERR_FILENO);
+        if (null >= 0) ::close(null);
+    }
+    // Also when the writer runs out of memory and throws.
+    ~QuietStandardError() {
+        std::fflush(stderr);
+        if (saved_ < 0) return;
+        ::dup2(saved_, STDERR_FILENO);
+        ::close(saved_);
+    }
+    QuietStandardError(const QuietStandardError&) = delete;
+    QuietStandardError& operator=(const QuietStandardError&) = delete;
+
+  private:
+    int saved_ = -1;
+};
+
+bool savedQuietly(const QImage& image, QBuffer& buffer) {
+    const QuietStandardError quiet;
+    return image.save(&buffer, "PNG");
+}
+
 } // namespace
 
 QTransform fitTransform(const drawing::Box& box, const QRectF& target, double marginFraction) {
@@ -364,6 +440,9 @@ QTransform fitTransform(const drawing::Box& box, const QRectF& target, double ma
 void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, const PaintOptions& o,
                 const drawing::SceneIndex* index) {
     const double dpi = deviceDpi(p);
+    // A drawing laid out for a scale keeps its picture at any other: its text, arrowheads
+    // and gaps grow and shrink with it, as a zoom on paper would, so nothing comes to overlap.
+    const double textDpi = scene.feetPerPoint > 0 ? std::abs(t.m11()) * scene.feetPerPoint * kPointsPerInch : dpi;
     p.save();
     p.setRenderHint(QPainter::Antialiasing, true);
     p.setRenderHint(QPainter::TextAntialiasing, true);
@@ -382,9 +461,39 @@ void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, c
         if (!o.hiddenLevels.count(s.level)) order.push_back(&s);
     if (!o.highlight.empty())
         std::stable_partition(order.begin(), order.end(), [&](const Shape* s) { return s->source != o.highlight; });
+    // What the device shows, in the drawing's units: a shape wholly outside it is not drawn
+    // (a drawing running on below a small view, a zoomed view).
+    const QRectF shown =
+        t.inverted().mapRect(p.transform().inverted().mapRect(QRectF(0, 0, p.device()->width(), p.device()->height())));
+    const double pointInWorld = textDpi / kPointsPerInch / std::max(std::abs(t.m11()), 1e-12);
+    auto outside = [&](const Shape& s) {
+        double reach = 0; // of text beyond its anchor
+        if (s.kind == Shape::Kind::Text || s.kind == Shape::Kind::Dimension)
+            reach = (s.screenSized ? s.height * pointInWorld : s.height) * (static_cast<double>(s.text.size()) + 2);
+        if (s.kind == Shape::Kind::Arc) reach = std::max(s.rx, s.ry);
+        if (s.kind == Shape::Kind::Dimension) reach += std::abs(s.offset);
+        double x0 = 1e300, y0 = 1e300, x1 = -1e300, y1 = -1e300;
+        for (const auto& pt : s.kind == Shape::Kind::Arc ? std::vector<drawing::Point>{s.center} : s.points) {
+            x0 = std::min(x0, pt.x);
+            y0 = std::min(y0, pt.y);
+            x1 = std::max(x1, pt.x);
+            y1 = std::max(y1, pt.y);
+        }
+        return x1 + reach < shown.left() || x0 - reach > shown.right() || y1 + reach < shown.top() ||
+               y0 - reach > shown.bottom();
+    };
+    // Most shapes share a pen: each one made once.
+    std::map<std::tuple<QRgb, double, int>, QPen> pens;
     for (const Shape* sp : order) {
         const Shape& s = *sp;
-        p.setPen(penOf(s, o, dpi));
+        if (outside(s)) continue;
+        const QColor color = colorOf(s, o);
+        const bool highlighted = !o.highlight.empty() && s.source == o.highlight;
+        const auto style = s.mark == drawing::Mark::Placeholder ? drawing::LineStyle::Dashed : s.pen.style;
+        const double width = highlighted ? std::max(deviceWidth(s.pen, dpi) * 2.0, 2.5) : deviceWidth(s.pen, dpi);
+        auto [pen, added] = pens.try_emplace({color.rgba(), width, static_cast<int>(style)});
+        if (added) pen->second = qPen(color, width, style);
+        p.setPen(pen->second);
         p.setBrush(Qt::NoBrush);
         switch (s.kind) {
         case Shape::Kind::Polyline: {
@@ -402,17 +511,28 @@ void paintScene(QPainter& p, const drawing::Scene& scene, const QTransform& t, c
             break;
         }
         case Shape::Kind::Arc: {
-            QPolygonF poly = arcPolygon(s, t);
-            if (s.fill && std::abs(s.sweep) >= 360) {
-                p.setBrush(QColor(s.fill->r, s.fill->g, s.fill->b));
-                p.drawPolygon(poly);
-            } else {
-                p.drawPolyline(poly);
+            const bool full = std::abs(s.sweep) >= 360;
+            if (full && s.fill) p.setBrush(QColor(s.fill->r, s.fill->g, s.fill->b));
+            // Unturned, in a view that only scales and mirrors: the painter's own ellipse.
+            if (s.rotation == 0 && t.type() <= QTransform::TxScale && t.m11() > 0 && t.m22() < 0) {
+                const QPointF c = map(t, s.center);
+                const QRectF r(c.x() - s.rx * t.m11(), c.y() + s.ry * t.m22(), 2 * s.rx * t.m11(), -2 * s.ry * t.m22());
+                if (full)
+                    p.drawEllipse(r);
+                else
+                    p.drawArc(r, static_cast<int>(std::lround(s.start * 16)),
+                              static_cast<int>(std::lround(s.sweep * 16)));
+                break;
             }
+            QPolygonF poly = arcPolygon(s, t);
+            if (s.fill && full)
+                p.drawPolygon(poly);
+            else
+                p.drawPolyline(poly);
             break;
         }
-        case Shape::Kind::Text: paintText(p, s, t, dpi); break;
-        case Shape::Kind::Dimension: paintDimension(p, s, t, dpi); break;
+        case Shape::Kind::Text: paintText(p, s, t, textDpi); break;
+        case Shape::Kind::Dimension: paintDimension(p, s, t, textDpi); break;
         }
     }
     p.restore();
@@ -466,7 +586,7 @@ bool exportScene(const drawing::Scene& scene, const QString& path, QString* erro
         if (image.isNull()) return fail(notDrawn);
         image.setDotsPerMeterX(3780); // 96 dpi
         image.setDotsPerMeterY(3780);
-        if (!paintInto(image, QRectF(image.rect())) || !image.save(&buffer, "PNG")) return fail(notDrawn);
+        if (!paintInto(image, QRectF(image.rect())) || !savedQuietly(image, buffer)) return fail(notDrawn);
     } else {
         return fail(
             QStringLiteral("%1: the picture's type is told by its suffix, one of %2.").arg(path, exportSuffixes()));

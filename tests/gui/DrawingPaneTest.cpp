@@ -2,17 +2,22 @@
 // The drawing pane follows the form, and the sketch window draws the sketches.
 #include "ShownWindow.h"
 
+#include "PaneChecks.h"
+
 #include "gui/BentTable.h"
 
 #include "core/inputfile/InputFile.h"
+#include "core/output/UnitsSetting.h"
 #include "gui/DrawingPane.h"
 #include "gui/FormWindows.h"
 #include "gui/LaidOutView.h"
 #include "gui/MainWindow.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QDir>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -20,6 +25,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tw {
 
@@ -48,14 +54,21 @@ class DrawingPaneTest : public QObject, public test::ShownWindow {
 
     void typingAFieldRedrawsTheBentAndHighlightsIt() {
         window->tabs()->setCurrentIndex(0);
-        QVERIFY(!shows(view()->scene(), "45.0000"));
+        QVERIFY(!shows(view()->scene(), "45'-6\""));
         auto* length = window->findChild<QLineEdit*>(QStringLiteral("txtCapLength"));
         length->setFocus(Qt::MouseFocusReason);
-        QTest::keyClicks(length, QStringLiteral("45"));
+        QTest::keyClicks(length, QStringLiteral("45.5"));
         QCOMPARE(view()->options().highlight, std::string("txtCapLength"));
-        QVERIFY(shows(view()->scene(), "45"));
+        QVERIFY(shows(view()->scene(), "45'-6\""));
         window->findChild<QLineEdit*>(QStringLiteral("txtProjectInfo(0)"))->setFocus(Qt::TabFocusReason);
-        QVERIFY(shows(view()->scene(), "45.0000"));
+        QCOMPARE(length->text(), QStringLiteral("45.5000"));
+        QVERIFY(shows(view()->scene(), "45'-6\""));
+        // View > Units: decimal feet, kept for the next window.
+        window->findChild<QAction*>(QStringLiteral("unitsDecimalFeet"))->trigger();
+        QVERIFY(shows(view()->scene(), "45.50'"));
+        QCOMPARE(lengthUnits((*app)->system()), LengthUnits::DecimalFeet);
+        window->findChild<QAction*>(QStringLiteral("unitsFeetInches"))->trigger();
+        QVERIFY(shows(view()->scene(), "45'-6\""));
         QCOMPARE(view()->options().highlight, std::string("txtProjectInfo(0)"));
         // With the pane the window still fits the smallest screen it is made for.
         QVERIFY(window->minimumSizeHint().width() <= 1366);
@@ -73,10 +86,43 @@ class DrawingPaneTest : public QObject, public test::ShownWindow {
         const std::string third = g.cell(3, 3), sixth = g.cell(6, 3);
         QVERIFY(third != sixth);
         window->grid()->selectRow(2);
-        QVERIFY(shows(view()->scene(), third));
-        QVERIFY(!shows(view()->scene(), sixth));
+        QVERIFY(shows(view()->scene(), elevationText(third)));
+        QVERIFY(!shows(view()->scene(), elevationText(sixth)));
         window->grid()->selectRow(5);
-        QVERIFY(shows(view()->scene(), sixth));
+        QVERIFY(shows(view()->scene(), elevationText(sixth)));
+    }
+
+    void everySampleFillsThePaneAndNothingTouchesALabel() {
+        for (const char* sample : {"intermediate", "end-with-backwall", "end-without-backwall", "twelve-beams"}) {
+            app->ports.files = {TW_SOURCE_DIR "/samples/" + std::string(sample) + ".ebnt"};
+            (*app)->actions.click(Ctl::mnuOpen);
+            for (const bool elevation : {false, true}) {
+                // The engineer in a field of the plan or of the elevation: the pane shows that view.
+                (*app)->actions.focus(elevation ? CtlId(Ctl::txtEStepPI, 0) : CtlId(Ctl::txtCapLength));
+                window->refresh();
+                const QString fault = test::paneFaults(*view());
+                QVERIFY2(fault.isEmpty(),
+                         qPrintable(QStringLiteral("%1, %2: ").arg(sample, elevation ? "elevation" : "plan") + fault));
+                QVERIFY(!window->drawingPane()->fitNote()->isVisibleTo(window.get()));
+            }
+        }
+    }
+
+    void aPaneTooSmallForBothViewsSaysSo() {
+        app->ports.files = {TW_SOURCE_DIR "/samples/twelve-beams.ebnt"};
+        (*app)->actions.click(Ctl::mnuOpen);
+        window->findChild<QComboBox*>(QStringLiteral("drawingViews"))->setCurrentIndex(1); // plan and elevation
+        window->refresh();
+        const drawing::Scene& scene = view()->scene();
+        QApplication::processEvents();
+        QVERIFY(window->drawingPane()->fitNote()->isVisibleTo(window.get()));
+        // The text keeps its size; the drawing takes the pane's width and runs on below it.
+        QVERIFY(scene.bounds().height() * std::abs(view()->transform().m22()) > view()->height());
+        QVERIFY(test::clashesIn(scene, scene.feetPerPoint).empty());
+        window->findChild<QComboBox*>(QStringLiteral("drawingViews"))->setCurrentIndex(2); // plan
+        view()->scene();
+        QApplication::processEvents();
+        QVERIFY(!window->drawingPane()->fitNote()->isVisibleTo(window.get()));
     }
 
     void aMissingPictureIsDrawnAndScaledToItsWindow() {

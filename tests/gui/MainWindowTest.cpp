@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
@@ -22,6 +23,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTabWidget>
@@ -258,10 +260,45 @@ class MainWindowTest : public QObject, public test::ShownWindow {
         QVERIFY(compare);
         QVERIFY(!compare->isModal());
         QVERIFY(compare->isVisible());
-        const QString list = compare->list()->toPlainText();
-        QVERIFY(list.contains(
-            QStringLiteral("cboTybent: \"Pile Intermediate Bent\" -> \"Pile End Bent without Backwall\"")));
-        QVERIFY(list.contains(QStringLiteral("Bent 2 removed")));
+        QString list = compare->list()->toPlainText();
+        QVERIFY(list.contains(QStringLiteral("Bent type: Pile Intermediate Bent -> Pile End Bent without Backwall")));
+        QVERIFY(list.contains(QStringLiteral("Bent 2 removed: Bottom Left Cap (blank), Bottom Right Cap (blank), "
+                                             "1Step EL. 101.32, 2Step EL. 101.45, 3Step EL. 101.58,")));
+        // A long line is wrapped at the window's width, never cut.
+        QCOMPARE(compare->list()->lineWrapMode(), QPlainTextEdit::WidgetWidth);
+        QCOMPARE(compare->list()->horizontalScrollBar()->maximum(), 0);
+
+        // With a project of the samples on the form, another file typed into the path box,
+        // relative to the project's folder, and Return.
+        app->ports.files = {TW_SOURCE_DIR "/samples/twelve-beams.ebnt"};
+        (*app)->actions.click(Ctl::mnuOpen);
+        auto* path = compare->pathBox();
+        path->clear();
+        path->setFocus(Qt::MouseFocusReason);
+        QTest::keyClicks(path, QStringLiteral("end-with-backwall.ebnt"));
+        QTest::keyClick(path, Qt::Key_Return);
+        QVERIFY(compare->isVisible());
+        QCOMPARE(path->text(),
+                 QDir::toNativeSeparators(QStringLiteral(TW_SOURCE_DIR "/samples/end-with-backwall.ebnt")));
+        QCOMPARE(compare->windowTitle(), QStringLiteral("Compare With end-with-backwall.ebnt"));
+        list = compare->list()->toPlainText();
+        QVERIFY2(
+            list.contains(QStringLiteral("Bent type: Pile End Bent with Backwall -> Pile End Bent without Backwall")),
+            qPrintable(list));
+        QVERIFY(list.contains(QStringLiteral("Cap length: 38'-0\" -> 80'-0\"")));
+        // View > Units lists the lengths again in the units chosen.
+        find<QAction>("unitsDecimalFeet")->trigger();
+        QVERIFY(compare->list()->toPlainText().contains(QStringLiteral("Cap length: 38.00' -> 80.00'")));
+        find<QAction>("unitsFeetInches")->trigger();
+        QVERIFY(compare->list()->toPlainText().contains(QStringLiteral("Cap length: 38'-0\" -> 80'-0\"")));
+
+        // A path that does not read says so, and Return again on a good one brings the list back.
+        path->selectAll();
+        QTest::keyClicks(path, QStringLiteral("nowhere.ebnt"));
+        QTest::keyClick(path, Qt::Key_Return);
+        QVERIFY(compare->isVisible());
+        QVERIFY(!compare->list()->toPlainText().contains(QStringLiteral("Bent type")));
+        compare->close();
     }
 
     void closingTheWindowAsks() {

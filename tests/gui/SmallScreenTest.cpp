@@ -3,12 +3,14 @@
 // its View menu brings back what was closed, its fields say what they take,
 // and a closing field's text can be read on its red or yellow.
 #include "../unit/LargestProject.h"
+#include "PaneChecks.h"
 #include "ProgramWindows.h"
 
 #include "core/form/MainForm.h"
 #include "gui/Binder.h"
 #include "gui/DrawingPane.h"
 #include "gui/GuiPorts.h"
+#include "gui/LaidOutView.h"
 #include "gui/MainWindow.h"
 #include "gui/RunOutputs.h"
 #include "gui/StatusMessages.h"
@@ -85,6 +87,20 @@ class SmallScreenTest : public QObject, public test::ProgramWindows {
         QVERIFY2(main().frameGeometry().width() <= 1024 + 16, qPrintable(QString::number(main().width())));
         QVERIFY(main().drawingPane()->isVisible());
         QVERIFY(main().drawingPane()->width() >= 200);
+    }
+
+    void onThisScreenTooEverySampleFillsThePaneAndNothingTouchesALabel() {
+        LaidOutView& view = *main().drawingPane()->view();
+        for (const char* sample : {"intermediate", "end-with-backwall", "end-without-backwall", "twelve-beams"}) {
+            app->actions.apply(cmd::OpenPath{TW_SOURCE_DIR "/samples/" + std::string(sample) + ".ebnt"});
+            for (const bool elevation : {false, true}) {
+                app->actions.focus(elevation ? CtlId(Ctl::txtEStepPI, 0) : CtlId(Ctl::txtCapLength));
+                QApplication::processEvents();
+                const QString fault = test::paneFaults(view);
+                QVERIFY2(fault.isEmpty(),
+                         qPrintable(QStringLiteral("%1, %2: ").arg(sample, elevation ? "elevation" : "plan") + fault));
+            }
+        }
     }
 
     // Every page built late (as each tab is first shown) must not push the

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 // The drawing of a bent and the explanatory sketches, as scenes.
 #include "core/drawing/BentDrawing.h"
+#include "DrawingChecks.h"
 #include "FakePorts.h"
+#include "LargestProject.h"
 #include "TestFiles.h"
 #include "core/drawing/Sketches.h"
 #include "core/inputfile/InputFile.h"
@@ -14,6 +16,7 @@
 #include <cmath>
 #include <filesystem>
 #include <random>
+#include <tuple>
 
 namespace tw::drawing {
 namespace {
@@ -36,10 +39,22 @@ TEST(BentDrawing, LabelsShowTheValuesAsTheFormShowsThem) {
     in.projectInfo = {"SR 12 OVER CEDAR CREEK", "", "PROJECT 4471"};
     in.bentLabel = "Bent 7";
     const Scene s = drawBentToFit(in, {}, 1200, 0);
-    // Dimensions carry the texts of their inputs, closing values computed as the form computes them.
-    for (const char* t : {"36.0000", "6.0000", "12.0000", "100.25", "96.50", "105.75", "104.00", "101.50"})
+    // Dimensions carry their inputs' values in feet and inches, closing values computed as the
+    // form computes them; elevations read as elevations, angles in one form.
+    for (const char* t :
+         {"36'-0\"", "6'-0\"", "12'-0\"", "EL. 100.25", "EL. 96.50", "EL. 105.75", "EL. 104.00", "EL. 101.50",
+          "80\xC2\xB0"
+          "00'00\"",
+          "100\xC2\xB0"
+          "00'00\""})
         EXPECT_FALSE(texts(s, t).empty()) << t;
-    EXPECT_FALSE(texts(s, "80\xC2\xB0 0' 0.0\"").empty());
+    // Or in decimal feet.
+    DrawOptions decimal;
+    decimal.units = LengthUnits::DecimalFeet;
+    const Scene d = drawBentToFit(in, decimal, 1200, 0);
+    for (const char* t : {"36.00'", "6.00'", "12.00'", "EL. 100.25"})
+        EXPECT_FALSE(texts(d, t).empty()) << t;
+    EXPECT_TRUE(texts(d, "36'-0\"").empty());
     for (const char* n : {"1", "2", "3"})
         EXPECT_FALSE(texts(s, n).empty()) << "beam " << n;
     // Every input the plan and elevation show is tagged with its control.
@@ -74,7 +89,7 @@ TEST(BentDrawing, PlaceholdersAndErrorsAreMarked) {
     in.capLength.text = "20.0000";
     s = drawBent(in, {}, 0.05);
     EXPECT_TRUE(marked("txtCenterline(20)", Mark::Error));
-    EXPECT_FALSE(texts(s, "-10.0000").empty());
+    EXPECT_FALSE(texts(s, "-10'-0\"").empty());
     const bool said = std::any_of(s.shapes.begin(), s.shapes.end(), [](const Shape& sh) {
         return sh.mark == Mark::Error && sh.text.find("leave nothing of the cap length") != std::string::npos;
     });
@@ -83,26 +98,76 @@ TEST(BentDrawing, PlaceholdersAndErrorsAreMarked) {
 
 TEST(BentDrawing, TheLayoutFitsTheViewWithRoomForItsText) {
     const BentInputs in = typicalProject(BentType::EndWithoutBackwall);
-    for (auto [w, h] : {std::pair{720.0, 450.0}, std::pair{1200.0, 0.0}}) {
+    DrawOptions planOnly;
+    planOnly.elevation = false;
+    for (auto [w, h, o] : {std::tuple{720.0, 450.0, planOnly}, std::tuple{1200.0, 0.0, DrawOptions{}}}) {
         LayoutReport report;
-        const Scene s = drawBentToFit(in, {}, w, h, &report);
+        const Scene s = drawBentToFit(in, o, w, h, &report);
         // The scale the view gives is the scale the text's room was worked out for.
         EXPECT_NEAR(feetPerPointToFit(s.bounds(), w, h), report.feetPerPoint, 0.03 * report.feetPerPoint) << w;
         EXPECT_FALSE(report.cramped) << w;
     }
-    // A view that cannot hold the text says so, rather than shrinking the bent to nothing.
+    // A view that cannot hold the text says so, rather than shrinking the bent to nothing or
+    // its text below the smallest size that reads: the drawing takes the view's width and
+    // runs on below it, its text at its own size.
     LayoutReport tiny;
-    drawBentToFit(in, {}, 120, 120, &tiny);
+    const Scene small = drawBentToFit(in, {}, 120, 120, &tiny);
     EXPECT_TRUE(tiny.cramped);
+    EXPECT_TRUE(tiny.tooSmall);
+    EXPECT_EQ(tiny.textPt, 9);
+    EXPECT_GT(small.bounds().height() / tiny.feetPerPoint, 120);
+    // Its text wider than the view even so, the cap takes half the view's width and the labels run past it.
+    EXPECT_NEAR(36 / tiny.feetPerPoint, 60, 0.5);
     // A narrow view lists what would crowd the plan's sides under the drawing.
     const Scene narrow = drawBentToFit(in, {}, 200, 400);
-    EXPECT_FALSE(texts(narrow, "Cap width 3.0000").empty());
-    EXPECT_TRUE(texts(drawBentToFit(in, {}, 1200, 0), "Cap width 3.0000").empty());
+    EXPECT_FALSE(texts(narrow, "Cap width 3'-0\"").empty());
+    EXPECT_TRUE(texts(drawBentToFit(in, {}, 1200, 0), "Cap width 3'-0\"").empty());
     // Plan or elevation alone.
-    DrawOptions planOnly;
-    planOnly.elevation = false;
     EXPECT_FALSE(hasSource(drawBent(in, planOnly, 0.05), "txtEStepPI(0)"));
     EXPECT_TRUE(hasSource(drawBent(in, planOnly, 0.05), "txtCenterline(0)"));
+}
+
+TEST(BentDrawing, ADrawingForPaperSaysItsUnitsAndCarriesABarOfARoundLength) {
+    const BentInputs in = typicalProject(BentType::EndWithBackwall);
+    for (const LengthUnits units : {LengthUnits::FeetInches, LengthUnits::DecimalFeet}) {
+        DrawOptions o;
+        o.legend = true;
+        o.units = units;
+        for (const double width : {300.0, 600.0, 1200.0}) {
+            LayoutReport report;
+            const Scene s = drawBentToFit(in, o, width, 0, &report);
+            const char* said =
+                units == LengthUnits::FeetInches ? "Lengths in feet and inches" : "Lengths in decimal feet";
+            ASSERT_EQ(texts(s, said).size(), 1u) << said;
+            // The bar's black and white parts end to end, under everything else.
+            Box bar;
+            int parts = 0;
+            for (const auto& shape : s.shapes)
+                if (shape.kind == Shape::Kind::Polyline && shape.level == kNotes && shape.closed) {
+                    ++parts;
+                    for (const auto& p : shape.points)
+                        bar.add(p);
+                }
+            ASSERT_EQ(parts, 4) << width;
+            const double length = bar.width();
+            EXPECT_GE(length / report.feetPerPoint, 72 * (1 - 1e-6)) << width;
+            EXPECT_LE(length / report.feetPerPoint, 180 * (1 + 1e-6)) << width;
+            const double decade = std::pow(10.0, std::floor(std::log10(length) + 1e-9));
+            const double leading = length / decade;
+            EXPECT_TRUE(std::abs(leading - 1) < 1e-6 || std::abs(leading - 2) < 1e-6 || std::abs(leading - 5) < 1e-6)
+                << length;
+            EXPECT_FALSE(texts(s, formatLength(length, units)).empty()) << length;
+            EXPECT_FALSE(texts(s, formatLength(length / 2, units)).empty()) << length;
+            for (const auto& shape : s.shapes) {
+                if (shape.kind != Shape::Kind::Polyline || shape.level == kNotes) continue;
+                for (const auto& p : shape.points)
+                    EXPECT_GT(p.y, bar.maxY);
+            }
+            EXPECT_TRUE(test::clashesIn(s, report.feetPerPoint).empty()) << width;
+        }
+    }
+    // The pane has none: the view's zoom is its scale.
+    EXPECT_TRUE(texts(drawBentToFit(in, {}, 600, 0), "Lengths in feet and inches").empty());
 }
 
 TEST(Sketches, EachPictureNameIsASketchLabelledWithPrompts) {
@@ -147,49 +212,46 @@ TEST(Sketches, TheirLabelsAreTheFormsPrompts) {
 
 // ---- labels clear of one another ----
 
-// What overlaps in a scene as laid out at `feetPerPoint`: two labels, or a
-// label and the bubble of a beam's number other than its own; empty when nothing does.
-std::vector<std::string> overlapsIn(const Scene& s, double feetPerPoint) {
-    struct Label {
-        LabelBox box;
-        const Shape* shape;
-    };
-    std::vector<Label> labels;
-    for (const auto& shape : s.shapes)
-        if (auto b = labelBox(shape, feetPerPoint)) labels.push_back({*b, &shape});
-    std::vector<std::string> found;
-    for (std::size_t i = 0; i < labels.size(); ++i)
-        for (std::size_t j = i + 1; j < labels.size(); ++j)
-            if (overlaps(labels[i].box, labels[j].box))
-                found.push_back("\"" + labels[i].shape->text + "\" and \"" + labels[j].shape->text + "\"");
-    for (const auto& bubble : s.shapes) {
-        if (bubble.kind != Shape::Kind::Arc || bubble.sweep < 360 || bubble.source.rfind("txtCenterline", 0) != 0)
-            continue;
-        for (const auto& [box, shape] : labels) {
-            if (shape->source == bubble.source) continue;
-            // The nearest point of the box to the bubble's centre, in the box's own frame.
-            const Point d{bubble.center.x - box.origin.x, bubble.center.y - box.origin.y};
-            const double x = std::clamp(d.x * box.along.x + d.y * box.along.y, 0.0, box.width);
-            const double y = std::clamp(d.x * box.up.x + d.y * box.up.y, 0.0, box.height);
-            const Point near{box.origin.x + box.along.x * x + box.up.x * y,
-                             box.origin.y + box.along.y * x + box.up.y * y};
-            if (std::hypot(near.x - bubble.center.x, near.y - bubble.center.y) < bubble.rx)
-                found.push_back("\"" + shape->text + "\" and the bubble of " + bubble.source);
-        }
-    }
-    return found;
-}
+// The views a bent is drawn for: the window's pane on the smallest screens it
+// is made for, and the page of `tarnwick draw`.
+struct View {
+    double width, height, margin;
+    bool pane;
+    const char* name;
+};
+const View kViews[] = {{252.75, 454.5, kPaneMargin, true, "the pane at 1366 x 768"},
+                       {252.75, 358.5, kPaneMargin, true, "the pane at 1024 x 640"},
+                       {1200, 1800, 0.05, false, "the page of tarnwick draw"}};
 
-// The views a bent is drawn for: the page of `tarnwick draw`, the window's pane, a narrow pane.
-const std::pair<double, double> kViews[] = {{1200, 1800}, {720, 450}, {300, 520}};
+struct Shown {
+    const char* name;
+    bool plan, elevation;
+};
+const Shown kShown[] = {{"plan and elevation", true, true}, {"plan", true, false}, {"elevation", false, true}};
 
 void expectClear(const BentInputs& in, const std::string& what) {
-    for (const auto& [w, h] : kViews) {
-        LayoutReport report;
-        const Scene s = drawBentToFit(in, {}, w, h, &report);
-        for (const auto& o : overlapsIn(s, report.feetPerPoint))
-            ADD_FAILURE() << what << " in " << w << " x " << h << ": " << o;
-    }
+    for (const View& view : kViews)
+        for (const Shown& shown : kShown) {
+            DrawOptions o;
+            o.plan = shown.plan;
+            o.elevation = shown.elevation;
+            o.projectLines = !view.pane; // the pane stands beside the form that shows them
+            o.legend = !view.pane;       // a page carries its units and a scale bar
+            LayoutReport report;
+            const Scene s = drawBentToFit(in, o, view.width, view.height, &report, view.margin);
+            // Checked at the scale the view shows it at, which it fills when it can.
+            const double fpp = s.feetPerPoint;
+            EXPECT_EQ(fpp, report.feetPerPoint) << what;
+            if (!report.tooSmall) {
+                // At most a few labels that had to move may have it shown a little smaller.
+                EXPECT_LE(feetPerPointToFit(s.bounds(), view.width, view.height, view.margin), fpp * 1.05)
+                    << what << ", " << shown.name << " in " << view.name;
+            }
+            const auto clashes = test::clashesIn(s, fpp);
+            for (std::size_t i = 0; i < std::min<std::size_t>(clashes.size(), 3); ++i)
+                ADD_FAILURE() << what << ", " << shown.name << " in " << view.name << ": " << clashes[i]
+                              << (clashes.size() > 3 ? " (and " + std::to_string(clashes.size() - 3) + " more)" : "");
+        }
 }
 
 std::string feet(double v) { return formatField(4, 4, std::to_string(v)); }
@@ -238,22 +300,75 @@ BentInputs generated(BentType type, int beams, std::mt19937& rng) {
     return in;
 }
 
-TEST(BentDrawingLabels, NoLabelOverlapsAnotherOrABubbleInTheSamples) {
+// The samples and the largest project the program allows, each bent of them.
+std::vector<std::pair<std::string, BentInputs>> projectBents() {
+    std::vector<std::pair<std::string, BentInputs>> out;
     for (const auto& entry : std::filesystem::directory_iterator(std::string(TW_SOURCE_DIR) + "/samples")) {
         test::Loaded app;
         parseProject(*app, test::slurp(entry.path()));
         for (int row = 1; row < app->project().table().rows(); ++row)
-            expectClear(readBentInputs(app->project(), row, {}),
-                        entry.path().filename().string() + " bent " + std::to_string(row));
+            out.emplace_back(entry.path().filename().string() + " bent " + std::to_string(row),
+                             readBentInputs(app->project(), row, {}));
     }
+    test::Loaded largest;
+    test::fillLargestProject(*largest);
+    out.emplace_back("the largest project", readBentInputs(largest->project(), 1, {}));
+    return out;
 }
 
-TEST(BentDrawingLabels, NoLabelOverlapsAnotherOrABubbleInGeneratedProjects) {
-    std::mt19937 rng(20240611);
-    for (BentType type : {BentType::Intermediate, BentType::EndWithBackwall, BentType::EndWithoutBackwall})
-        for (int beams = 1; beams <= 20; ++beams)
-            expectClear(generated(type, beams, rng),
-                        typicalProject(type).typeText + ", " + std::to_string(beams) + " beams");
+TEST(BentDrawingLabels, NothingTouchesALabelInTheSamplesAndTheLargestProject) {
+    for (const auto& [name, in] : projectBents())
+        expectClear(in, name);
+}
+
+// Every number of beams and every skew, with values drawn at random.
+void expectClearForEveryBeamCount(BentType type, unsigned seed) {
+    std::mt19937 rng(seed);
+    for (int beams = 1; beams <= 20; ++beams)
+        for (Skew skew : {Skew::None, Skew::Right, Skew::Left}) {
+            BentInputs in = generated(type, beams, rng);
+            in.skew = skew;
+            expectClear(in, typicalProject(type).typeText + ", " + std::to_string(beams) + " beams, skew " +
+                                std::to_string(static_cast<int>(skew)));
+        }
+}
+
+TEST(BentDrawingLabels, NothingTouchesALabelOfGeneratedIntermediateBents) {
+    expectClearForEveryBeamCount(BentType::Intermediate, 20240611);
+}
+TEST(BentDrawingLabels, NothingTouchesALabelOfGeneratedEndBentsWithBackwall) {
+    expectClearForEveryBeamCount(BentType::EndWithBackwall, 20240612);
+}
+TEST(BentDrawingLabels, NothingTouchesALabelOfGeneratedEndBentsWithoutBackwall) {
+    expectClearForEveryBeamCount(BentType::EndWithoutBackwall, 20240613);
+}
+
+// The width the cap is drawn at, in points: its outline in the plan or the elevation.
+double capWidthPt(const Scene& s, double feetPerPoint) {
+    for (const auto& shape : s.shapes)
+        if (shape.kind == Shape::Kind::Polyline && shape.fill && shape.source == "txtCapLength") {
+            Box b;
+            for (const auto& p : shape.points)
+                b.add(p);
+            return b.width() / feetPerPoint;
+        }
+    return 0;
+}
+
+TEST(BentDrawingLabels, TheCapFillsMostOfThePanesWidth) {
+    for (const auto& [name, in] : projectBents())
+        for (const View& view : {kViews[0], kViews[1]})
+            for (const Shown& shown : {kShown[1], kShown[2]}) {
+                DrawOptions o;
+                o.plan = shown.plan;
+                o.elevation = shown.elevation;
+                o.projectLines = false;
+                LayoutReport report;
+                const Scene s = drawBentToFit(in, o, view.width, view.height, &report, view.margin);
+                EXPECT_GE(capWidthPt(s, report.feetPerPoint), 0.8 * view.width)
+                    << name << ", " << shown.name << " in " << view.name;
+                EXPECT_GE(report.textPt, kSmallestTextPt) << name;
+            }
 }
 
 TEST(BentDrawingLabels, TheNamedCrowdsAreResolved) {
@@ -265,14 +380,14 @@ TEST(BentDrawingLabels, TheNamedCrowdsAreResolved) {
     in.capLength.text = "30.0000";
     LayoutReport report;
     Scene s = drawBentToFit(in, {}, 1200, 1800, &report);
-    const auto closing = texts(s, "-6.0000");
+    const auto closing = texts(s, "-6'-0\"");
     ASSERT_EQ(closing.size(), 1u);
     const auto box = labelBox(*closing.front(), report.feetPerPoint);
     EXPECT_LT(std::max({box->corner(0).y, box->corner(1).y, box->corner(2).y, box->corner(3).y}), 0);
     // The wingwalls' elevations stand above the walls, not on them.
     in = typicalProject(BentType::EndWithoutBackwall);
     s = drawBentToFit(in, {}, 1200, 1800, &report);
-    for (const char* top : {"104.25", "104.00", "101.50"}) {
+    for (const char* top : {"EL. 104.25", "EL. 104.00", "EL. 101.50"}) {
         const auto shown = texts(s, top);
         ASSERT_EQ(shown.size(), 1u) << top;
         const auto b = labelBox(*shown.front(), report.feetPerPoint);

@@ -231,7 +231,8 @@ TEST(BentInputs, FocusedFieldsMapToWhatTheDrawingShows) {
     EXPECT_EQ(inElevation(CtlId(Ctl::cmdQuantity, 0)), std::nullopt);
     AngleInput a{{CtlId(Ctl::txtWinLAngle, 0), "-10"}, {CtlId(Ctl::txtWinLAngle, 1), "30"}, {}};
     EXPECT_NEAR(*a.value(), -10.5, kEps);
-    EXPECT_EQ(a.text(), "-10\xC2\xB0 30'");
+    EXPECT_EQ(a.text(), "-10\xC2\xB0"
+                        "30'00\"");
 }
 
 } // namespace

@@ -194,6 +194,47 @@ TEST(Report, TheLargestProjectSplitsItsTableAndDrawsEveryBentOnTheLocalesPaper) 
         unsetenv("LC_ALL");
 }
 
+// What a checker signs: the table's headings with their unit, every drawing
+// with its units and a scale bar, angles in the drawings' one form, lengths in
+// the units asked for.
+TEST(Report, TheTableAndEveryDrawingSayTheirUnits) {
+    if (!haveTools()) GTEST_SKIP() << "poppler-utils is not installed";
+    const auto dir = freshFolder("tarnwick-report-");
+    const std::string sample = TW_SOURCE_DIR "/samples/end-with-backwall.ebnt";
+    const auto pdf = dir / "feet-inches.pdf";
+    auto ran = runTarnwick({"report", sample, pdf.string()}, dir);
+    ASSERT_EQ(ran.status, 0) << ran.err;
+    const std::string text = pdfText(pdf);
+    const Report r = reportOf(sample);
+    auto count = [](const std::string& in, const std::string& what) {
+        int n = 0;
+        for (auto at = in.find(what); at != std::string::npos; at = in.find(what, at + 1))
+            ++n;
+        return n;
+    };
+    // The plan and each bent's elevation.
+    EXPECT_EQ(count(text, " Lengths in feet and inches "), 1 + static_cast<int>(r.bents.size()));
+    EXPECT_GE(count(text, "(feet)"), static_cast<int>(r.headings.size()) - 1) << "a unit under every heading";
+    // Angles of the inputs as the drawings write them; lengths of the inputs as typed.
+    EXPECT_NE(text.find("75\xC2\xB0"
+                        "30'15.5\""),
+              std::string::npos);
+    EXPECT_EQ(text.find("75\xC2\xB0 30' 15.5''"), std::string::npos);
+    EXPECT_NE(text.find(" 38.0000 feet "), std::string::npos);
+    EXPECT_NE(text.find("38'-0\""), std::string::npos) << "the drawings' lengths";
+    // Decimal feet when asked for; a unit it does not know is refused.
+    const auto decimal = dir / "decimal.pdf";
+    ran = runTarnwick({"report", "--units", "decimal-feet", sample, decimal.string()}, dir);
+    ASSERT_EQ(ran.status, 0) << ran.err;
+    const std::string d = pdfText(decimal);
+    EXPECT_EQ(count(d, " Lengths in decimal feet "), 1 + static_cast<int>(r.bents.size()));
+    EXPECT_NE(d.find("38.00'"), std::string::npos);
+    EXPECT_EQ(d.find("38'-0\""), std::string::npos);
+    ran = runTarnwick({"report", "--units", "metres", sample, (dir / "m.pdf").string()}, dir);
+    EXPECT_EQ(ran.status, 2);
+    EXPECT_FALSE(std::filesystem::exists(dir / "m.pdf"));
+}
+
 TEST(Report, AnOutputThatCannotBeWrittenFailsAndLeavesNoFile) {
     const auto dir = freshFolder("tarnwick-report-");
     const std::string sample = TW_SOURCE_DIR "/samples/intermediate.ebnt";

@@ -2,6 +2,7 @@
 #include "core/drawing/BentInputs.h"
 
 #include "core/model/Inputs.h"
+#include "core/model/Measures.h"
 #include "core/model/Numeric.h"
 #include "core/model/Project.h"
 
@@ -27,12 +28,7 @@ std::optional<double> AngleInput::value() const {
     return *d < 0 || trim(degrees.text).starts_with('-') ? *d - rest : *d + rest;
 }
 
-std::string AngleInput::text() const {
-    std::string t = trim(degrees.text) + "\xC2\xB0";
-    if (!minutes.empty()) t += " " + trim(minutes.text) + "'";
-    if (!seconds.empty()) t += " " + trim(seconds.text) + "\"";
-    return t;
-}
+std::string AngleInput::text() const { return angleText(degrees.text, minutes.text, seconds.text); }
 
 namespace {
 

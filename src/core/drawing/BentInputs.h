@@ -35,7 +35,7 @@ struct AngleInput {
 
     // In degrees, when the degrees are a number (empty minutes or seconds count 0).
     std::optional<double> value() const;
-    // As the form shows it: 75° 30' 15.5".
+    // As drawings read it: 75°30'15.5".
     std::string text() const;
     friend bool operator==(const AngleInput&, const AngleInput&) = default;
 };

@@ -1,557 +1,411 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/drawing/Labels.h"
 
+#include "core/drawing/PointMath.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numbers>
+#include <cstdint>
+#include <optional>
+#include <vector>
 
 namespace tw::drawing {
 
 namespace {
 
-Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
-Point operator-(Point a, Point b) { return {a.x - b.x, a.y - b.y}; }
-Point operator*(Point a, double k) { return {a.x * k, a.y * k}; }
-double dot(Point a, Point b) { return a.x * b.x + a.y * b.y; }
-Point leftNormal(Point u) { return {-u.y, u.x}; }
-Point unitAt(double degrees) {
-    const double r = degrees * std::numbers::pi / 180;
-    return {std::cos(r), std::sin(r)};
-}
+// In points on the page.
+constexpr double kClearPt = 1.5; // between a label and anything else
+constexpr double kStepPt = 2;    // the steps a label takes near its place
+constexpr int kNearSteps = 9;    // so far it may go without a leader
+constexpr double kFarPt = 200;   // how far it looks for room with a leader
+constexpr double kFarStepPt = 5; // the rings it looks in, out there
+constexpr double kArrowPt = 7;   // the painter's dimension arrowheads
+constexpr double kLeaderHeadPt = 4;
+constexpr double kRoomPt = 3;  // kept around each label in the bounds, for a small move at the edge
+constexpr double kCellPt = 18; // the cells of the grid of what is drawn
+constexpr int kMostCells = 96; // a side of the grid at most
 
-int lineCount(const std::string& text) { return 1 + static_cast<int>(std::count(text.begin(), text.end(), '\n')); }
+const Color kLeaderInk{60, 60, 60};
 
-// A box the way the painter sets a text: anchored at `at`, turned by `degrees`.
-LabelBox boxAt(Point at, double degrees, const TextFrame& f, double em) {
-    LabelBox b;
-    b.along = unitAt(degrees);
-    b.up = leftNormal(b.along);
-    b.origin = at + b.along * (f.x0 * em) + b.up * (f.y0 * em);
-    b.width = (f.x1 - f.x0) * em;
-    b.height = (f.y1 - f.y0) * em;
-    return b;
-}
+struct Segment {
+    Point a, b;
+};
 
-Point centre(const LabelBox& b) { return b.origin + b.along * (b.width / 2) + b.up * (b.height / 2); }
+struct Disc {
+    Point centre;
+    double radius;
+};
 
-Box extent(const LabelBox& b) {
-    const Point c = centre(b);
-    const double rx = b.width / 2 * std::abs(b.along.x) + b.height / 2 * std::abs(b.up.x);
-    const double ry = b.width / 2 * std::abs(b.along.y) + b.height / 2 * std::abs(b.up.y);
+Box boxOf(Point a, Point b) {
     Box e;
-    e.add(Point{c.x - rx, c.y - ry});
-    e.add(Point{c.x + rx, c.y + ry});
+    e.add(a);
+    e.add(b);
     return e;
 }
 
-bool apart(const Box& a, const Box& b, double clearance) {
-    return a.maxX + clearance <= b.minX || b.maxX + clearance <= a.minX || a.maxY + clearance <= b.minY ||
-           b.maxY + clearance <= a.minY;
+Box widened(Box e, double by) {
+    e.minX -= by;
+    e.minY -= by;
+    e.maxX += by;
+    e.maxY += by;
+    return e;
 }
 
-// How the painter sets a dimension's label: at the middle of the dimension
-// line, on its side away from what is measured, read from below or from the right.
-struct DimensionLabel {
-    Point anchor, mid;
-    double degrees = 0;
-    VAlign valign = VAlign::Bottom;
-};
-
-std::optional<DimensionLabel> dimensionLabel(const Shape& s, double feetPerPoint) {
-    if (s.points.size() != 2) return std::nullopt;
-    const Point a = s.points[0], b = s.points[1];
-    const double len = std::hypot(b.x - a.x, b.y - a.y);
-    if (len <= 0) return std::nullopt;
-    const Point u = (b - a) * (1 / len), away = leftNormal(u) * (s.offset < 0 ? -1.0 : 1.0);
-    DimensionLabel d;
-    d.mid = (a + b) * 0.5 + leftNormal(u) * s.offset;
-    d.degrees = std::atan2(u.y, u.x) * 180 / std::numbers::pi;
-    if (d.degrees > 90.5 || d.degrees < -89.5) d.degrees += d.degrees > 0 ? -180 : 180;
-    // An offset under a pixel counts as none: the label then sits on the line, above it.
-    const bool offset = std::abs(s.offset) / feetPerPoint >= 0.75;
-    const bool above = !offset || dot(leftNormal(unitAt(d.degrees)), away) >= 0;
-    d.anchor = offset ? d.mid + away * (kLabelGapPt * feetPerPoint) : d.mid;
-    d.valign = above ? VAlign::Bottom : VAlign::Top;
-    return d;
-}
-
-double emOf(const Shape& s, double feetPerPoint) { return s.screenSized ? s.height * feetPerPoint : s.height; }
-
-// A line a label should keep clear of, and the input it is drawn for.
-struct Segment {
-    Point a, b;
-    std::size_t shape; // whose source it is drawn for
-    Box extent;
-};
-
-void addSegment(std::vector<Segment>& out, Point a, Point b, std::size_t shape) {
-    Segment s{a, b, shape, {}};
-    s.extent.add(a);
-    s.extent.add(b);
-    if (!s.extent.empty) out.push_back(s);
-}
-
-// The lines of every shape that is not a label.
-std::vector<Segment> linesOf(const Scene& scene, double feetPerPoint) {
-    std::vector<Segment> out;
-    for (std::size_t k = 0; k < scene.shapes.size(); ++k) {
-        const Shape& s = scene.shapes[k];
-        switch (s.kind) {
-        case Shape::Kind::Polyline:
-            for (std::size_t i = 0; i + 1 < s.points.size(); ++i)
-                addSegment(out, s.points[i], s.points[i + 1], k);
-            if ((s.closed || s.fill) && s.points.size() > 2) addSegment(out, s.points.back(), s.points.front(), k);
-            break;
-        case Shape::Kind::Arc: {
-            const int steps = std::clamp(static_cast<int>(std::abs(s.sweep) / 20), 4, 18);
-            const double rot = s.rotation * std::numbers::pi / 180;
-            Point last;
-            for (int i = 0; i <= steps; ++i) {
-                const double t = (s.start + s.sweep * i / steps) * std::numbers::pi / 180;
-                const double x = s.rx * std::cos(t), y = s.ry * std::sin(t);
-                const Point p{s.center.x + x * std::cos(rot) - y * std::sin(rot),
-                              s.center.y + x * std::sin(rot) + y * std::cos(rot)};
-                if (i > 0) addSegment(out, last, p, k);
-                last = p;
-            }
-            break;
-        }
-        case Shape::Kind::Dimension: {
-            if (s.points.size() != 2) break;
-            const Point a = s.points[0], b = s.points[1];
-            const double len = std::hypot(b.x - a.x, b.y - a.y);
-            if (len <= 0) break;
-            const Point n = leftNormal((b - a) * (1 / len)) * s.offset;
-            addSegment(out, a + n, b + n, k);
-            if (s.offset == 0) break;
-            // The extension lines run a little past the dimension line.
-            const Point past = n * ((std::abs(s.offset) + 3 * feetPerPoint) / std::abs(s.offset));
-            addSegment(out, a, a + past, k);
-            addSegment(out, b, b + past, k);
-            break;
-        }
-        case Shape::Kind::Text: break;
-        }
-    }
-    return out;
-}
-
-// Lines or labels by the columns of the drawing they cross, so that a label
-// looks only at those near it.
-class ColumnIndex {
+// Everything drawn and every label placed, by the cells of a grid over the
+// drawing, so that a label looks only at what lies near it. A place outside
+// the grid counts in its edge cells, so nothing is ever missed.
+class Grid {
   public:
-    ColumnIndex(const Box& world, std::size_t expected) {
-        x0_ = world.empty ? 0 : world.minX;
-        columns_.resize(std::clamp<std::size_t>(expected / 4, 1, 256));
-        width_ = std::max(world.width(), 1e-9) / static_cast<double>(columns_.size());
+    enum Kind : std::uint32_t { kSegment, kDisc, kLabel };
+
+    Grid(const Box& world, double cell) {
+        x0_ = world.minX;
+        y0_ = world.minY;
+        nx_ = std::clamp(static_cast<int>(std::ceil(world.width() / cell)), 1, kMostCells);
+        ny_ = std::clamp(static_cast<int>(std::ceil(world.height() / cell)), 1, kMostCells);
+        cw_ = std::max(world.width(), 1e-9) / nx_;
+        ch_ = std::max(world.height(), 1e-9) / ny_;
+        cells_.resize(static_cast<std::size_t>(nx_) * static_cast<std::size_t>(ny_));
     }
 
-    void add(const Box& e, std::size_t i) {
-        for (std::size_t c = column(e.minX); c <= column(e.maxX); ++c)
-            columns_[c].push_back(i);
-        if (seen_.size() <= i) seen_.resize(i + 1, 0);
+    void add(const Box& e, Kind kind, std::uint32_t index) {
+        if (e.empty) return;
+        const std::uint32_t code = kind << 30 | index;
+        forCells(e, [&](std::vector<std::uint32_t>& c) {
+            c.push_back(code);
+            return true;
+        });
+        auto& seen = seen_[kind];
+        if (seen.size() <= index) seen.resize(index + 1, 0);
     }
 
-    // Calls `f` once for each item that may lie within `e` (widened by `clearance`), until it returns false.
-    template <class F> bool each(const Box& e, double clearance, F f) {
+    // Calls `f(kind, index)` once for each item whose cells meet `e`, until it returns false.
+    template <class F> bool each(const Box& e, F&& f) {
         ++query_;
-        for (std::size_t c = column(e.minX - clearance); c <= column(e.maxX + clearance); ++c)
-            for (std::size_t i : columns_[c]) {
-                if (seen_[i] == query_) continue;
-                seen_[i] = query_;
-                if (!f(i)) return false;
+        bool go = true;
+        forCells(e, [&](std::vector<std::uint32_t>& c) {
+            for (std::size_t k = 0; go && k < c.size(); ++k) {
+                const auto kind = static_cast<Kind>(c[k] >> 30);
+                const std::uint32_t index = c[k] & 0x3FFFFFFF;
+                auto& stamp = seen_[kind][index];
+                if (stamp == query_) continue;
+                stamp = query_;
+                go = f(kind, index);
             }
-        return true;
+            return go;
+        });
+        return go;
     }
 
   private:
-    std::size_t column(double x) const {
-        const double c = std::floor((x - x0_) / width_);
-        return static_cast<std::size_t>(std::clamp(c, 0.0, static_cast<double>(columns_.size() - 1)));
+    int cell(double v, double v0, double size, int n) const {
+        const double c = std::floor((v - v0) / size);
+        return static_cast<int>(std::clamp(c, 0.0, static_cast<double>(n - 1)));
     }
-    double x0_ = 0, width_ = 1;
-    std::vector<std::vector<std::size_t>> columns_;
-    std::vector<std::size_t> seen_;
-    std::size_t query_ = 0;
+    // Calls `f(cell)` for each cell `e` meets, until it returns false.
+    template <class F> void forCells(const Box& e, F&& f) {
+        const int cx0 = cell(e.minX, x0_, cw_, nx_), cx1 = cell(e.maxX, x0_, cw_, nx_);
+        const int cy0 = cell(e.minY, y0_, ch_, ny_), cy1 = cell(e.maxY, y0_, ch_, ny_);
+        for (int y = cy0; y <= cy1; ++y)
+            for (int x = cx0; x <= cx1; ++x)
+                if (!f(cells_[static_cast<std::size_t>(y * nx_ + x)])) return;
+    }
+
+    double x0_ = 0, y0_ = 0, cw_ = 1, ch_ = 1;
+    int nx_ = 1, ny_ = 1;
+    std::vector<std::vector<std::uint32_t>> cells_;
+    std::array<std::vector<std::uint32_t>, 3> seen_;
+    std::uint32_t query_ = 0;
 };
 
-} // namespace
-
-double textWidthEm(std::string_view text) {
-    double widest = 0, w = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const unsigned char c = static_cast<unsigned char>(text[i]);
-        if (c == '\n') {
-            widest = std::max(widest, w);
-            w = 0;
-            continue;
-        }
-        if ((c & 0xC0) == 0x80) continue; // the rest of a character already counted
-        if (c >= '0' && c <= '9')
-            w += 0.64;
-        else if (c == ' ' || c == '.' || c == ',' || c == ':' || c == ';')
-            w += 0.32;
-        else if (c == 'i' || c == 'l' || c == 'j' || c == 'I' || c == '\'' || c == '|' || c == '!')
-            w += 0.28;
-        else if (c == 'f' || c == 't' || c == 'r' || c == '(' || c == ')' || c == '-' || c == '"')
-            w += 0.42;
-        else if (c == 'm' || c == 'w' || c == 'M' || c == 'W')
-            w += 0.98;
-        else if (c >= 'A' && c <= 'Z')
-            w += 0.74;
-        else
-            w += 0.62;
+// The lines of a dimension as the painter draws them: the dimension line,
+// the extension lines running a little past it, and the arrowheads.
+void dimensionStrokes(const Shape& s, double pt, std::vector<Segment>& out) {
+    if (s.points.size() != 2) return;
+    const Point a = s.points[0], b = s.points[1];
+    const double len = length(b - a);
+    if (len <= 0) return;
+    const Point u = (b - a) * (1 / len), n = leftNormal(u) * s.offset;
+    const Point da = a + n, db = b + n;
+    if (std::abs(s.offset) > 0) {
+        const Point un = unitOf(n);
+        const double gap = std::min(2 * pt, std::abs(s.offset) / 2);
+        out.push_back({a + un * gap, da + un * (3 * pt)});
+        out.push_back({b + un * gap, db + un * (3 * pt)});
     }
-    return std::max(widest, w);
-}
-
-namespace {
-
-bool continues(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
-
-// Where the character after the one at `i` starts.
-std::size_t nextChar(std::string_view s, std::size_t i) {
-    ++i;
-    while (i < s.size() && continues(s[i]))
-        ++i;
-    return i;
-}
-
-} // namespace
-
-std::string fitText(std::string_view text, double roomEm, std::size_t maxLines) {
-    std::string out, line;
-    std::size_t done = 0; // lines in `out`
-    double width = 0;     // of `line`
-    bool more = false;    // text left over when the lines ran out
-    auto endLine = [&] {
-        if (done == maxLines - 1) return false;
-        out += (done++ ? "\n" : "") + line;
-        line.clear();
-        width = 0;
-        return true;
+    const double arrow = kArrowPt * pt, half = 0.3 * arrow;
+    const Point across = leftNormal(u) * half;
+    auto head = [&](Point tip, Point back) {
+        const Point base = tip + back * arrow;
+        out.push_back({tip, base + across});
+        out.push_back({tip, base - across});
+        out.push_back({base + across, base - across});
     };
-    std::size_t i = 0;
-    while (i < text.size() && !more) {
-        const std::size_t start = text.find_first_not_of(' ', i);
-        if (start == std::string_view::npos) break;
-        std::size_t end = text.find(' ', start);
-        if (end == std::string_view::npos) end = text.size();
-        const std::string_view gap = text.substr(i, start - i), word = text.substr(start, end - start);
-        const double gapWidth = textWidthEm(gap), wordWidth = textWidthEm(word);
-        i = end;
-        // The blanks between words stay as typed where both words share a line.
-        if (!line.empty() && width + gapWidth + wordWidth <= roomEm) {
-            line.append(gap).append(word);
-            width += gapWidth + wordWidth;
-            continue;
-        }
-        if (!line.empty() && !endLine()) {
-            more = true;
+    if (len > 2.5 * arrow) {
+        out.push_back({da, db});
+        head(da, u);
+        head(db, u * -1);
+    } else { // too short for arrows inside: they point in from outside
+        out.push_back({da - u * (1.5 * arrow), db + u * (1.5 * arrow)});
+        head(da, u * -1);
+        head(db, u);
+    }
+}
+
+// What a shape that is not a label puts in a label's way.
+void obstaclesOf(const Shape& s, double pt, std::vector<Segment>& segments, std::vector<Disc>& discs) {
+    switch (s.kind) {
+    case Shape::Kind::Polyline:
+        for (std::size_t i = 0; i + 1 < s.points.size(); ++i)
+            segments.push_back({s.points[i], s.points[i + 1]});
+        if ((s.closed || s.fill) && s.points.size() > 2) segments.push_back({s.points.back(), s.points.front()});
+        break;
+    case Shape::Kind::Arc: {
+        if (std::abs(s.sweep) >= 360 && s.rotation == 0 && std::abs(s.rx - s.ry) <= 1e-9 * s.rx) {
+            discs.push_back({s.center, s.rx});
             break;
         }
-        if (wordWidth <= roomEm) {
-            line.assign(word);
-            width = wordWidth;
-            continue;
+        const int steps = std::clamp(static_cast<int>(std::abs(s.sweep) / 12), 3, 30);
+        const double rot = radians(s.rotation);
+        Point last;
+        for (int i = 0; i <= steps; ++i) {
+            const double t = radians(s.start + s.sweep * i / steps);
+            const double x = s.rx * std::cos(t), y = s.ry * std::sin(t);
+            const Point p{s.center.x + x * std::cos(rot) - y * std::sin(rot),
+                          s.center.y + x * std::sin(rot) + y * std::cos(rot)};
+            if (i > 0) segments.push_back({last, p});
+            last = p;
         }
-        // A word wider than a line is cut where the line is full (a character a line at least).
-        for (std::size_t j = 0; j < word.size();) {
-            const std::size_t k = nextChar(word, j);
-            const double w = textWidthEm(word.substr(j, k - j));
-            if (!line.empty() && width + w > roomEm && !endLine()) {
-                more = true;
-                break;
-            }
-            line.append(word.substr(j, k - j));
-            width += w;
-            j = k;
-        }
+        break;
     }
-    if (more) {
-        const std::string_view ellipsis = "\xE2\x80\xA6";
-        const double room = roomEm - textWidthEm(ellipsis);
-        while (!line.empty() && (width > room || line.back() == ' ')) {
-            std::size_t last = line.size() - 1;
-            while (last > 0 && continues(line[last]))
-                --last;
-            width -= textWidthEm(std::string_view(line).substr(last));
-            line.erase(last);
-        }
-        line.append(ellipsis);
-    }
-    if (!line.empty() || done == 0) out += (done ? "\n" : "") + line;
-    return out;
-}
-
-TextFrame textFrame(const std::string& text, HAlign h, VAlign v) {
-    const double w = textWidthEm(text);
-    const double extra = (lineCount(text) - 1) * kLineSpacing;
-    TextFrame f{0, w, 0, 0};
-    if (h == HAlign::Center) f = {-w / 2, w / 2, 0, 0};
-    if (h == HAlign::Right) f = {-w, 0, 0, 0};
-    double top = kAscent; // of the first line, above the anchor
-    switch (v) {
-    case VAlign::Baseline: break;
-    case VAlign::Bottom: top = kAscent + kDescent; break;
-    case VAlign::Middle: top = (kAscent + kDescent) / 2; break;
-    case VAlign::Top: top = 0; break;
-    }
-    f.y1 = top;
-    f.y0 = top - kAscent - kDescent - extra;
-    return f;
-}
-
-Point LabelBox::corner(int i) const {
-    switch (i & 3) {
-    case 0: return origin;
-    case 1: return origin + along * width;
-    case 2: return origin + along * width + up * height;
-    default: return origin + up * height;
+    case Shape::Kind::Dimension: dimensionStrokes(s, pt, segments); break;
+    case Shape::Kind::Text: break;
     }
 }
 
-std::optional<LabelBox> labelBox(const Shape& s, double feetPerPoint) {
-    if (s.text.empty() || s.points.empty()) return std::nullopt;
-    if (s.kind == Shape::Kind::Text)
-        return boxAt(s.points.front(), s.angle, textFrame(s.text, s.halign, s.valign), emOf(s, feetPerPoint));
-    if (s.kind != Shape::Kind::Dimension) return std::nullopt;
-    const auto d = dimensionLabel(s, feetPerPoint);
-    if (!d) return std::nullopt;
-    return boxAt(d->anchor, d->degrees, textFrame(s.text, HAlign::Center, d->valign), emOf(s, feetPerPoint));
+// The point of a box nearest to `p`.
+Point nearestOf(const LabelBox& b, Point p) {
+    const Point d = p - b.origin;
+    return b.origin + b.along * std::clamp(dot(d, b.along), 0.0, b.width) +
+           b.up * std::clamp(dot(d, b.up), 0.0, b.height);
 }
 
-bool overlaps(const LabelBox& a, const LabelBox& b, double clearance) {
-    // Separated along some side's direction of either box, or not at all.
-    for (const Point axis : {a.along, a.up, b.along, b.up}) {
-        double lo[2], hi[2];
-        int k = 0;
-        for (const LabelBox* x : {&a, &b}) {
-            const double c = dot(centre(*x), axis);
-            const double r = x->width / 2 * std::abs(dot(x->along, axis)) + x->height / 2 * std::abs(dot(x->up, axis));
-            lo[k] = c - r;
-            hi[k++] = c + r;
-        }
-        const double tiny = 1e-9 * (std::abs(hi[0]) + std::abs(hi[1]) + 1);
-        if (hi[0] + clearance <= lo[1] + tiny || hi[1] + clearance <= lo[0] + tiny) return false;
-    }
-    return true;
+LabelBox shifted(LabelBox b, Point by) {
+    b.origin = b.origin + by;
+    return b;
 }
 
-bool crosses(const LabelBox& box, Point a, Point b, double clearance) {
-    // In the box's own frame the box is [0, width] x [0, height]: clip the segment to it.
-    const Point pa{dot(a - box.origin, box.along), dot(a - box.origin, box.up)};
-    const Point pb{dot(b - box.origin, box.along), dot(b - box.origin, box.up)};
-    double t0 = 0, t1 = 1;
-    const Point d = pb - pa;
-    const double p[] = {-d.x, d.x, -d.y, d.y};
-    const double q[] = {pa.x + clearance, box.width + clearance - pa.x, pa.y + clearance,
-                        box.height + clearance - pa.y};
-    for (int i = 0; i < 4; ++i) {
-        if (p[i] == 0) {
-            if (q[i] <= 0) return false;
-            continue;
-        }
-        const double t = q[i] / p[i];
-        if (p[i] < 0)
-            t0 = std::max(t0, t);
-        else
-            t1 = std::min(t1, t);
-        if (t0 >= t1) return false;
+class Placer {
+  public:
+    Placer(Scene& scene, double pt)
+        : scene_(scene), pt_(pt), clear_(kClearPt * pt), grid_(world(scene, pt), kCellPt * pt) {
+        for (const auto& s : scene.shapes)
+            if (s.kind != Shape::Kind::Text) obstaclesOf(s, pt, segments_, discs_);
+        for (std::size_t i = 0; i < segments_.size(); ++i)
+            grid_.add(boxOf(segments_[i].a, segments_[i].b), Grid::kSegment, static_cast<std::uint32_t>(i));
+        for (std::size_t i = 0; i < discs_.size(); ++i)
+            grid_.add(widened(boxOf(discs_[i].centre, discs_[i].centre), discs_[i].radius), Grid::kDisc,
+                      static_cast<std::uint32_t>(i));
     }
-    return true;
-}
 
-std::vector<LabelBox> labelBoxes(const Scene& scene, double feetPerPoint) {
-    std::vector<LabelBox> out;
-    for (const auto& s : scene.shapes)
-        if (auto b = labelBox(s, feetPerPoint)) out.push_back(*b);
-    return out;
-}
-
-void placeLabels(Scene& scene, double feetPerPoint) {
-    const double pt = feetPerPoint;
-    const double clearance = 1 * pt;
-    std::vector<Segment> lines = linesOf(scene, pt);
-    Box world = scene.bounds();
-    for (const auto& l : lines)
-        world.add(l.extent);
-    ColumnIndex index(world, lines.size());
-    for (std::size_t i = 0; i < lines.size(); ++i)
-        index.add(lines[i].extent, i);
-
-    struct Label {
-        std::size_t shape;
-        int rank;
-    };
-    std::vector<Label> labels;
-    for (std::size_t i = 0; i < scene.shapes.size(); ++i) {
-        const Shape& s = scene.shapes[i];
-        if (!labelBox(s, pt)) continue;
-        labels.push_back({i, s.pinned ? 0 : s.kind == Shape::Kind::Dimension ? 1 : 2});
-    }
-    std::stable_sort(labels.begin(), labels.end(), [](const Label& a, const Label& b) { return a.rank < b.rank; });
-
-    std::vector<LabelBox> placed;
-    std::vector<Box> placedExtent;
-    std::vector<int> placedLevel;
-    // Circles (the numbers' bubbles, round piles) are kept clear of as labels are, but for
-    // the text drawn for their own input (the number inside).
-    struct Solid {
-        Point centre;
-        double radius;
-        Box extent;
-        std::size_t shape;
-    };
-    std::vector<Solid> solids;
-    for (std::size_t i = 0; i < scene.shapes.size(); ++i) {
-        const Shape& s = scene.shapes[i];
-        if (s.kind != Shape::Kind::Arc || std::abs(s.sweep) < 360) continue;
-        const double r = std::max(s.rx, s.ry);
-        Box e;
-        e.add(s.center + Point{-r, -r});
-        e.add(s.center + Point{r, r});
-        solids.push_back({s.center, r, e, i});
-    }
-    auto clearOfSolids = [&](const LabelBox& b, const Box& e, const std::string& source) {
-        for (const auto& c : solids) {
-            if (apart(e, c.extent, clearance)) continue;
-            if (!source.empty() && scene.shapes[c.shape].source == source) continue;
-            const Point d = c.centre - b.origin;
-            const Point near = b.origin + b.along * std::clamp(dot(d, b.along), 0.0, b.width) +
-                               b.up * std::clamp(dot(d, b.up), 0.0, b.height);
-            if (std::hypot(near.x - c.centre.x, near.y - c.centre.y) < c.radius + clearance) return false;
-        }
-        return true;
-    };
-    ColumnIndex placedIndex(world, scene.shapes.size());
-    auto clearOfLabels = [&](const LabelBox& b, const Box& e, const std::string& source = {}) {
-        const bool clear = placedIndex.each(e, clearance, [&](std::size_t i) {
-            return apart(e, placedExtent[i], clearance) || !overlaps(b, placed[i], clearance);
-        });
-        return clear && clearOfSolids(b, e, source);
-    };
-    auto clearOfLines = [&](const LabelBox& b, const Box& e, const std::string& source) {
-        return index.each(e, clearance, [&](std::size_t i) {
-            const Segment& l = lines[i];
-            if (apart(e, l.extent, clearance)) return true;
-            // A label may touch the lines drawn for its own input (its dimension, its
-            // bubble), never an outline.
-            const Shape& drawn = scene.shapes[l.shape];
-            const bool outline = drawn.kind == Shape::Kind::Polyline && (drawn.closed || drawn.fill);
-            if (!outline && !source.empty() && drawn.source == source) return true;
-            return !crosses(b, l.a, l.b, clearance);
-        });
-    };
-    auto shifted = [](LabelBox b, Point by) {
-        b.origin = b.origin + by;
-        return b;
-    };
-
-    for (const Label& label : labels) {
-        // Copies: moving a dimension's label adds a shape, and the vector may move.
-        const Shape shape = scene.shapes[label.shape];
-        const LabelBox box = *labelBox(shape, pt);
-        const Box home = extent(box);
-        Point move{0, 0};
-        // A pinned label stands where it is drawn for (a number in its bubble) whatever line passes.
-        auto linesClear = [&](const LabelBox& b, const Box& e) {
-            return shape.pinned || clearOfLines(b, e, shape.source);
+    int run() {
+        struct Label {
+            std::size_t shape;
+            int rank;
         };
-        if (!clearOfLabels(box, home, shape.source) || !linesClear(box, home)) {
-            // The nearest free place in small steps around it: across the text first, then along it.
-            const double step = 3 * pt;
-            const Point u = box.up, a = box.along;
-            const double r = std::numbers::sqrt2 / 2;
-            const std::array<Point, 8> ways = {u,           u * -1,      a,           a * -1,
-                                               (u + a) * r, (u - a) * r, (a - u) * r, (u + a) * -r};
-            std::optional<Point> free, clearLabels;
-            for (int k = 1; k <= 10 && !free; ++k)
-                for (const Point w : ways) {
-                    const Point by = w * (k * step);
-                    const LabelBox b = shifted(box, by);
-                    const Box e = extent(b);
-                    if (!clearOfLabels(b, e, shape.source)) continue;
-                    if (!clearLabels) clearLabels = by;
-                    if (linesClear(b, e)) {
-                        free = by;
-                        break;
-                    }
-                }
-            if (free)
-                move = *free;
-            else if (clearOfLabels(box, home, shape.source))
-                move = {0, 0};
-            else if (clearLabels)
-                move = *clearLabels;
-            else {
-                // Out past every label and circle in its way, across the text: each step clears one for good.
-                Point by{0, 0};
-                for (std::size_t guard = 0; guard <= placed.size() + solids.size(); ++guard) {
-                    const LabelBox b = shifted(box, by);
-                    const Box e = extent(b);
-                    if (clearOfLabels(b, e, shape.source)) break;
-                    double reach = -1e300;
-                    for (std::size_t i = 0; i < placed.size(); ++i)
-                        if (!apart(e, placedExtent[i], clearance) && overlaps(b, placed[i], clearance))
-                            for (int c = 0; c < 4; ++c)
-                                reach = std::max(reach, dot(placed[i].corner(c), u));
-                    for (const auto& c : solids)
-                        if (!apart(e, c.extent, clearance)) reach = std::max(reach, dot(c.centre, u) + c.radius);
-                    double from = 1e300;
-                    for (int c = 0; c < 4; ++c)
-                        from = std::min(from, dot(b.corner(c), u));
-                    by = by + u * (std::max(reach - from, 0.0) + 2 * clearance);
-                }
-                move = by;
-            }
+        std::vector<Label> labels;
+        for (std::size_t i = 0; i < scene_.shapes.size(); ++i) {
+            const Shape& s = scene_.shapes[i];
+            if (!labelBox(s, pt_)) continue;
+            labels.push_back({i, s.pinned ? 0 : s.kind == Shape::Kind::Dimension ? 1 : 2});
         }
-        const LabelBox at = shifted(box, move);
-        placed.push_back(at);
-        placedExtent.push_back(extent(at));
-        placedLevel.push_back(shape.level);
-        placedIndex.add(placedExtent.back(), placed.size() - 1);
-        if (move.x == 0 && move.y == 0) continue;
+        std::stable_sort(labels.begin(), labels.end(), [](const Label& a, const Label& b) { return a.rank < b.rank; });
+        int leaders = 0;
+        for (const Label& l : labels)
+            leaders += place(l.shape) ? 1 : 0;
+        for (const auto& b : placed_)
+            scene_.room.add(widened(extent(b), kRoomPt * pt_));
+        return leaders;
+    }
 
-        // Moved: a dimension's label becomes a text of its own beside its line.
-        Point from = shape.points.front();
+  private:
+    static Box world(const Scene& scene, double pt) {
+        Box w = scene.bounds();
+        for (const auto& s : scene.shapes)
+            if (auto b = labelBox(s, pt)) w.add(extent(*b));
+        return widened(w, kFarPt * pt);
+    }
+
+    bool clearOf(const LabelBox& b) {
+        const Box e = widened(extent(b), clear_);
+        return grid_.each(e, [&](Grid::Kind kind, std::uint32_t i) {
+            switch (kind) {
+            case Grid::kSegment: return !crosses(b, segments_[i].a, segments_[i].b, clear_);
+            case Grid::kDisc: {
+                const Disc& d = discs_[i];
+                return length(nearestOf(b, d.centre) - d.centre) >= d.radius + clear_;
+            }
+            case Grid::kLabel: return !overlaps(b, placed_[i], clear_);
+            }
+            return true;
+        });
+    }
+
+    // A leader from the box to `to` passes no label and no bubble.
+    bool leaderClear(const LabelBox& b, Point to) {
+        const Point from = nearestOf(b, to);
+        const Box e = widened(boxOf(from, to), clear_ + kLeaderHeadPt * pt_);
+        return grid_.each(e, [&](Grid::Kind kind, std::uint32_t i) {
+            if (kind == Grid::kLabel) return !crosses(placed_[i], from, to, clear_);
+            if (kind == Grid::kDisc) {
+                const Disc& d = discs_[i];
+                const Point v = to - from;
+                const double l2 = dot(v, v);
+                const double t = l2 > 0 ? std::clamp(dot(d.centre - from, v) / l2, 0.0, 1.0) : 0;
+                return length(from + v * t - d.centre) >= d.radius;
+            }
+            return true;
+        });
+    }
+
+    void add(const LabelBox& b) {
+        placed_.push_back(b);
+        grid_.add(extent(b), Grid::kLabel, static_cast<std::uint32_t>(placed_.size() - 1));
+    }
+
+    void addSegment(Point a, Point b) {
+        segments_.push_back({a, b});
+        grid_.add(boxOf(a, b), Grid::kSegment, static_cast<std::uint32_t>(segments_.size() - 1));
+    }
+
+    // The ways a label may move: across its text and along it, then aslant; a
+    // dimension's label first along its line, then away from what it measures.
+    static std::vector<Point> ways(const LabelBox& box, bool dimension, int count) {
+        const Point u = box.up, a = box.along;
+        std::vector<Point> out;
+        if (dimension)
+            out = {a, a * -1, u, (u + a) * std::sqrt(0.5), (u - a) * std::sqrt(0.5), u * -1};
+        else
+            out = {u, u * -1, a, a * -1};
+        for (int k = 0; k < count; ++k) {
+            const Point w = unitAt(degreesOf(a) + 360.0 * (k + 0.5) / count);
+            out.push_back(w);
+        }
+        return out;
+    }
+
+    // Places the label of shape `index`; true when it went to a leader.
+    bool place(std::size_t index) {
+        const Shape shape = scene_.shapes[index]; // a copy: moving a dimension's label adds a shape
+        const LabelBox box = *labelBox(shape, pt_);
+        if (shape.pinned || clearOf(box)) {
+            add(box);
+            return false;
+        }
+        const bool dimension = shape.kind == Shape::Kind::Dimension;
+        const auto d = dimension ? dimensionLabel(shape, pt_) : std::nullopt;
+        const Point home = shape.names ? *shape.names : d ? d->mid : shape.points.front();
+        for (int k = 1; k <= kNearSteps; ++k)
+            for (const Point w : ways(box, dimension, 8)) {
+                const Point by = w * (k * kStepPt * pt_);
+                if (clearOf(shifted(box, by))) return move(index, shape, box, by, home, false);
+            }
+        const auto far = ways(box, dimension, 16);
+        for (double r = (kNearSteps + 1) * kStepPt; r <= kFarPt; r += kFarStepPt)
+            for (const Point w : far) {
+                const Point by = w * (r * pt_);
+                const LabelBox b = shifted(box, by);
+                if (clearOf(b) && leaderClear(b, home)) return move(index, shape, box, by, home, true);
+            }
+        return move(index, shape, box, outside(box, home), home, true);
+    }
+
+    // Beyond everything drawn and placed: on the side nearest to where the label belongs
+    // where its leader can reach it crossing no label, else on the next side.
+    Point outside(const LabelBox& box, Point home) {
+        Box all = scene_.bounds();
+        for (const auto& b : placed_)
+            all.add(extent(b));
+        const Box e = extent(box);
+        const double gap = 6 * pt_;
+        struct Side {
+            double distance;
+            Point by, slide;
+        };
+        std::array<Side, 4> sides = {Side{home.y - all.minY, {0, all.minY - gap - e.maxY}, {1, 0}},
+                                     Side{all.maxY - home.y, {0, all.maxY + gap - e.minY}, {1, 0}},
+                                     Side{home.x - all.minX, {all.minX - gap - e.maxX, 0}, {0, 1}},
+                                     Side{all.maxX - home.x, {all.maxX + gap - e.minX, 0}, {0, 1}}};
+        std::stable_sort(sides.begin(), sides.end(),
+                         [](const Side& a, const Side& b) { return a.distance < b.distance; });
+        // Along a side, away from the labels already sent there.
+        const double step = 0.5 * std::max(e.width(), e.height()) + 2 * gap;
+        std::optional<Point> first;
+        for (const Side& side : sides)
+            for (int k = 0; k < 200; ++k) {
+                const Point by = side.by + side.slide * (step * ((k + 1) / 2) * (k % 2 ? 1 : -1));
+                const LabelBox b = shifted(box, by);
+                if (!clearOf(b)) continue;
+                if (leaderClear(b, home)) return by;
+                if (!first) first = by;
+            }
+        return first.value_or(sides.front().by);
+    }
+
+    bool move(std::size_t index, const Shape& shape, const LabelBox& box, Point by, Point home, bool leader) {
+        const LabelBox at = shifted(box, by);
+        add(at);
         if (shape.kind == Shape::Kind::Dimension) {
-            const auto d = *dimensionLabel(shape, pt);
-            from = d.mid;
-            Shape& t = scene.text(d.anchor + move, shape.text, shape.height, HAlign::Center, d.valign);
+            // A dimension's label that leaves its line becomes a text of its own.
+            const auto d = *dimensionLabel(shape, pt_);
+            Shape& t = scene_.text(d.anchor + by, shape.text, shape.height, HAlign::Center, d.valign);
             t.angle = d.degrees;
             t.screenSized = shape.screenSized;
             t.source = shape.source;
             t.mark = shape.mark;
             t.level = shape.level;
             t.pen.color = shape.pen.color;
-            scene.shapes[label.shape].text.clear();
+            scene_.shapes[index].text.clear();
         } else {
-            scene.shapes[label.shape].points.front() = shape.points.front() + move;
+            scene_.shapes[index].points.front() = shape.points.front() + by;
         }
-        // Gone far from what it names: a leader back to it, from the nearest point of its box.
-        if (std::hypot(move.x, move.y) > 12 * pt) {
-            const Point local{std::clamp(dot(from - at.origin, at.along), 0.0, at.width),
-                              std::clamp(dot(from - at.origin, at.up), 0.0, at.height)};
-            const Point near = at.origin + at.along * local.x + at.up * local.y;
-            Shape& leader = scene.line(near, from, {{60, 60, 60}, 0, LineStyle::Dotted});
-            leader.source = shape.source;
-            leader.mark = shape.mark;
-            leader.level = shape.level;
-            addSegment(lines, near, from, scene.shapes.size() - 1);
-            index.add(lines.back().extent, lines.size() - 1);
-        }
+        if (!leader) return false;
+        // A thin line from the nearest point of the label to what it names, an arrowhead at that end.
+        const Point from = nearestOf(at, home);
+        const Point dir = unitOf(home - from);
+        const double head = std::min(kLeaderHeadPt * pt_, length(home - from) / 2);
+        const Point base = home - dir * head, side = leftNormal(dir) * (0.35 * head);
+        auto tag = [&](Shape& s) -> Shape& {
+            s.source = shape.source;
+            s.mark = shape.mark;
+            s.level = shape.level;
+            s.leader = true;
+            return s;
+        };
+        tag(scene_.line(from, base, {kLeaderInk, 0, LineStyle::Solid}));
+        tag(scene_.polyline({home, base + side, base - side}, true, {kLeaderInk, 0, LineStyle::Solid})).fill =
+            kLeaderInk;
+        addSegment(from, home);
+        addSegment(base + side, base - side);
+        return true;
     }
 
-    // Screen-sized text counts in the bounds only by its anchor: keep room for each label.
-    for (std::size_t i = 0; i < placed.size(); ++i) {
-        const Box& e = placedExtent[i];
-        const int level = placedLevel[i];
-        Shape& room = scene.text({e.minX, e.minY}, "", 1);
-        room.points.push_back({e.maxX, e.maxY});
-        room.level = level;
-    }
+    Scene& scene_;
+    double pt_, clear_;
+    Grid grid_;
+    std::vector<Segment> segments_;
+    std::vector<Disc> discs_;
+    std::vector<LabelBox> placed_;
+};
+
+} // namespace
+
+int placeLabels(Scene& scene, double feetPerPoint) { return Placer(scene, feetPerPoint).run(); }
+
+void keepLabelRoom(Scene& scene, double feetPerPoint) {
+    for (const auto& s : scene.shapes)
+        if (auto b = labelBox(s, feetPerPoint)) scene.room.add(widened(extent(*b), kRoomPt * feetPerPoint));
 }
 
 } // namespace tw::drawing

@@ -112,6 +112,7 @@ Box Scene::bounds() const {
     for (std::size_t i = 0; i < polylines.size(); ++i)
         for (const auto& p : polylines.points(i))
             box.add(p);
+    box.add(room);
     return box;
 }
 

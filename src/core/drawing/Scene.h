@@ -73,6 +73,10 @@ struct Shape {
 
     // A label that stays where it is put (a number in its bubble): others make way for it.
     bool pinned = false;
+    // A line from a label moved away from what it names back to it.
+    bool leader = false;
+    // A label's: the point it names, where a leader goes should it have to move away.
+    std::optional<Point> names;
 
     int level = 0;      // the layer the shape belongs to (a DGN level)
     std::string source; // the input it shows, as a control name ("txtCapStep(3)"); empty for none
@@ -125,8 +129,14 @@ struct Scene {
     std::vector<Shape> shapes;
     // Drawn before the shapes, so texts, arcs and dimensions stay on top.
     Polylines polylines;
+    // Room kept for what is sized in points (labels, and the margin of a
+    // drawing laid out for a view), which the shapes' points alone do not give.
+    Box room;
+    // The scale its labels were placed for, in feet (world units) a point on
+    // the page: a view shows it at that scale. 0 for a drawing of any scale.
+    double feetPerPoint = 0;
 
-    // The extent of the geometry; screen-sized text counts only by its anchor.
+    // The extent of the geometry and the room kept; screen-sized text counts only by its anchor.
     Box bounds() const;
     // The levels the shapes and polylines use, ascending.
     std::vector<int> levels() const;

@@ -5,6 +5,7 @@
 #include "core/drawing/Prompts.h"
 #include "core/form/FormPrompts.h"
 #include "core/form/Forms.h"
+#include "core/output/UnitsSetting.h"
 
 #include <optional>
 
@@ -63,18 +64,10 @@ class Builder {
         return drawing::promptOf(def.field, in_);
     }
 
-    // As the form shows an angle: each part followed by its mark.
+    // An angle in the one form the drawings use, 90°00'00".
     std::string angleText(const RowDef& def) const {
-        const CtlId parts[] = {def.field, def.minutesSeconds->first, def.minutesSeconds->second};
-        const char* marks[] = {kDegreeMark, kMinuteMark, kSecondMark};
-        std::string out;
-        for (int i = 0; i < 3; ++i) {
-            const std::string t = s_.text(parts[i]);
-            if (!out.empty()) out += ' ';
-            out +=
-                (t.empty() ? std::string("-") : t) + std::string(marks[i]).substr(0, std::string(marks[i]).size() - 1);
-        }
-        return out;
+        return tw::angleText(s_.text(def.field), s_.text(def.minutesSeconds->first),
+                             s_.text(def.minutesSeconds->second));
     }
 
     const Session& s_;
@@ -102,6 +95,7 @@ Report buildReport(const Session& s, const std::string& path) {
     for (int i = 0; i < 3; ++i)
         r.projectInfo[static_cast<size_t>(i)] = s.text(CtlId(Ctl::txtProjectInfo, i));
     r.path = path;
+    r.units = lengthUnits(s.system);
 
     Builder b(s, r);
     // The cap length's prompt is two labels of the form, the second shown for end bents only.
@@ -143,8 +137,11 @@ Report buildReport(const Session& s, const std::string& path) {
     b.section(b.caption(Ctl::Frame18), Ctl::Frame18, battered);
 
     const BentTable& t = s.project().table();
-    for (int c = 0; c < t.cols(); ++c)
+    // Every column but the bent number holds an elevation.
+    for (int c = 0; c < t.cols(); ++c) {
         r.headings.push_back(t.cell(0, c));
+        r.headingUnits.push_back(c == 0 ? std::string() : kFeetUnit);
+    }
     for (int row = 1; row < t.rows(); ++row)
         r.bents.push_back(t.rowCells(row));
     return r;

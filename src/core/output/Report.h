@@ -6,6 +6,7 @@
 #pragma once
 
 #include "core/form/Session.h"
+#include "core/model/Measures.h"
 
 #include <array>
 #include <string>
@@ -36,6 +37,10 @@ struct Report {
     // The bent table: column headings, then one row per bent; column 0 is the bent number.
     std::vector<std::string> headings;
     std::vector<std::vector<std::string>> bents;
+    // The unit of each column of the bent table, under its heading; none for the bent number.
+    std::vector<std::string> headingUnits;
+    // How the drawings read lengths (View > Units, or `report --units`).
+    LengthUnits units = LengthUnits::FeetInches;
 };
 
 // The report of the project the session holds, read from `path`.
