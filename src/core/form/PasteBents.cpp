@@ -98,6 +98,11 @@ PasteOutcome pasteBents(Session& s, const std::string& pasted) {
         if (!named) outcome.refusal = why;
         return outcome;
     }
+    s.foldTableChanges(true);
+    const struct Unfold {
+        Session& s;
+        ~Unfold() { s.foldTableChanges(false); }
+    } unfold{s};
     for (const auto& r : records) {
         Cells cells;
         for (const auto& c : r.cells)

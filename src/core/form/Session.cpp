@@ -87,7 +87,12 @@ void Session::showComboText(const Target& t, const std::string& text) {
 void Session::changeTable(const std::function<void(BentTable&)>& edit) {
     const BentTable before = project_.table();
     auto record = [&] {
-        if (!(before == project_.table())) log_.push_back(change::Table{before, project_.table()});
+        if (tableAt_) {
+            std::get<change::Table>(log_[*tableAt_]).after = project_.table();
+        } else if (!(before == project_.table())) {
+            if (foldTable_) tableAt_ = log_.size();
+            log_.push_back(change::Table{before, project_.table()});
+        }
         clampSelection();
     };
     try {
@@ -294,7 +299,10 @@ void Session::markUnsaved() {
     mark(change::Checkpoint{change::Checkpoint::Unsaved});
 }
 
-ChangeLog Session::takeLog() { return std::exchange(log_, {}); }
+ChangeLog Session::takeLog() {
+    tableAt_.reset();
+    return std::exchange(log_, {});
+}
 
 void Session::applyProperty(const change::Property& c, bool after) {
     const PropValue& v = after ? c.after : c.before;

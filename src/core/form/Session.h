@@ -145,6 +145,12 @@ class Session {
 
     // --- The record of changes.
     void mark(ChangeEntry mark) { log_.push_back(std::move(mark)); }
+    // While on, the table's changes extend the first one logged: a paste of
+    // n rows keeps one table before and after, not n of them.
+    void foldTableChanges(bool on) {
+        foldTable_ = on;
+        tableAt_.reset();
+    }
     // The project as it stands is what its file holds (a save, an open, a
     // new project), or what no file holds (a save cut short, a recovered
     // project); the history starts afresh.
@@ -184,6 +190,8 @@ class Session {
     std::optional<Project> savedProject_;
     std::optional<OnDisk> onDisk_;
     ChangeLog log_;
+    bool foldTable_ = false;
+    std::optional<std::size_t> tableAt_; // the entry the table's changes extend
 };
 
 } // namespace tw
