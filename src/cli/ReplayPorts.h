@@ -85,6 +85,7 @@ class ReplaySystem : public SystemPorts {
     PutAside putAside(const std::string& bytes, const std::string& command) override {
         return platform_.putAside(bytes, command);
     }
+    PutAside putAsideFile(const std::string& path) override { return platform_.putAsideFile(path); }
 
   private:
     std::ostream& out_;

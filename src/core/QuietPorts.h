@@ -55,6 +55,9 @@ class QuietPorts : public UserPorts, public SystemPorts {
     PutAside putAside(const std::string&, const std::string&) override {
         return {false, {}, {}, "nothing is kept by a command without a window"};
     }
+    PutAside putAsideFile(const std::string& path) override {
+        return {false, {}, {}, "nothing is kept by a command without a window, so " + path + " was left alone"};
+    }
 
   private:
     std::map<std::string, std::string> settings_;

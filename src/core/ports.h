@@ -198,6 +198,10 @@ class SystemPorts {
     // folder of put-aside work, before `command` discards what they hold.
     // Never blocks: a copy that cannot be written says why.
     virtual PutAside putAside(const std::string& bytes, const std::string& command) = 0;
+    // Keeps a copy of the plain file at `path` in the same folder of
+    // put-aside work, before Run empties it. Nothing kept and no error when
+    // there is no such file or it is empty. Never follows a link nor waits.
+    virtual PutAside putAsideFile(const std::string& path) = 0;
 };
 
 } // namespace tw

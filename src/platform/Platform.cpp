@@ -284,4 +284,6 @@ PutAside Platform::putAside(const std::string& bytes, const std::string& command
     return putAsideInStore(bytes, command);
 }
 
+PutAside Platform::putAsideFile(const std::string& path) { return PutAsideStore().keepFile(path); }
+
 } // namespace tw

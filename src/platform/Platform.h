@@ -42,6 +42,7 @@ class Platform : public SystemPorts {
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override;
     // In the user's folder of put-aside work (PutAsideStore).
     PutAside putAside(const std::string& bytes, const std::string& command) override;
+    PutAside putAsideFile(const std::string& path) override;
 
     // Where a word for the user goes that no command waits for (a settings
     // file that cannot be used); standard error when unset.

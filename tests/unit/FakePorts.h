@@ -119,6 +119,16 @@ class FakePorts : public UserPorts, public SystemPorts {
         putAsides.emplace_back(command, bytes);
         return {true, "/put-aside/" + std::to_string(putAsides.size()), "12:34", {}};
     }
+    // Files Run put aside before it emptied them: their paths and bytes.
+    std::vector<std::pair<std::string, std::string>> filesPutAside;
+    PutAside putAsideFile(const std::string& path) override {
+        if (putAsideFault) return {false, {}, {}, *putAsideFault};
+        std::ifstream in(path, std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+        if (bytes.empty()) return {};
+        filesPutAside.emplace_back(path, bytes);
+        return {true, "/put-aside/outputs/" + std::to_string(filesPutAside.size()), "12:34", {}};
+    }
     void toldPutAside(const std::string& text, const std::string& copy) override {
         putAsideTold.push_back(text + (copy.empty() ? "" : " @" + copy));
     }
