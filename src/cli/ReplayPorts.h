@@ -79,6 +79,10 @@ class ReplaySystem : public SystemPorts {
     WriteResult writeFile(const std::string& path, const std::string& bytes) override {
         return platform_.writeFile(path, bytes);
     }
+    WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string& expected,
+                                     std::uintmax_t maxBytes) override {
+        return platform_.writeFileIfUnchanged(path, bytes, expected, maxBytes);
+    }
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
         return platform_.readFile(path, maxBytes);
     }

@@ -73,6 +73,8 @@ struct EngineResult {
 struct WriteResult {
     int errorNumber = 0;
     std::string error;
+    // A write on condition found the file changed, and wrote nothing.
+    bool changed = false;
 };
 
 // An INI file is a page of settings; one far larger than this is not read.
@@ -189,6 +191,12 @@ class SystemPorts {
     // previous file as it was, and the file stays the user's: its mode,
     // owner and group, a symbolic link to it, and a read-only file refused.
     virtual WriteResult writeFile(const std::string& path, const std::string& bytes) = 0;
+    // As writeFile, but only while the file holds `expected` (a file larger
+    // than `maxBytes` holds something else); otherwise `changed` and nothing
+    // written. The file is looked at under an exclusive lock held until the
+    // new bytes are in place, so of two saves at once the second sees the first.
+    virtual WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes,
+                                             const std::string& expected, std::uintmax_t maxBytes) = 0;
     // The bytes of a regular file of at most `maxBytes`; anything else (a
     // folder, a device, a pipe, a larger file) and every failure to read is
     // refused with a description that names the cause.

@@ -107,6 +107,11 @@ WriteResult Platform::emptyFiles(const std::vector<std::string>& paths) { return
 
 WriteResult Platform::writeFile(const std::string& path, const std::string& bytes) { return replaceFile(path, bytes); }
 
+WriteResult Platform::writeFileIfUnchanged(const std::string& path, const std::string& bytes,
+                                           const std::string& expected, std::uintmax_t maxBytes) {
+    return replaceFileIfUnchanged(path, bytes, expected, maxBytes);
+}
+
 ReadResult Platform::readFile(const std::string& path, std::uintmax_t maxBytes) {
     return readRegularFile(path, maxBytes);
 }

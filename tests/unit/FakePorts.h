@@ -10,6 +10,7 @@
 #include "platform/FileRead.h"
 #include "platform/OutputFiles.h"
 #include "platform/PutAsideStore.h"
+#include "platform/SafeFile.h"
 
 #include <deque>
 #include <fstream>
@@ -19,6 +20,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tw::test {
@@ -101,6 +103,14 @@ class FakePorts : public UserPorts, public SystemPorts {
         out.flush();
         if (!out) return {err::kPathNotFound, "Path/File access error: cannot write " + path};
         return {};
+    }
+    // Runs once, inside the next write on condition, before it looks at the
+    // file: another window's save at the worst moment.
+    std::function<void()> beforeWrite;
+    WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string& expected,
+                                     std::uintmax_t maxBytes) override {
+        if (beforeWrite) std::exchange(beforeWrite, {})();
+        return replaceFileIfUnchanged(path, bytes, expected, maxBytes);
     }
     // Emptied for real: Run's tests look at the files.
     WriteResult emptyFiles(const std::vector<std::string>& paths) override { return emptyOutputFiles(paths); }
