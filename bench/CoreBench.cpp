@@ -6,6 +6,7 @@
 
 #include "TestFiles.h"
 
+#include "core/benttable/BentRows.h"
 #include "core/drawing/BentDrawing.h"
 #include "core/drawing/BentInputs.h"
 #include "core/form/FileCommands.h"
@@ -142,20 +143,61 @@ void BM_Event_UndoDeleteAll(benchmark::State& s) {
     });
 }
 
-// What a long session's history holds: 1000 edits of the cap length, each
-// formatted on leaving, beside the 99 bents. The figure is the counter.
-void BM_History_1000Steps(benchmark::State& s) {
+// What a long session's history holds: edits of the cap length, each
+// formatted on leaving, beside the 99 bents. The figure is the counter: 1000
+// steps are the floor of 10,000, which the history's limit keeps to its size.
+void historySteps(benchmark::State& s, int steps) {
     for (auto _ : s) {
         s.PauseTiming();
         test::Program app;
         loadLargestProject(*app);
         s.ResumeTiming();
-        for (int i = 0; i < 1000; ++i) {
+        for (int i = 0; i < steps; ++i) {
             app->actions.edit(Ctl::txtCapLength, i % 2 ? "95.5" : "96");
             app->actions.leave(Ctl::txtCapLength);
         }
         s.counters["steps"] = static_cast<double>(app->history().steps());
         s.counters["MiB"] = static_cast<double>(app->history().footprint()) / (1024.0 * 1024.0);
+    }
+}
+void BM_History_1000Steps(benchmark::State& s) { historySteps(s, 1000); }
+void BM_History_10000Steps(benchmark::State& s) { historySteps(s, 10000); }
+
+// A spreadsheet's 99 bents pasted into the largest project's emptied table:
+// each row through the entry fields and Add's checks, one step of Undo.
+void BM_Paste99Bents(benchmark::State& s) {
+    test::Program app;
+    loadLargestProject(*app);
+    const std::string rows = tableTsv(app->project().table(), 1, 99);
+    for (auto _ : s) {
+        s.PauseTiming();
+        app->actions.click(CtlId(Ctl::cmdQuantity, 5)); // Delete All
+        s.ResumeTiming();
+        app->actions.apply(cmd::PasteBents{rows});
+    }
+    s.counters["bents"] = app->project().table().rows() - 1;
+    s.counters["historyKiB"] = static_cast<double>(app->history().footprint()) / 1024.0;
+}
+
+// Its floor: the same rows read from the text and put in a table as they
+// are, with no fields, no checks and no history.
+void BM_Floor_Read99RowsIntoATable(benchmark::State& s) {
+    test::Program app;
+    loadLargestProject(*app);
+    const BentTable& full = app->project().table();
+    const std::string rows = tableTsv(full, 1, 99);
+    for (auto _ : s) {
+        BentTable t;
+        t.setCols(full.cols());
+        t.setRows(1);
+        const auto records = readDelimited(rows, separatorOf(rows));
+        for (size_t r = 1; r < records.size(); ++r) {
+            std::string line;
+            for (const auto& cell : records[r].cells)
+                line += (line.empty() ? "" : "\t") + cell;
+            t.addItem(line);
+        }
+        benchmark::DoNotOptimize(t);
     }
 }
 
@@ -181,6 +223,9 @@ BENCHMARK(BM_Event_MoveUpDown);
 BENCHMARK(BM_Event_DeleteAllThenNew);
 BENCHMARK(BM_Event_UndoDeleteAll);
 BENCHMARK(BM_History_1000Steps)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_History_10000Steps)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_Floor_Read99RowsIntoATable)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Paste99Bents)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Drawing_ReadAndLayOut)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -79,12 +79,17 @@ class ReplaySystem : public SystemPorts {
     WriteResult writeFile(const std::string& path, const std::string& bytes) override {
         return platform_.writeFile(path, bytes);
     }
+    WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string& expected,
+                                     std::uintmax_t maxBytes) override {
+        return platform_.writeFileIfUnchanged(path, bytes, expected, maxBytes);
+    }
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
         return platform_.readFile(path, maxBytes);
     }
     PutAside putAside(const std::string& bytes, const std::string& command) override {
         return platform_.putAside(bytes, command);
     }
+    PutAside putAsideFile(const std::string& path) override { return platform_.putAsideFile(path); }
 
   private:
     std::ostream& out_;

@@ -52,8 +52,15 @@ class QuietPorts : public UserPorts, public SystemPorts {
     WriteResult writeFile(const std::string& path, const std::string&) override {
         return {err::kFileAccess, "Path/File access error: nothing is written here, so " + path + " was left alone"};
     }
+    WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string&,
+                                     std::uintmax_t) override {
+        return writeFile(path, bytes);
+    }
     PutAside putAside(const std::string&, const std::string&) override {
         return {false, {}, {}, "nothing is kept by a command without a window"};
+    }
+    PutAside putAsideFile(const std::string& path) override {
+        return {false, {}, {}, "nothing is kept by a command without a window, so " + path + " was left alone"};
     }
 
   private:

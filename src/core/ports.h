@@ -73,6 +73,8 @@ struct EngineResult {
 struct WriteResult {
     int errorNumber = 0;
     std::string error;
+    // A write on condition found the file changed, and wrote nothing.
+    bool changed = false;
 };
 
 // An INI file is a page of settings; one far larger than this is not read.
@@ -189,6 +191,12 @@ class SystemPorts {
     // previous file as it was, and the file stays the user's: its mode,
     // owner and group, a symbolic link to it, and a read-only file refused.
     virtual WriteResult writeFile(const std::string& path, const std::string& bytes) = 0;
+    // As writeFile, but only while the file holds `expected` (a file larger
+    // than `maxBytes` holds something else); otherwise `changed` and nothing
+    // written. The file is looked at under an exclusive lock held until the
+    // new bytes are in place, so of two saves at once the second sees the first.
+    virtual WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes,
+                                             const std::string& expected, std::uintmax_t maxBytes) = 0;
     // The bytes of a regular file of at most `maxBytes`; anything else (a
     // folder, a device, a pipe, a larger file) and every failure to read is
     // refused with a description that names the cause.
@@ -198,6 +206,10 @@ class SystemPorts {
     // folder of put-aside work, before `command` discards what they hold.
     // Never blocks: a copy that cannot be written says why.
     virtual PutAside putAside(const std::string& bytes, const std::string& command) = 0;
+    // Keeps a copy of the plain file at `path` in the same folder of
+    // put-aside work, before Run empties it. Nothing kept and no error when
+    // there is no such file or it is empty. Never follows a link nor waits.
+    virtual PutAside putAsideFile(const std::string& path) = 0;
 };
 
 } // namespace tw

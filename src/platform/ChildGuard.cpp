@@ -3,6 +3,7 @@
 #include "platform/ProcessTree.h"
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <csignal>
@@ -18,6 +19,7 @@ namespace tw::childguard {
 namespace {
 
 constexpr int kMaxGroups = 256;
+std::atomic<pid_t> guardPid{0};
 
 void closeAllBut(int keep) {
 #ifdef SYS_close_range
@@ -89,6 +91,7 @@ int startGuard() {
     const pid_t pid = ::fork();
     if (pid == 0) guard(fds[0], owner);
     ::close(fds[0]);
+    if (pid > 0) guardPid = pid;
     if (pid < 0) {
         ::close(fds[1]);
         return -1;
@@ -114,5 +117,7 @@ void watch(pid_t group) {
 void release(pid_t group) {
     if (group > 0) tell(-static_cast<std::int32_t>(group));
 }
+
+pid_t guardProcess() { return guardPid; }
 
 } // namespace tw::childguard

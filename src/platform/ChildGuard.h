@@ -14,5 +14,7 @@ namespace tw::childguard {
 void watch(pid_t group);
 // Its group has ended.
 void release(pid_t group);
+// The guard process, a child of ours; 0 while there is none.
+pid_t guardProcess();
 
 } // namespace tw::childguard

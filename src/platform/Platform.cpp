@@ -26,6 +26,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -39,6 +40,22 @@ namespace {
 constexpr int kLibraryMissing = 48;
 constexpr int kEntryMissing = 45;
 
+// At the end of the program: whatever the programs it waited for left
+// running, those that emptied their environment and came to us among them.
+void endLeftRunning() {
+    const std::string prefix = std::to_string(::getpid()) + '-';
+    processtree::endTree(0, prefix.c_str(), false, true, childguard::guardProcess());
+}
+
+// A program that lives on by itself (a viewer, the desktop's opener): its
+// mark, which what it starts inherits, keeps it from the ends above.
+bool startOnItsOwn(const QString& program, const QStringList& args, const QString& folder = {}) {
+    qputenv(processtree::kMarkName, "on-its-own");
+    const bool started = QProcess::startDetached(program, args, folder);
+    qunsetenv(processtree::kMarkName);
+    return started;
+}
+
 } // namespace
 
 WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStringList& args) {
@@ -47,7 +64,7 @@ WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStri
     const pid_t parent = ::getpid();
     // Whatever the program starts inherits the mark, and what it orphans comes to us, so that
     // a descendant that left the group (a daemon, a `setsid`) can still be found and ended.
-    static const bool adopting = (processtree::adoptOrphans(), true);
+    static const bool adopting = (processtree::adoptOrphans(), std::atexit(endLeftRunning), true);
     (void)adopting;
     static int programs = 0;
     const QByteArray mark = QByteArray::number(parent) + '-' + QByteArray::number(++programs);
@@ -63,7 +80,8 @@ WaitEnd Platform::runAndWait(QProcess& proc, const QString& program, const QStri
         if (e == QProcess::FailedToStart) loop.quit();
     });
     const auto stop = [&proc, mark] {
-        processtree::endTree(static_cast<pid_t>(proc.processId()), mark.constData(), true);
+        processtree::endTree(static_cast<pid_t>(proc.processId()), mark.constData(), true, true,
+                             childguard::guardProcess());
         proc.kill();
     };
     Wait wait{&end, stop};
@@ -106,6 +124,11 @@ void Platform::cancelWaits() {
 WriteResult Platform::emptyFiles(const std::vector<std::string>& paths) { return emptyOutputFiles(paths); }
 
 WriteResult Platform::writeFile(const std::string& path, const std::string& bytes) { return replaceFile(path, bytes); }
+
+WriteResult Platform::writeFileIfUnchanged(const std::string& path, const std::string& bytes,
+                                           const std::string& expected, std::uintmax_t maxBytes) {
+    return replaceFileIfUnchanged(path, bytes, expected, maxBytes);
+}
 
 ReadResult Platform::readFile(const std::string& path, std::uintmax_t maxBytes) {
     return readRegularFile(path, maxBytes);
@@ -171,7 +194,7 @@ ProcessResult Platform::startAndWait(const ProgramCall& call) {
 
 bool Platform::startDetached(const ProgramCall& call) {
     const auto words = wordsOf(call);
-    return words && QProcess::startDetached(words->first(), words->mid(1));
+    return words && startOnItsOwn(words->first(), words->mid(1));
 }
 
 EngineResult Platform::callEngine(const std::string& programDir, const std::array<std::string, 10>& names) {
@@ -270,7 +293,7 @@ bool Platform::shellOpen(const std::string& file, const std::string&, const std:
     path = QFileInfo(path).absoluteFilePath();
     // xdg-open says yes even where nothing can open the file: ask the desktop first.
     if (associatedProgram(path.toStdString()).status != AssociatedProgram::Status::Found) return false;
-    return QProcess::startDetached(QStringLiteral("xdg-open"), {path}, q(folder));
+    return startOnItsOwn(QStringLiteral("xdg-open"), {path}, q(folder));
 }
 
 std::string Platform::readIni(const std::string& path, const std::string& section, const std::string& key,
@@ -283,5 +306,7 @@ std::string executableDir() { return QCoreApplication::applicationDirPath().toSt
 PutAside Platform::putAside(const std::string& bytes, const std::string& command) {
     return putAsideInStore(bytes, command);
 }
+
+PutAside Platform::putAsideFile(const std::string& path) { return PutAsideStore().keepFile(path); }
 
 } // namespace tw

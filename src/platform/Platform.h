@@ -39,9 +39,12 @@ class Platform : public SystemPorts {
     AssociatedProgram associatedProgram(const std::string& file) override;
     WriteResult emptyFiles(const std::vector<std::string>& paths) override;
     WriteResult writeFile(const std::string& path, const std::string& bytes) override;
+    WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string& expected,
+                                     std::uintmax_t maxBytes) override;
     ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override;
     // In the user's folder of put-aside work (PutAsideStore).
     PutAside putAside(const std::string& bytes, const std::string& command) override;
+    PutAside putAsideFile(const std::string& path) override;
 
     // Where a word for the user goes that no command waits for (a settings
     // file that cannot be used); standard error when unset.

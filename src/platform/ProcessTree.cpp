@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kMaxProcesses = 32768; // the default pid_max: a machine with more still gets its first ones
 constexpr int kRounds = 200;         // of scan and kill; a process in uninterruptible sleep may take a few
+constexpr size_t kMarkLength = sizeof kMarkName - 1;
 
 struct Proc {
     pid_t pid;
@@ -98,7 +99,7 @@ bool marked(pid_t pid, const char* entry, size_t entryLength, bool whole) {
 }
 
 // One look at every process: those to end this round.
-int scan(pid_t root, const char* entry, size_t entryLength, bool whole) {
+int scan(pid_t root, const char* entry, size_t entryLength, bool whole, bool orphans, pid_t spare) {
     const int dir = ::open("/proc", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (dir < 0) return 0;
     const pid_t self = ::getpid();
@@ -115,7 +116,9 @@ int scan(pid_t root, const char* entry, size_t entryLength, bool whole) {
             if (*name || pid <= 0 || pid == self || count == kMaxProcesses) continue;
             const pid_t parent = parentOf(pid);
             if (parent == 0) continue;
-            mem->procs[count++] = {pid, parent, pid == root || marked(pid, entry, entryLength, whole)};
+            const bool orphan =
+                orphans && parent == self && pid != spare && !marked(pid, kMarkName, kMarkLength, false);
+            mem->procs[count++] = {pid, parent, pid == root || orphan || marked(pid, entry, entryLength, whole)};
         }
     }
     ::close(dir);
@@ -141,7 +144,7 @@ int scan(pid_t root, const char* entry, size_t entryLength, bool whole) {
 
 void adoptOrphans() { ::prctl(PR_SET_CHILD_SUBREAPER, 1); }
 
-void endTree(pid_t root, const char* markValue, bool whole) {
+void endTree(pid_t root, const char* markValue, bool whole, bool orphans, pid_t spare) {
     char entry[128];
     size_t length = 0;
     for (const char* s = kMarkName; *s && length < sizeof entry - 2;)
@@ -157,7 +160,7 @@ void endTree(pid_t root, const char* markValue, bool whole) {
     mem = static_cast<Memory*>(got);
     int nKilled = 0;
     for (int round = 0; round < kRounds; ++round) {
-        const int n = scan(root, entry, length, whole);
+        const int n = scan(root, entry, length, whole, orphans, spare);
         if (n == 0) break;
         for (int i = 0; i < n; ++i) {
             ::kill(mem->procs[i].pid, SIGKILL);

@@ -18,9 +18,12 @@ void adoptOrphans();
 
 // Ends `root` (when positive), every process whose environment holds the
 // variable with a value that starts with `markValue` (the whole value when
-// `whole`), and every descendant of those, until none runs. Reaps the ones
-// that were our children, except `root`, whose owner waits for it. Only
-// system calls: safe in a process forked from a threaded one.
-void endTree(pid_t root, const char* markValue, bool whole);
+// `whole`), and every descendant of those, until none runs. With `orphans`,
+// also every child of ours that carries no mark at all, other than `spare`:
+// what a program we started orphaned after it emptied its environment
+// (`env -i`), which came to us. Reaps the ones that were our children,
+// except `root`, whose owner waits for it. Only system calls: safe in a
+// process forked from a threaded one.
+void endTree(pid_t root, const char* markValue, bool whole, bool orphans = false, pid_t spare = 0);
 
 } // namespace tw::processtree

@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -27,6 +28,8 @@ const QString kSuffix = QStringLiteral(".ebnt");
 const QString kUnoffered = QStringLiteral("-unoffered");
 // Far more than the largest project needs (about 40 KB as a recovery file).
 constexpr std::uintmax_t kMaxCopyBytes = 4 * 1024 * 1024;
+// Far more than any listing of the engine's; a larger file is not copied, and Run stops.
+constexpr std::uintmax_t kMaxOutputBytes = 256 * 1024 * 1024;
 
 std::string reason(int e) { return std::strerror(e); }
 
@@ -134,6 +137,44 @@ PutAside PutAsideStore::keep(const std::string& bytes, const std::string& comman
     }
     result.kept = true;
     result.path = folder + "/" + QFile::encodeName(name).toStdString();
+    result.time = now.toString(QStringLiteral("HH:mm")).toStdString();
+    return result;
+}
+
+PutAside PutAsideStore::keepFile(const std::string& path) {
+    PutAside result;
+    struct stat st {};
+    // A link, a pipe or a device is no output Run empties: it refuses them itself.
+    if (::lstat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode) || st.st_size == 0) return result;
+    const ReadResult file = readRegularFile(path, kMaxOutputBytes);
+    if (file.errorNumber) {
+        result.error = file.error;
+        return result;
+    }
+    if (file.bytes.empty()) return result;
+    std::string why;
+    if (!ready(why)) {
+        result.error = why;
+        return result;
+    }
+    const std::string folder = QFile::encodeName(folder_).toStdString() + "/outputs";
+    if (!privateFolder(folder, why)) {
+        result.error = why;
+        return result;
+    }
+    static std::atomic<int> serial{0};
+    const QDateTime now = QDateTime::currentDateTime();
+    const std::string name = QFile::encodeName(now.toString(QStringLiteral("yyyyMMdd-HHmmss-zzz")) + QLatin1Char('-') +
+                                               QString::number(QCoreApplication::applicationPid()) + QLatin1Char('-') +
+                                               QString::number(++serial) + QLatin1Char('-'))
+                                 .toStdString() +
+                             std::filesystem::path(path).filename().string();
+    if (std::string error = writePrivate(folder, name, file.bytes); !error.empty()) {
+        result.error = error;
+        return result;
+    }
+    result.kept = true;
+    result.path = folder + "/" + name;
     result.time = now.toString(QStringLiteral("HH:mm")).toStdString();
     return result;
 }

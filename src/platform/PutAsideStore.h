@@ -33,6 +33,10 @@ class PutAsideStore {
 
     // Keeps `bytes` as a new copy; where, and when, or why not.
     PutAside keep(const std::string& bytes, const std::string& command);
+    // Keeps a copy of the plain file at `path` (not a link, a pipe or a
+    // device) in outputs/, the user's alone; nothing when there is no such
+    // file or it is empty. Copies there are not work to offer back.
+    PutAside keepFile(const std::string& path);
     // Every copy, newest first.
     std::vector<Copy> list() const;
     // The copies Exit left that no window has offered yet; from now on they count as offered.

@@ -225,8 +225,71 @@ void FileWrites::use(Write write, Flush flush) {
 
 namespace {
 
+// What a save on condition expects the file to hold.
+struct Expected {
+    const std::string& bytes;
+    std::uintmax_t maxBytes;
+};
+
+// An exclusive lock on the file a name leads to, held until it goes out of
+// scope. Taken again when the name was given another file (another save's
+// rename) while this one waited. A lock of the open file description
+// (F_OFD_SETLK), which the shared flock of an open project does not meet.
+class SaveLock {
+  public:
+    SaveLock() = default;
+    SaveLock(const SaveLock&) = delete;
+    SaveLock& operator=(const SaveLock&) = delete;
+    ~SaveLock() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    int fd() const { return fd_; }
+
+    // Empty once held, with `st` the locked file's; else why not.
+    std::string take(const std::string& target, struct stat& st) {
+        constexpr int kWaitMs = 5000, kStepMs = 10;
+        for (int waited = 0; waited < kWaitMs;) {
+            fd_ = ::open(target.c_str(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+            if (fd_ < 0) return "it cannot be opened to be looked at (" + reason(errno) + ")";
+            struct flock whole {};
+            whole.l_type = F_WRLCK;
+            whole.l_whence = SEEK_SET;
+            bool locked = false;
+            for (;;) {
+                locked = ::fcntl(fd_, F_OFD_SETLK, &whole) == 0;
+                // A file system without such locks: the save goes on as it did before them.
+                if (locked || (errno != EAGAIN && errno != EACCES) || waited >= kWaitMs) break;
+                ::usleep(kStepMs * 1000);
+                waited += kStepMs;
+            }
+            struct stat held {
+            }, named{};
+            if ((locked || waited < kWaitMs) && ::fstat(fd_, &held) == 0 && ::stat(target.c_str(), &named) == 0 &&
+                held.st_dev == named.st_dev && held.st_ino == named.st_ino) {
+                st = held;
+                return {};
+            }
+            ::close(fd_);
+            fd_ = -1;
+            waited += kStepMs; // a name given one new file after another ends the wait too
+        }
+        return "another save of it has held it for more than 5 seconds";
+    }
+
+  private:
+    int fd_ = -1;
+};
+
+// Whether the locked file holds what the save expects.
+bool holds(int fd, const struct stat& st, const Expected& expected) {
+    if (static_cast<std::uintmax_t>(st.st_size) > expected.maxBytes) return false;
+    std::string now;
+    return readAll(fd, now) && now == expected.bytes;
+}
+
 // With a `mode`, the file has that one; else it keeps its own (a new one takes the umask's).
-WriteResult replace(const std::string& path, const std::string& bytes, mode_t mode) {
+WriteResult replace(const std::string& path, const std::string& bytes, mode_t mode,
+                    const Expected* expected = nullptr) {
     const std::string target = linkTarget(path);
     const std::string folder = folderOf(target);
     struct stat st {};
@@ -253,6 +316,15 @@ WriteResult replace(const std::string& path, const std::string& bytes, mode_t mo
                        "Permission denied: you may not write to " + path +
                            (errno == EROFS ? " (its file system is read-only)" : " (it is read-only for you)") +
                            "; it was left as it is");
+
+    // From the look at the file to the rename, no other save of it comes between.
+    SaveLock lock;
+    if (exists && expected) {
+        if (const std::string why = lock.take(target, st); !why.empty())
+            return failure(err::kFileAccess,
+                           "Path/File access error: " + path + " cannot be saved over: " + why + "; nothing was saved");
+        if (!holds(lock.fd(), st, *expected)) return {0, {}, true};
+    }
 
     // Other names of the file would keep the old bytes after a rename.
     if (exists && st.st_nlink > 1) return writeInPlace(path, target, bytes, mode);
@@ -322,6 +394,12 @@ WriteResult replace(const std::string& path, const std::string& bytes, mode_t mo
 } // namespace
 
 WriteResult replaceFile(const std::string& path, const std::string& bytes) { return replace(path, bytes, 0); }
+
+WriteResult replaceFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string& expected,
+                                   std::uintmax_t maxBytes) {
+    const Expected e{expected, maxBytes};
+    return replace(path, bytes, 0, &e);
+}
 
 WriteResult replacePrivateFile(const std::string& path, const std::string& bytes) { return replace(path, bytes, 0600); }
 

@@ -19,6 +19,12 @@ namespace tw {
 // are on the disk and put back when they cannot be. A file the user may not write, a folder, a device or
 // a pipe is refused and left alone. Descriptions name the cause.
 WriteResult replaceFile(const std::string& path, const std::string& bytes);
+// The same, but only while the file holds `expected` (and at most `maxBytes`):
+// looked at under an exclusive lock (flock) held through the rename, so that
+// two saves of one file, from two windows, never both pass. Otherwise
+// `changed`, and nothing is written.
+WriteResult replaceFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string& expected,
+                                   std::uintmax_t maxBytes);
 // The same for a file that is the user's alone (0600), whatever mode it had before.
 WriteResult replacePrivateFile(const std::string& path, const std::string& bytes);
 

@@ -2,6 +2,7 @@
 // Another program changes the open project's file: the user is told at
 // once and may read it again, and a Save over that change asks first --
 // and only then.
+#include "FakePorts.h"
 #include "RunTarnwick.h"
 
 #include <gtest/gtest.h>
@@ -93,6 +94,48 @@ TEST_F(ChangedOnDisk, ASecondOpenOfAnOpenProjectIsTold) {
               std::string::npos);
     EXPECT_EQ(second.end(), 0);
     EXPECT_EQ(first.end(), 0);
+}
+
+// Two windows save one project a moment apart: the second save's look at the
+// file and its write are one step, so it sees the first save and asks.
+TEST_F(ChangedOnDisk, OfTwoSavesAtOnceTheSecondSeesTheFirst) {
+    test::Loaded mine, theirs;
+    ASSERT_TRUE(readInputFile(*mine, file.string()));
+    ASSERT_TRUE(readInputFile(*theirs, file.string()));
+    mine->setText(Target(CtlId(Ctl::txtProjectInfo, 1)), "MINE");
+    theirs->setText(Target(CtlId(Ctl::txtProjectInfo, 1)), "THEIRS");
+    // Their save lands after mine has looked and before it writes.
+    mine.ports.beforeWrite = [&] { ASSERT_TRUE(writeInputFile(*theirs, file.string())); };
+    mine.ports.answers = {MsgAnswer::No};
+    EXPECT_FALSE(writeInputFile(*mine, file.string()));
+    ASSERT_EQ(mine.ports.messages.size(), 1u);
+    EXPECT_EQ(mine.ports.messages[0].text, said + "  Save over it?");
+    EXPECT_NE(test::slurp(file).find("THEIRS"), std::string::npos);
+    // Yes writes mine over theirs.
+    mine.ports.answers = {MsgAnswer::Yes};
+    EXPECT_TRUE(writeInputFile(*mine, file.string()));
+    EXPECT_NE(test::slurp(file).find("MINE"), std::string::npos);
+}
+
+// A file grown past what a project can be is not read to compare: it counts
+// as changed, and a save asks before it writes over it.
+TEST_F(ChangedOnDisk, AFileGrownPastAProjectsSizeCountsAsChanged) {
+    test::Loaded mine;
+    ASSERT_TRUE(readInputFile(*mine, file.string()));
+    const std::string theirs(2 << 20, 'x');
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << theirs;
+    mine.ports.answers = {MsgAnswer::No};
+    EXPECT_FALSE(writeInputFile(*mine, file.string()));
+    ASSERT_EQ(mine.ports.messages.size(), 1u);
+    EXPECT_EQ(mine.ports.messages[0].text, said + "  Save over it?");
+    EXPECT_EQ(test::slurp(file), theirs);
+    // It grows between the look and the write: the write looks again.
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << "small";
+    mine.ports.beforeWrite = [&] { std::ofstream(file, std::ios::binary | std::ios::trunc) << theirs; };
+    mine.ports.answers = {MsgAnswer::Yes, MsgAnswer::No};
+    EXPECT_FALSE(writeInputFile(*mine, file.string()));
+    EXPECT_EQ(mine.ports.messages.size(), 3u);
+    EXPECT_EQ(test::slurp(file), theirs);
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "platform/FileRead.h"
 #include "platform/OutputFiles.h"
 #include "platform/PutAsideStore.h"
+#include "platform/SafeFile.h"
 
 #include <deque>
 #include <fstream>
@@ -19,6 +20,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tw::test {
@@ -102,6 +104,14 @@ class FakePorts : public UserPorts, public SystemPorts {
         if (!out) return {err::kPathNotFound, "Path/File access error: cannot write " + path};
         return {};
     }
+    // Runs once, inside the next write on condition, before it looks at the
+    // file: another window's save at the worst moment.
+    std::function<void()> beforeWrite;
+    WriteResult writeFileIfUnchanged(const std::string& path, const std::string& bytes, const std::string& expected,
+                                     std::uintmax_t maxBytes) override {
+        if (beforeWrite) std::exchange(beforeWrite, {})();
+        return replaceFileIfUnchanged(path, bytes, expected, maxBytes);
+    }
     // Emptied for real: Run's tests look at the files.
     WriteResult emptyFiles(const std::vector<std::string>& paths) override { return emptyOutputFiles(paths); }
     void waitBegins(const std::string& what, std::function<void()>) override { waits.push_back("begin " + what); }
@@ -118,6 +128,16 @@ class FakePorts : public UserPorts, public SystemPorts {
         if (putAsideOnDisk) return putAsideInStore(bytes, command);
         putAsides.emplace_back(command, bytes);
         return {true, "/put-aside/" + std::to_string(putAsides.size()), "12:34", {}};
+    }
+    // Files Run put aside before it emptied them: their paths and bytes.
+    std::vector<std::pair<std::string, std::string>> filesPutAside;
+    PutAside putAsideFile(const std::string& path) override {
+        if (putAsideFault) return {false, {}, {}, *putAsideFault};
+        std::ifstream in(path, std::ios::binary);
+        const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+        if (bytes.empty()) return {};
+        filesPutAside.emplace_back(path, bytes);
+        return {true, "/put-aside/outputs/" + std::to_string(filesPutAside.size()), "12:34", {}};
     }
     void toldPutAside(const std::string& text, const std::string& copy) override {
         putAsideTold.push_back(text + (copy.empty() ? "" : " @" + copy));

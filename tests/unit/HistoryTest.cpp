@@ -191,3 +191,93 @@ INSTANTIATE_TEST_SUITE_P(ReplayCases, WholeHistory,
 
 } // namespace
 } // namespace tw
+
+#include "FakePorts.h"
+#include "core/form/PasteBents.h"
+
+namespace tw {
+namespace {
+
+// A paste's record of what it changed holds the table as it was and as it
+// became, not the table again after every row: rows times rows would make a
+// long paste's memory grow with its square.
+TEST(HistoryMemory, APasteRecordsTheTableOnceBeforeAndOnceAfter) {
+    test::FakePorts ports;
+    Session s(ports, ports, "/nonexistent");
+    loadMainForm(s);
+    s.takeLog();
+    std::string rows;
+    for (int i = 1; i <= 99; ++i)
+        rows += std::to_string(i) + ",,,1,2,3,4,5,6,7,8\n";
+    ASSERT_EQ(pasteBents(s, rows).added, 99);
+    std::size_t tables = 0, rowsHeld = 0;
+    for (const auto& e : s.takeLog())
+        if (const auto* t = std::get_if<change::Table>(&e)) {
+            ++tables;
+            rowsHeld += static_cast<std::size_t>(t->before.rows() + t->after.rows());
+        }
+    EXPECT_EQ(tables, 1u);
+    EXPECT_EQ(rowsHeld, 1u + 100u);
+}
+
+// A paste of a spreadsheet's thousands of rows is refused before it begins:
+// nothing goes in, and nothing is kept of it.
+TEST(HistoryMemory, APasteOfMoreThan99BentsIsRefusedBeforeAnythingGoesIn) {
+    test::Program app;
+    std::string rows;
+    for (int i = 1; i <= 150; ++i)
+        rows += std::to_string(i % 90 + 10) + ",,,1,2,3,4,5,6,7,8\n";
+    app->actions.apply(cmd::PasteBents{rows});
+    EXPECT_EQ(app->project().table().rows(), 1);
+    EXPECT_EQ(app->history().undoDepth(), 0u);
+    ASSERT_EQ(app.ports.messages.size(), 1u);
+    EXPECT_EQ(app.ports.messages[0].text, "Line 100, the bent table would hold 150 bents, and a project holds 99 at "
+                                          "the most. Nothing was pasted.");
+}
+
+// The history keeps the newest steps up to its limits (History::kMostSteps,
+// kMostBytes): past them the oldest go first, so a long session's memory
+// stays bounded, and the steps it keeps still walk back to the oldest kept.
+TEST(HistoryMemory, TheOldestStepsGoFirstPastTheLimits) {
+    test::Program app;
+    for (int i = 0; i < 1100; ++i) {
+        app->actions.edit(Ctl::txtCapLength, std::to_string(100 + i));
+        app->actions.leave(Ctl::txtCapLength);
+    }
+    EXPECT_EQ(app->history().undoDepth(), History::kMostSteps);
+    while (app->history().canUndo())
+        app->actions.undo();
+    EXPECT_EQ(app->text(Ctl::txtCapLength), "199.0000") << "the first hundred steps went";
+
+    // Steps of two megabytes each (the text before and after): the kept values stay within their budget.
+    const std::string line(1 << 20, 'x');
+    for (int i = 0; i < 80; ++i) {
+        const CtlId field(Ctl::txtProjectInfo, i % 2);
+        app->actions.edit(field, line + std::to_string(i));
+        app->actions.leave(field);
+    }
+    EXPECT_LE(app->history().footprint(), History::kMostBytes);
+    EXPECT_GT(app->history().undoDepth(), 20u);
+    app->actions.undo();
+    EXPECT_EQ(app->text(CtlId(Ctl::txtProjectInfo, 1)), line + "77");
+}
+
+// Typing on and on in one field is one step that keeps the field's first
+// text and its last, not every text between.
+TEST(HistoryMemory, LongTypingInOneFieldKeepsItsFirstAndLastText) {
+    test::Program app;
+    const CtlId field(Ctl::txtProjectInfo, 0);
+    const std::string start = app->text(field);
+    std::string text;
+    for (int i = 0; i < 3000; ++i)
+        app->actions.edit(field, text += 'a');
+    EXPECT_LT(app->history().footprint(), 256u * 1024) << "3,000 texts of up to 3,000 bytes would hold 9 MB";
+    app->actions.leave(field);
+    app->actions.undo();
+    EXPECT_EQ(app->text(field), start);
+    app->actions.redo();
+    EXPECT_EQ(app->text(field), text);
+}
+
+} // namespace
+} // namespace tw

@@ -95,6 +95,7 @@ TEST_F(ProcessEnd, TheTimeLimitEndsAHungProgramAndWhatItStarted) {
         {"hang-batch", "bent.pids", "Timeout occurred: the drawing batch program was still running after 1 second"},
         {"hang", "bent.ebnt.pids", "Timeout occurred: the engine was still running after 1 second"},
         {"setsid-batch", "bent.pids", "Timeout occurred: the drawing batch program was still running after 1 second"},
+        {"env-i-batch", "bent.pids", "Timeout occurred: the drawing batch program was still running after 1 second"},
     };
     for (const auto& c : cases) {
         fs::remove(dir / c.pids);
@@ -128,11 +129,16 @@ TEST_F(ProcessEnd, AKillOfTarnwickEndsTheProgramsItWaitedFor) {
 // A batch program that ends at once but leaves a program running in a
 // session of its own: the run finishes as before, and the program ends
 // with tarnwick.
+// So does one that emptied its environment in a subshell that ended at once
+// (`( env -i setsid sleep & )`): orphaned, it came to tarnwick, marked by nothing.
 TEST_F(ProcessEnd, WhatABatchProgramLeftRunningEndsWithTarnwick) {
-    const pid_t tarnwick = start("setsid-leave", {"run", "bent.ebnt"});
-    EXPECT_EQ(wait(tarnwick), 0) << slurp(dir / "err.txt");
-    EXPECT_NE(slurp(dir / "out.txt").find("The program has finished running."), std::string::npos);
-    expectAllEnd(programs("bent.pids"));
+    for (const char* engines : {"setsid-leave", "env-i-leave"}) {
+        fs::remove(dir / "bent.pids");
+        const pid_t tarnwick = start(engines, {"run", "bent.ebnt"});
+        EXPECT_EQ(wait(tarnwick), 0) << slurp(dir / "err.txt");
+        EXPECT_NE(slurp(dir / "out.txt").find("The program has finished running."), std::string::npos);
+        expectAllEnd(programs("bent.pids"));
+    }
 }
 
 // A batch program that fails and draws nothing: the run finishes as before,

@@ -131,5 +131,33 @@ TEST_F(PutAsideStoreTest, AFolderThatCannotTakeACopySaysWhy) {
     EXPECT_NE(kept.error.find(folder.string()), std::string::npos) << kept.error;
 }
 
+// Run's outputs that land outside the project's folder: an existing file is
+// copied whole into outputs/, the user's alone, and stays out of the list of
+// work to restore; a link, a pipe, an empty or missing file is not copied.
+TEST_F(PutAsideStoreTest, AnOutputAboutToBeEmptiedIsCopiedWholeAndPrivately) {
+    const fs::path listing = dir / "proj.ebent";
+    std::ofstream(listing) << "another project's listing";
+    const PutAside kept = store.keepFile(listing.string());
+    ASSERT_TRUE(kept.kept) << kept.error;
+    EXPECT_EQ(fs::path(kept.path).parent_path(), folder / "outputs");
+    EXPECT_TRUE(kept.path.ends_with("-proj.ebent")) << kept.path;
+    EXPECT_EQ(test::slurp(kept.path), "another project's listing");
+    struct stat st {};
+    ASSERT_EQ(::stat(kept.path.c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 0777, 0600u);
+    ASSERT_EQ(::stat((folder / "outputs").c_str(), &st), 0);
+    EXPECT_EQ(st.st_mode & 0777, 0700u);
+    EXPECT_TRUE(store.list().empty());
+
+    std::ofstream(dir / "empty.egen");
+    fs::create_symlink(listing, dir / "link.egen");
+    ASSERT_EQ(::mkfifo((dir / "fifo.egen").c_str(), 0600), 0);
+    for (const char* name : {"empty.egen", "link.egen", "fifo.egen", "missing.egen"}) {
+        const PutAside none = store.keepFile((dir / name).string());
+        EXPECT_FALSE(none.kept) << name;
+        EXPECT_EQ(none.error, "") << name;
+    }
+}
+
 } // namespace
 } // namespace tw

@@ -243,5 +243,81 @@ TEST_F(RunAfterSave, ANameWithoutADotCannotBeRun) {
     EXPECT_EQ(app.ports.messages[0].title, "Error Importing Input File");
 }
 
+std::string contents(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// A project named like one of its own outputs (p.ebntc, p.ebent, ...) would
+// be emptied and overwritten with a listing: Run stops before anything is
+// emptied and says why.
+TEST_F(RunAfterSave, AnOutputThatIsTheProjectItselfIsRefusedBeforeAnyIsEmptied) {
+    for (const char* name : {"p.ebntc", "q.ebent", "r.equan"}) {
+        app.ports.messages.clear();
+        const std::string in = input(name);
+        const std::string other = (dir / name).replace_extension(".egen").string();
+        std::ofstream(other) << "results";
+        runAfterSave(*app);
+        EXPECT_TRUE(app.ports.engineCalls.empty()) << name;
+        EXPECT_EQ(contents(in), "input") << name;
+        EXPECT_EQ(contents(other), "results") << name;
+        ASSERT_EQ(app.ports.messages.size(), 1u);
+        EXPECT_EQ(app.ports.messages[0].title, "Error Importing Input File");
+        EXPECT_NE(app.ports.messages[0].text.find("is the project itself (" + in + "), which Run reads"),
+                  std::string::npos)
+            << app.ports.messages[0].text;
+    }
+}
+
+// The name cut at the folder's dot sends the outputs to the parent folder,
+// where another project's files may lie: they are put aside before Run
+// empties them, and the status bar says where the outputs went.
+TEST_F(RunAfterSave, OutputsOutsideTheProjectsFolderPutAsideWhatWasThere) {
+    input("proj.v2/bridge.ebnt");
+    const std::string base = (dir / "proj").string();
+    std::ofstream(base + ".ebent") << "another project's bent listing";
+    std::ofstream(base + "e.sif") << "another project's drawing script";
+    runAfterSave(*app);
+    ASSERT_EQ(app.ports.engineCalls.size(), 1u);
+    EXPECT_EQ(app.ports.filesPutAside,
+              (std::vector<std::pair<std::string, std::string>>{{base + "e.sif", "another project's drawing script"},
+                                                                {base + ".ebent", "another project's bent listing"}}));
+    ASSERT_FALSE(app.ports.notices.empty());
+    EXPECT_EQ(app.ports.notices.back(), "The engine's outputs are in " + dir.string() +
+                                            ", where the project's name is cut at its first \".\"; the files there "
+                                            "before were put aside in /put-aside/outputs");
+
+    // A copy that cannot be made stops Run before anything is emptied.
+    app.ports.engineCalls.clear();
+    app.ports.messages.clear();
+    std::ofstream(base + ".ebent") << "listing again";
+    app.ports.putAsideFault = "the disk is full";
+    runAfterSave(*app);
+    EXPECT_TRUE(app.ports.engineCalls.empty());
+    EXPECT_EQ(contents(base + ".ebent"), "listing again");
+    ASSERT_EQ(app.ports.messages.size(), 1u);
+    EXPECT_NE(app.ports.messages[0].text.find("could not be put aside before Run empties it (the disk is full); no "
+                                              "output was emptied"),
+              std::string::npos)
+        << app.ports.messages[0].text;
+}
+
+// The engine takes names without their padding blanks: "bridge.ebnt " would
+// compute the "bridge.ebnt" beside it.
+TEST_F(RunAfterSave, AProjectNameEndingInABlankIsRefused) {
+    std::ofstream(dir / "bridge.ebnt") << "the other project";
+    std::ofstream(dir / "bridge.ebntc") << "its listing";
+    input("bridge.ebnt ");
+    runAfterSave(*app);
+    EXPECT_TRUE(app.ports.engineCalls.empty());
+    EXPECT_EQ(contents((dir / "bridge.ebntc").string()), "its listing");
+    ASSERT_EQ(app.ports.messages.size(), 1u);
+    EXPECT_NE(app.ports.messages[0].text.find("ends in a blank; the engine reads names without their trailing blanks "
+                                              "and would compute \"" +
+                                              (dir / "bridge.ebnt").string() + "\" instead"),
+              std::string::npos)
+        << app.ports.messages[0].text;
+}
+
 } // namespace
 } // namespace tw

@@ -4,6 +4,7 @@
 #include "core/model/Inputs.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace tw {
 
@@ -23,16 +24,53 @@ bool restored(const ChangeEntry& e) {
 
 std::size_t textBytes(const std::string& s) { return sizeof(std::string) + (s.size() > 15 ? s.capacity() : 0); }
 
+std::size_t rowBytes(const BentTable::Row& row) {
+    std::size_t n = sizeof(row) + 2 * sizeof(void*); // and the shared pointer's count
+    for (const auto& cell : row)
+        n += textBytes(cell);
+    return n;
+}
+
+// The rows of a table are shared with the project and the steps beside it:
+// what a step holds of its own is the rows it changed, on either side.
+std::size_t tableBytes(const change::Table& t) {
+    std::size_t n = static_cast<std::size_t>(t.before.rows() + t.after.rows()) * 2 * sizeof(void*);
+    const auto rowsOf = [](const BentTable& table) {
+        std::unordered_set<const BentTable::Row*> rows;
+        for (int r = 0; r < table.rows(); ++r)
+            rows.insert(&table.rowCells(r));
+        return rows;
+    };
+    const auto before = rowsOf(t.before), after = rowsOf(t.after);
+    for (const auto* row : before)
+        if (!after.contains(row)) n += rowBytes(*row);
+    for (const auto* row : after)
+        if (!before.contains(row)) n += rowBytes(*row);
+    return n;
+}
+
 std::size_t entryBytes(const ChangeEntry& e) {
     std::size_t n = sizeof(ChangeEntry);
     if (const auto* i = std::get_if<change::Input>(&e)) n += textBytes(i->before.text) + textBytes(i->after.text);
-    if (const auto* t = std::get_if<change::Table>(&e))
-        n += 2 * static_cast<std::size_t>(t->before.rows() + t->after.rows()) * 2 * sizeof(void*);
+    if (const auto* t = std::get_if<change::Table>(&e)) n += tableBytes(*t);
     if (const auto* r = std::get_if<change::Register>(&e))
-        n += (r->before.size() + r->after.size()) * sizeof(std::string);
+        for (const auto* numbers : {&r->before, &r->after})
+            for (const auto& number : *numbers)
+                n += textBytes(number);
     if (const auto* p = std::get_if<change::Property>(&e))
-        for (const PropValue* v : {&p->before, &p->after})
+        for (const PropValue* v : {&p->before, &p->after}) {
             if (const auto* s = std::get_if<std::string>(v)) n += textBytes(*s);
+            if (const auto* items = std::get_if<std::vector<std::string>>(v))
+                for (const auto& item : *items)
+                    n += textBytes(item);
+        }
+    return n;
+}
+
+std::size_t stepBytes(const Step& step) {
+    std::size_t n = sizeof(Step) + textBytes(step.label);
+    for (const auto& e : step.entries)
+        n += entryBytes(e);
     return n;
 }
 
@@ -43,8 +81,17 @@ void History::keep(Step step) {
     std::erase_if(kept, [](const ChangeEntry& e) { return !restored(e); });
     if (std::none_of(kept.begin(), kept.end(), changesProject)) return;
     step.entries = std::move(kept);
-    undo_.push_back(std::move(step));
+    step.bytes = stepBytes(step);
+    for (const auto& gone : redo_)
+        kept_ -= gone.bytes;
     redo_.clear();
+    kept_ += step.bytes;
+    undo_.push_back(std::move(step));
+    // Past the limits the oldest steps go first; the newest is always kept.
+    while (undo_.size() > kMostSteps || (kept_ > kMostBytes && undo_.size() > 1)) {
+        kept_ -= undo_.front().bytes;
+        undo_.pop_front();
+    }
 }
 
 void History::closeOpen() {
@@ -96,6 +143,8 @@ void History::take(const ChangeLog& log, const std::string& label, std::optional
         }
         if (open_) {
             open_->entries.push_back(e);
+            // Long typing in one field keeps, every few keys, only each value's first and last.
+            if (open_->entries.size() >= 16) open_->entries = condense(open_->entries);
             continue;
         }
         if (!current_) current_ = Step{label, control, row, {}};
@@ -110,6 +159,7 @@ void History::take(const ChangeLog& log, const std::string& label, std::optional
 void History::clear() {
     undo_.clear();
     redo_.clear();
+    kept_ = 0;
     open_.reset();
     current_.reset();
 }
@@ -139,15 +189,6 @@ std::optional<Step> History::redo() {
     return step;
 }
 
-std::size_t History::footprint() const {
-    std::size_t n = sizeof(*this);
-    for (const auto* list : {&undo_, &redo_})
-        for (const auto& step : *list) {
-            n += sizeof(Step) + textBytes(step.label);
-            for (const auto& e : step.entries)
-                n += entryBytes(e);
-        }
-    return n;
-}
+std::size_t History::footprint() const { return sizeof(*this) + kept_ + (open_ ? stepBytes(*open_) : 0); }
 
 } // namespace tw

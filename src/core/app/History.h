@@ -3,11 +3,14 @@
 // (and the format the leave applies), a choice with everything its handler
 // does, a bent-table command. A step keeps, for each value and property it
 // changed, the value before and after; a step that changes nothing of the
-// project is not kept.
+// project is not kept. Past a thousand steps, or 64 MiB of kept values, the
+// oldest steps go first: a long session's memory stays bounded, and each step
+// costs what it changed.
 #pragma once
 
 #include "core/form/Changes.h"
 
+#include <deque>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,10 +22,14 @@ struct Step {
     std::optional<CtlId> control; // where the engineer made it
     std::optional<int> row;       // the bent row it touched
     ChangeLog entries;
+    std::size_t bytes = 0; // what its kept values hold, about
 };
 
 class History {
   public:
+    static constexpr std::size_t kMostSteps = 1000;
+    static constexpr std::size_t kMostBytes = std::size_t(64) << 20;
+
     // What one command changed, in order. `label`, `control` and `row` name
     // the step the command makes when it is not typing into a field.
     void take(const ChangeLog& log, const std::string& label, std::optional<CtlId> control, std::optional<int> row);
@@ -44,7 +51,7 @@ class History {
     std::optional<Step> undo();
     std::optional<Step> redo();
 
-    // Bytes the history holds, about (for the benchmarks).
+    // Bytes the history holds, about: what its limit counts.
     std::size_t footprint() const;
     std::size_t steps() const { return undo_.size() + redo_.size(); }
 
@@ -53,7 +60,8 @@ class History {
     void closeCurrent();
     void keep(Step step);
 
-    std::vector<Step> undo_, redo_;
+    std::deque<Step> undo_, redo_;
+    std::size_t kept_ = 0;        // bytes of the steps in undo_ and redo_
     std::optional<Step> open_;    // a field being typed into, until it is left
     std::optional<Step> current_; // what the command makes besides typing
 };

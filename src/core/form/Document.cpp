@@ -15,7 +15,12 @@ void Document::setInput(int index, InputValue v) {
 void Document::changeTable(const std::function<void(BentTable&)>& edit) {
     const BentTable before = project_.table();
     auto record = [&] {
-        if (!(before == project_.table())) log_.push_back(change::Table{before, project_.table()});
+        if (tableAt_) {
+            std::get<change::Table>(log_[*tableAt_]).after = project_.table();
+        } else if (!(before == project_.table())) {
+            if (foldTable_) tableAt_ = log_.size();
+            log_.push_back(change::Table{before, project_.table()});
+        }
     };
     try {
         edit(project_.table());
@@ -60,7 +65,10 @@ void Document::markUnsaved() {
     mark(change::Checkpoint{change::Checkpoint::Unsaved});
 }
 
-ChangeLog Document::takeLog() { return std::exchange(log_, {}); }
+ChangeLog Document::takeLog() {
+    tableAt_.reset();
+    return std::exchange(log_, {});
+}
 
 bool Document::putBack(const ChangeEntry& e, bool after) {
     if (const auto* c = std::get_if<change::Input>(&e)) {

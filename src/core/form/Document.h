@@ -47,6 +47,12 @@ class Document {
 
     // --- The record of changes.
     void mark(ChangeEntry mark) { log_.push_back(std::move(mark)); }
+    // While on, the table's changes extend the first one logged: a paste of
+    // n rows keeps one table before and after, not n of them.
+    void foldTableChanges(bool on) {
+        foldTable_ = on;
+        tableAt_.reset();
+    }
     // The project as it stands is what its file holds (a save, an open, a
     // new project), or what no file holds (a save cut short, a recovered
     // project); the history starts afresh.
@@ -71,6 +77,20 @@ class Document {
     std::string dialogFileName_;
     std::string runOutputBase_;
     ChangeLog log_;
+    bool foldTable_ = false;
+    std::optional<std::size_t> tableAt_; // the entry the table's changes extend
+};
+
+// The table's changes folded into one while it lives (a paste of many rows).
+class FoldedTableChanges {
+  public:
+    explicit FoldedTableChanges(Document& doc) : doc_(doc) { doc_.foldTableChanges(true); }
+    ~FoldedTableChanges() { doc_.foldTableChanges(false); }
+    FoldedTableChanges(const FoldedTableChanges&) = delete;
+    FoldedTableChanges& operator=(const FoldedTableChanges&) = delete;
+
+  private:
+    Document& doc_;
 };
 
 } // namespace tw

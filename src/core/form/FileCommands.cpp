@@ -223,24 +223,44 @@ InputFileText composeSave(Session& s) {
     return composeInputFile(s.project(), checks);
 }
 
-bool changedOnDisk(const Session& s, const std::string& path) {
-    const auto& known = s.onDisk();
-    if (!known || known->path != path) return false;
+namespace {
+
+// What the file must still hold for a save to write over it without asking:
+// what this window last read or wrote there. Asked about when it holds
+// something else -- or holds more than a project can, or cannot be read --
+// and then what was seen there; nothing when the user lets the save write
+// over what could not be read, or the file is no project this window knows.
+std::optional<std::string> expectedOnDisk(Session& s, const std::string& path, std::optional<std::string> known) {
+    if (!known) return known;
     const ReadResult now = s.system.readFile(path, kMaxInputFileBytes);
-    // A file that is gone, or cannot be read, holds no one's change to lose.
-    return !now.errorNumber && now.bytes != known->bytes;
+    // A file that is gone holds no one's change to lose.
+    if (now.errorNumber == err::kFileNotFound || (!now.errorNumber && now.bytes == *known)) return known;
+    // The one question beyond the old form's: asked only when a save would
+    // overwrite a change made on disk by someone else.
+    if (s.message(changedOnDiskText(path) + "  Save over it?", kChangedOnDiskTitle, MsgButtons::YesNo, MsgIcon::None) !=
+        MsgAnswer::Yes)
+        throw RuntimeError(err::kCancel, "Cancel was selected.");
+    if (now.errorNumber) return std::nullopt;
+    return now.bytes;
 }
+
+} // namespace
 
 bool writeInputFile(Session& s, const std::string& path) {
     return s.guarded([&] {
         const InputFileText text = composeSave(s);
-        // The one question beyond the old form's: asked only when a save would
-        // overwrite a change made on disk by someone else.
-        if (changedOnDisk(s, path) && s.message(changedOnDiskText(path) + "  Save over it?", kChangedOnDiskTitle,
-                                                MsgButtons::YesNo, MsgIcon::None) != MsgAnswer::Yes)
-            throw RuntimeError(err::kCancel, "Cancel was selected.");
-        const WriteResult w = s.system.writeFile(path, text.bytes);
-        if (w.errorNumber) throw RuntimeError(w.errorNumber, w.error);
+        std::optional<std::string> known;
+        if (s.onDisk() && s.onDisk()->path == path) known = s.onDisk()->bytes;
+        for (;;) {
+            const std::optional<std::string> expected = expectedOnDisk(s, path, known);
+            // Another save may come between the look and the write: the write looks again, under a lock.
+            const WriteResult w = expected
+                                      ? s.system.writeFileIfUnchanged(path, text.bytes, *expected, kMaxInputFileBytes)
+                                      : s.system.writeFile(path, text.bytes);
+            if (w.changed) continue;
+            if (w.errorNumber) throw RuntimeError(w.errorNumber, w.error);
+            break;
+        }
         s.setOnDisk(Session::OnDisk{path, text.bytes});
         s.setSaveFailed(text.aborted);
     });

@@ -201,6 +201,7 @@ PasteOutcome pasteBents(Session& s, const std::string& pasted) {
         return outcome;
     }
     const paste::EntryFields before = paste::entryFields(s);
+    const FoldedTableChanges folded(s);
     for (const auto& r : *records) {
         if (!paste::enter(s, r, 0, before, outcome)) {
             outcome.refusedLine = r.line;

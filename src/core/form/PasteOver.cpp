@@ -21,6 +21,7 @@ PasteOutcome pasteOverBents(Session& s, const std::string& text) {
     if (!records) return outcome;
     const paste::EntryFields before = paste::entryFields(s);
     const GridSelection selected = s.selection();
+    const FoldedTableChanges folded(s);
     for (const auto& r : *records) {
         // Replace works on the current row: the pasted bent's own.
         const int row = paste::rowOfBent(s, trim(r.cells.front()));

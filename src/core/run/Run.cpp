@@ -70,8 +70,67 @@ std::string batchWarning(const ProcessResult& r, Drawing drawing, const std::str
            (drawing == Drawing::Missing ? " left no drawing: " : " left no new drawing: ") + path;
 }
 
+namespace fs = std::filesystem;
+
+fs::path whole(const std::string& path) {
+    std::error_code ec;
+    const fs::path p = fs::absolute(path, ec);
+    return (ec ? fs::path(path) : p).lexically_normal();
+}
+
+// Two names of one file: the same file on disk, or the same path once made whole.
+bool sameFile(const std::string& a, const std::string& b) {
+    std::error_code ec;
+    return fs::equivalent(a, b, ec) || whole(a) == whole(b);
+}
+
+// The engine takes each name without the blanks it is padded with, so a
+// project whose name ends in one would be read from another file.
+void refuseBlankEnd(const std::string& input) {
+    if (input.empty() || input.back() != ' ') return;
+    throw RuntimeError(err::kInvalidCall, "Invalid procedure call or argument (the file name \"" + input +
+                                              "\" ends in a blank; the engine reads names without their trailing "
+                                              "blanks and would compute \"" +
+                                              stripTrailingBlanks(input) + "\" instead: rename the project)");
+}
+
+// Run would empty a file it reads: the project, or the engine's own files.
+void refuseOutputsThatAreInputs(const Session& s, const std::array<std::string, 10>& names) {
+    const std::pair<std::string, std::string> inputs[] = {
+        {names[0], "the project itself"},
+        {s.programDir + "/Ebent.ini", "the engine's settings"},
+        {s.programDir + "/libcalbnt.so", "the engine"},
+    };
+    for (size_t i = 1; i < names.size(); ++i)
+        for (const auto& [path, what] : inputs)
+            if (sameFile(names[i], path))
+                throw RuntimeError(err::kFileAccess, "Path/File access error: the output " + names[i] + " is " + what +
+                                                         " (" + path + "), which Run reads; no output was emptied");
+}
+
+// Outputs that the name's first dot sends out of the project's folder may
+// meet another project's files there: each is put aside before it is emptied.
+// Where they went, said once they are emptied; empty when in the project's folder.
+std::string putAsideOutsideFiles(Session& s, const std::array<std::string, 10>& names) {
+    const fs::path folder = whole(runBaseName(names[0])).parent_path();
+    if (folder == whole(names[0]).parent_path()) return {};
+    std::string keptIn;
+    for (size_t i = 1; i < names.size(); ++i) {
+        const PutAside kept = s.system.putAsideFile(names[i]);
+        if (!kept.error.empty())
+            throw RuntimeError(err::kFileAccess, "Path/File access error: the output " + names[i] +
+                                                     " lies outside the project's folder and could not be put aside "
+                                                     "before Run empties it (" +
+                                                     kept.error + "); no output was emptied");
+        if (kept.kept) keptIn = fs::path(kept.path).parent_path().string();
+    }
+    return "The engine's outputs are in " + folder.string() + ", where the project's name is cut at its first \".\"" +
+           (keptIn.empty() ? std::string() : "; the files there before were put aside in " + keptIn);
+}
+
 void steps(Session& s) {
     const std::string input = s.dialogFileName();
+    refuseBlankEnd(input);
     const std::string base = runBaseName(input);
     s.setRunOutputBase(base);
 
@@ -79,6 +138,8 @@ void steps(Session& s) {
     names[0] = input;
     for (size_t i = 0; i < kOutputSuffixes.size(); ++i)
         names[i + 1] = base + kOutputSuffixes[i];
+    refuseOutputsThatAreInputs(s, names);
+    const std::string where = putAsideOutsideFiles(s, names);
     // All or none: an output that is no plain file of its own is refused before any is emptied.
     if (const WriteResult emptied = s.system.emptyFiles({names.begin() + 1, names.end()}); emptied.errorNumber)
         throw RuntimeError(emptied.errorNumber, emptied.error);
@@ -87,7 +148,7 @@ void steps(Session& s) {
     for (auto& n : names)
         n = padName(n);
 
-    s.notice("");
+    s.notice(where);
     s.user.setBusyCursor(true);
     EngineResult engine;
     {
@@ -138,7 +199,7 @@ void steps(Session& s) {
         if (!warning.empty()) warning[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(warning[0])));
         warning = warning.empty() ? engine : engine + "; " + warning;
     }
-    if (!warning.empty()) s.notice(warning);
+    if (!warning.empty()) s.notice(where.empty() ? warning : warning + ". " + where);
 
     std::error_code ec;
     std::filesystem::remove(stripTrailingBlanks(names[1]), ec);
