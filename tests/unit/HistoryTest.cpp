@@ -245,9 +245,17 @@ TEST(HistoryMemory, TheOldestStepsGoFirstPastTheLimits) {
         app->actions.leave(Ctl::txtCapLength);
     }
     EXPECT_EQ(app->history().undoDepth(), History::kMostSteps);
+    const std::string last = app->text(Ctl::txtCapLength);
     while (app->history().canUndo())
         app->actions.undo();
     EXPECT_EQ(app->text(Ctl::txtCapLength), "199.0000") << "the first hundred steps went";
+    ASSERT_TRUE(app->history().canRedo());
+    app->actions.redo();
+    EXPECT_EQ(app->text(Ctl::txtCapLength), "200.0000") << "redo walks forward again";
+    while (app->history().canRedo())
+        app->actions.redo();
+    EXPECT_EQ(app->text(Ctl::txtCapLength), last);
+    EXPECT_EQ(app->history().undoDepth(), History::kMostSteps);
 
     // Steps of two megabytes each (the text before and after): the kept values stay within their budget.
     const std::string line(1 << 20, 'x');
