@@ -8,6 +8,15 @@ fail() {
   failures=$((failures + 1))
 }
 
+# An empty work folder with settings and data folders of its own, made the
+# current folder: a case never reads or writes the user's.
+fresh_work() { # WORK
+  rm -rf "$1"
+  mkdir -p "$1/xdg" "$1/data"
+  export XDG_CONFIG_HOME=$1/xdg XDG_DATA_HOME=$1/data QT_QPA_PLATFORM=offscreen
+  cd "$1" || exit 1
+}
+
 # Sets rc, out and err.
 run() {
   rc=0

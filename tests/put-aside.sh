@@ -8,10 +8,7 @@
 set -uo pipefail
 source "$(dirname "$0")/cli-cases.sh"
 tarnwick=$1 program_dir=$2 samples=$3 work=$4
-rm -rf "$work"
-mkdir -p "$work/xdg" "$work/data"
-export XDG_CONFIG_HOME=$work/xdg XDG_DATA_HOME=$work/data QT_QPA_PLATFORM=offscreen
-cd "$work" || exit 1
+fresh_work "$work"
 cp "$samples/twelve-beams.ebnt" "$samples/intermediate.ebnt" .
 aside=$work/data/Norvale/Tarnwick/put-aside
 

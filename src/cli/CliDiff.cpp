@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // tarnwick diff A B: what changed from one revision of a project to another.
 #include "cli/Cli.h"
-#include "cli/ProjectFile.h"
 #include "core/app/ProjectDiff.h"
+#include "platform/ProjectFile.h"
 
 #include <iostream>
 

@@ -2,10 +2,10 @@
 // tarnwick draw FILE [--bent N] OUT: the bent of an input file, drawn as the
 // window's drawing pane shows it, written as SVG, PDF or PNG.
 #include "cli/Cli.h"
-#include "cli/ProjectFile.h"
 #include "core/drawing/BentDrawing.h"
 #include "core/output/UnitsSetting.h"
 #include "platform/Platform.h"
+#include "platform/ProjectFile.h"
 #include "platform/SafeFile.h"
 #include "render/ScenePainter.h"
 

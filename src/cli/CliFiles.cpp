@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "cli/Cli.h"
 #include "cli/Printing.h"
-#include "cli/ProjectFile.h"
 #include "core/Quoting.h"
 #include "core/model/Closing.h"
 #include "core/model/Inputs.h"
+#include "platform/ProjectFile.h"
 
 #include <iostream>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // tarnwick table: the bent table to and from a spreadsheet, rows added or pasted over.
 #include "cli/Cli.h"
-#include "cli/ProjectFile.h"
 #include "cli/QuietProject.h"
 #include "core/benttable/BentRows.h"
 #include "platform/FileRead.h"
+#include "platform/ProjectFile.h"
 
 #include <iostream>
 

@@ -3,7 +3,7 @@
 // the form's commands or its view (rows added through Add's checks, the
 // report, a put-aside copy restored): the form loaded, the file read, and a
 // failure kept as the one line the error box would have shown. Commands that
-// only read a file use readProjectFile (ProjectFile.h).
+// only read a file use readProjectFile (platform/ProjectFile.h).
 #pragma once
 
 #include "core/QuietPorts.h"

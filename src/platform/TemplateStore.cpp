@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/TemplateStore.h"
 
-#include "core/QuietPorts.h"
-#include "core/Quoting.h"
-#include "core/app/App.h"
 #include "core/form/Templates.h"
-#include "platform/FileRead.h"
+#include "platform/ProjectFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,22 +17,13 @@ namespace {
 
 const QString kSuffix = QStringLiteral(".ebnt");
 
-// A template read as a project is read, with nobody watching.
-class TemplateReader : public QuietPorts {
-  public:
-    ReadResult readFile(const std::string& path, std::uintmax_t maxBytes) override {
-        return readRegularFile(path, maxBytes);
-    }
-};
-
-void readEntry(TemplateEntry& e, const std::string& programDir) {
-    TemplateReader ports;
-    App app(ports, ports, programDir);
-    app.loadMainForm();
-    if (app.readFile(e.path))
-        e.bentType = app.text(Ctl::cboTybent);
+// A template is read as a project is read, with nobody watching.
+void readEntry(TemplateEntry& e) {
+    const ProjectRead read = readProjectFile(e.path);
+    if (read.ok())
+        e.bentType = read.project.text(Ctl::cboTybent);
     else
-        e.problem = oneLine(ports.lastMessage);
+        e.problem = whyUnread(read);
 }
 
 std::vector<TemplateEntry> entriesIn(const QString& folder, bool shipped) {
@@ -73,7 +61,7 @@ std::vector<TemplateEntry> TemplateStore::list() const {
         if (std::none_of(all.begin(), all.end(), [&](const TemplateEntry& u) { return u.name == e.name; }))
             all.push_back(std::move(e));
     for (auto& e : all)
-        readEntry(e, programDir_);
+        readEntry(e);
     return all;
 }
 

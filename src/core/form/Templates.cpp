@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/form/Templates.h"
 
-#include "core/QuietPorts.h"
 #include "core/form/FileCommands.h"
-#include "core/form/MainForm.h"
 #include "core/form/Session.h"
 #include "core/inputfile/InputFile.h"
+#include "core/inputfile/ProjectReader.h"
 
 #include <algorithm>
 
@@ -19,12 +18,6 @@ bool nameCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_' ||
            c == '.';
 }
-
-// A form to try a template on: it reads nothing but the bytes it is given.
-class TrialPorts : public QuietPorts {
-  public:
-    ReadResult readFile(const std::string&, std::uintmax_t) override { return {{}, err::kFileNotFound, "no file"}; }
-};
 
 // A save's checks, asked of the form; what they change goes into the template too.
 class TemplateChecks : public SaveHooks {
@@ -82,15 +75,12 @@ bool saveAsTemplate(Session& s, const std::string& name, const std::string& path
 
 bool newFromTemplate(Session& s, const std::string& name, const std::string& path) {
     std::string bytes;
-    // Read as a project is read, on a form of its own first: a template that
+    // Read as a project is read, apart from the form first: a template that
     // does not read is told before New clears anything.
     const bool reads = s.guarded([&] {
         ReadResult r = s.system.readFile(path, kMaxInputFileBytes);
         if (r.errorNumber) throw RuntimeError(r.errorNumber, r.error);
-        TrialPorts quiet;
-        Session trial(quiet, quiet, s.programDir);
-        loadMainForm(trial);
-        parseProject(trial, r.bytes);
+        if (const ProjectRead read = readProject(r.bytes); !read.ok()) throw *read.error;
         bytes = std::move(r.bytes);
     });
     if (!reads || !newProject(s)) return false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "cli/ProjectFile.h"
+#include "platform/ProjectFile.h"
 
 #include "core/Quoting.h"
 #include "core/inputfile/InputFile.h"
