@@ -63,6 +63,7 @@ class KeyboardTest : public QObject, public test::ProgramWindows {
             tabs->tabBar()->setFocus(Qt::TabFocusReason);
             QApplication::processEvents();
             std::vector<QWidget*> seen;
+            QVERIFY2(QApplication::focusWidget(), "the window has no focus");
             for (int step = 0; step < 400; ++step) {
                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
                 QWidget* w = QApplication::focusWidget();

@@ -6,6 +6,7 @@
 
 #include "../unit/FakePorts.h"
 
+#include "gui/FormWindows.h"
 #include "gui/GuiPorts.h"
 #include "gui/MainWindow.h"
 #include "gui/WindowSet.h"
@@ -52,10 +53,14 @@ struct ProgramWindows {
         windows = std::make_unique<WindowSet>(*app, *ports);
     }
     // The splash, its OK, and the main form shown.
+    // A window manager hands the focus over in its own time: each window is
+    // waited for until it has it, so that a late activation of the splash
+    // cannot take the keys a test types into the main window.
     void startMainWindow() {
         app->start();
+        if (QWidget* splash = windows->window(FormId::Splash)) QVERIFY(QTest::qWaitForWindowActive(splash));
         app->actions.click(Target(FormId::Splash, Ctl::cmdOK));
-        QVERIFY(QTest::qWaitForWindowExposed(&main()));
+        QVERIFY(QTest::qWaitForWindowActive(&main()));
         QApplication::processEvents();
     }
     void endProgram() {
