@@ -35,6 +35,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace tw {
 
@@ -74,6 +75,26 @@ class QuitAfterPaint : public QObject {
     bool quitting_ = false;
 };
 
+// Runs `then` once, when the widget has first painted.
+class OnFirstPaint : public QObject {
+  public:
+    OnFirstPaint(QWidget* w, std::function<void()> then) : QObject(w), then_(std::move(then)) {
+        w->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* o, QEvent* e) override {
+        if (e->type() == QEvent::Paint && then_) {
+            o->removeEventFilter(this);
+            std::exchange(then_, nullptr)();
+        }
+        return false;
+    }
+
+  private:
+    std::function<void()> then_;
+};
+
 // When a copy was kept: the time alone today, with the day before that.
 std::string keptAt(const QDateTime& kept) {
     const bool today = kept.date() == QDate::currentDate();
@@ -106,26 +127,23 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     GuiSystem platform;
     App app(ports, platform, programDir);
     WindowSet windows(app, ports);
-    MainWindow& main = windows.main();
     platform.onMissingFile = drawnFullSizeSketch;
     if (ownApp) ownApp->onFailure = [&](const std::string& what) { app.reportFailure(what); };
 
-    // Run's waits and words that need no answer stand in the status bar.
-    RunStatus* runStatus = main.runStatus();
-    StatusMessages* messages = main.messages();
-    ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
-        runStatus->begin(what, std::move(cancel));
+    // Words that need no answer stand in the status bar; those said before
+    // the main window stands wait for it.
+    StatusMessages* messages = nullptr;
+    std::vector<std::string> early;
+    ports.onNotice = [&](const std::string& text) {
+        if (messages)
+            messages->notice(QString::fromStdString(text));
+        else
+            early.push_back(text);
     };
-    ports.onWaitEnds = [runStatus] { runStatus->end(); };
-    ports.onNotice = [messages](const std::string& text) { messages->notice(QString::fromStdString(text)); };
     platform.onWarning = [&ports](const std::string& text) {
         ports.notice(text.empty()
                          ? text
                          : static_cast<char>(std::toupper(static_cast<unsigned char>(text[0]))) + text.substr(1));
-    };
-    ports.onOfferViewer = [messages](const std::string& drawing) { messages->offerViewer(drawing); };
-    messages->openViewer = [&main, programDir](const std::string& drawing) {
-        openDrawingViewer(programDir, drawing, &main);
     };
 
     // Unsaved work is kept safe while the window holds it.
@@ -134,10 +152,10 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
         ports.notice("Unsaved changes cannot be kept safe: the folder " + store.folder().toStdString() +
                      " cannot be written");
     RecoveryKeeper keeper(app, store);
-    DiskWatch diskWatch(app, main);
+    std::unique_ptr<DiskWatch> diskWatch;
     app.actions.onChange([&](const ChangeSet& changes) {
         keeper.changed(changes);
-        diskWatch.changed();
+        if (diskWatch) diskWatch->changed();
     });
 
     // Measuring start-up: the program ends when a moment is on the screen:
@@ -145,15 +163,39 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     // pane, anything else the main form's first frame.
     const bool quitWhenShown = qEnvironmentVariableIsSet("TARNWICK_QUIT_WHEN_SHOWN");
     const QByteArray quitMoment = qgetenv("TARNWICK_QUIT_WHEN_SHOWN");
-    if (quitMoment == "splash") {
-        new QuitAfterPaint(windows.window(FormId::Splash));
-    } else if (quitMoment == "drawn") {
-        LaidOutView* view = main.drawingPane()->view();
-        new QuitAfterPaint(view, [view] { return !view->scene().shapes.empty(); });
-    } else if (quitWhenShown) {
-        new QuitAfterPaint(&main);
-    }
+    if (quitMoment == "splash") new QuitAfterPaint(windows.window(FormId::Splash));
+
+    // What stands in the main window and speaks through it is wired once it is built.
+    windows.onMainBuilt = [&](MainWindow& main) {
+        // Run's waits stand in the status bar.
+        RunStatus* runStatus = main.runStatus();
+        ports.onWaitBegins = [runStatus](const std::string& what, std::function<void()> cancel) {
+            runStatus->begin(what, std::move(cancel));
+        };
+        ports.onWaitEnds = [runStatus] { runStatus->end(); };
+        messages = main.messages();
+        for (const std::string& text : std::exchange(early, {}))
+            messages->notice(QString::fromStdString(text));
+        ports.onOfferViewer = [m = messages](const std::string& drawing) { m->offerViewer(drawing); };
+        messages->openViewer = [&main, programDir](const std::string& drawing) {
+            openDrawingViewer(programDir, drawing, &main);
+        };
+        diskWatch = std::make_unique<DiskWatch>(app, main);
+        diskWatch->changed();
+        if (quitMoment == "drawn") {
+            LaidOutView* view = main.drawingPane()->view();
+            new QuitAfterPaint(view, [view] { return !view->scene().shapes.empty(); });
+        } else if (quitWhenShown && quitMoment != "splash") {
+            new QuitAfterPaint(&main);
+        }
+    };
+    // The splash is the engineer's first sight; the main window is built
+    // while it is read, or at its OK if that comes first.
+    if (quitMoment != "splash")
+        new OnFirstPaint(windows.window(FormId::Splash),
+                         [&windows] { QTimer::singleShot(0, qApp, [&windows] { windows.main(); }); });
     windows.onMainShown = [&] {
+        MainWindow& main = windows.main();
         offerLeftWork(app, store, main);
         // What Exit put aside last time, offered once; old copies go.
         PutAsideStore aside;
@@ -164,14 +206,14 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
                               copy.path);
         if (!file.empty()) // `tarnwick FILE`: File > Open, its dialog answered with FILE
             QTimer::singleShot(0, &main, [&] {
-                if (auto* open = main.findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();
+                if (auto* open = windows.main().findChild<QAction*>(QStringLiteral("mnuOpen"))) open->trigger();
             });
     };
     windows.onMainClosed = [] { QCoreApplication::exit(0); };
 
     // Quitting from the splash (its close button) ends the program.
     QObject::connect(windows.window(FormId::Splash), &QDialog::finished, qApp, [&] {
-        if (!main.isVisible()) QCoreApplication::exit(0);
+        if (!windows.mainBuilt() || !windows.main().isVisible()) QCoreApplication::exit(0);
     });
     app.start();
     if (quitWhenShown && quitMoment != "splash") // go straight on to the main form

@@ -16,7 +16,7 @@ namespace {
 // window, the About box a little inside its corner.
 void placeForm(FormId form, QWidget* w, const QWidget* main) {
     constexpr int kAboutOffset = 80;
-    if (form == FormId::About && main->isVisible())
+    if (form == FormId::About && main && main->isVisible())
         placeAt(w, main->frameGeometry().topLeft() + QPoint(kAboutOffset, kAboutOffset));
     else if (form == FormId::Printer || form == FormId::Preview)
         centre(w, main);
@@ -26,10 +26,8 @@ void placeForm(FormId form, QWidget* w, const QWidget* main) {
 
 } // namespace
 
-WindowSet::WindowSet(App& app, GuiPorts& ports) : app_(app), main_(std::make_unique<MainWindow>(app)) {
-    keepOnScreen(main_.get());
+WindowSet::WindowSet(App& app, GuiPorts& ports) : app_(app), ports_(ports) {
     app_.actions.onChange([this](const ChangeSet& changes) { refreshAll(changes); });
-    ports.setParent(main_.get());
     ports.onShow = [this](const std::string& form, const std::string&) {
         if (const auto f = formNamed(form)) show(*f);
     };
@@ -40,25 +38,39 @@ WindowSet::WindowSet(App& app, GuiPorts& ports) : app_(app), main_(std::make_uni
         static_cast<PictureWindow*>(window(FormId::Picture))->showPicture(QString::fromStdString(file));
     };
     ports.onBalloon = [this](const std::string& text, const std::string& field) {
-        if (const auto id = parseCtlId(field)) main_->showBalloon(QString::fromStdString(text), *id);
+        if (const auto id = parseCtlId(field)) main().showBalloon(QString::fromStdString(text), *id);
     };
     ports.onPutAside = [this](const std::string& text, const std::string& copy) {
-        main_->tellPutAside(QString::fromStdString(text), QString::fromStdString(copy));
+        main().tellPutAside(QString::fromStdString(text), QString::fromStdString(copy));
     };
 }
 
-WindowSet::~WindowSet() = default;
+WindowSet::~WindowSet() {
+    // A window made before the main window has no parent to take it down.
+    for (auto& [form, w] : windows_)
+        if (!w->parent()) delete w;
+}
 
-FormWindow* WindowSet::window(FormId form) const {
+MainWindow& WindowSet::main() {
+    if (!main_) {
+        main_ = std::make_unique<MainWindow>(app_);
+        keepOnScreen(main_.get());
+        ports_.setParent(main_.get());
+        if (onMainBuilt) std::exchange(onMainBuilt, nullptr)(*main_);
+    }
+    return *main_;
+}
+
+FormWindow* WindowSet::window(FormId form) {
     if (auto it = windows_.find(form); it != windows_.end()) return it->second;
     // Each small window is made when first wanted: most sessions never open the preview or the printer window.
     FormWindow* w = nullptr;
     switch (form) {
-    case FormId::Splash:
-    case FormId::About: w = makeSplashOrAbout(app_, form, main_.get()); break;
-    case FormId::Printer: w = makePrinterWindow(app_, main_.get()); break;
-    case FormId::Preview: w = makePreviewWindow(app_, main_.get()); break;
-    case FormId::Picture: w = new PictureWindow(app_, main_.get()); break;
+    case FormId::Splash: w = makeSplashOrAbout(app_, form, main_.get()); break; // first of all, on its own
+    case FormId::About: w = makeSplashOrAbout(app_, form, &main()); break;
+    case FormId::Printer: w = makePrinterWindow(app_, &main()); break;
+    case FormId::Preview: w = makePreviewWindow(app_, &main()); break;
+    case FormId::Picture: w = new PictureWindow(app_, &main()); break;
     case FormId::Main: return nullptr;
     }
     keepOnScreen(w);
@@ -67,17 +79,18 @@ FormWindow* WindowSet::window(FormId form) const {
 }
 
 void WindowSet::refreshAll(const ChangeSet& changes) {
-    if (main_->isVisible()) main_->refresh(changes);
+    if (main_ && main_->isVisible()) main_->refresh(changes);
     for (auto& [name, w] : windows_)
         if (w->isVisible()) w->refresh(changes);
 }
 
 void WindowSet::show(FormId form) {
     if (form == FormId::Main) {
-        main_->refresh();
-        main_->resize(fittedSize(main_.get(), MainWindow::preferredSize()));
-        centre(main_.get());
-        main_->show();
+        MainWindow& m = main();
+        m.refresh();
+        m.resize(fittedSize(&m, MainWindow::preferredSize()));
+        centre(&m);
+        m.show();
         if (onMainShown) std::exchange(onMainShown, nullptr)();
         return;
     }
@@ -100,7 +113,7 @@ void WindowSet::close(FormId form) {
     }
     for (auto& [name, w] : windows_)
         w->hide();
-    main_->hide();
+    if (main_) main_->hide();
     if (onMainClosed) onMainClosed();
 }
 

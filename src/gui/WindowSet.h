@@ -26,9 +26,13 @@ class WindowSet {
     WindowSet(App& app, GuiPorts& ports);
     ~WindowSet();
 
-    MainWindow& main() { return *main_; }
+    // The main window, built when first wanted: the splash shows before it.
+    MainWindow& main();
+    bool mainBuilt() const { return main_ != nullptr; }
+    // Runs once, when the main window has been built.
+    std::function<void(MainWindow&)> onMainBuilt;
     // The window of a small form (frmSplash, frmAbout, frmIPrinter, frmViewTest, frmPicView).
-    FormWindow* window(FormId form) const;
+    FormWindow* window(FormId form);
     // Runs once when the main window is first shown (opening a file named on the command line).
     std::function<void()> onMainShown;
     // Runs when the main form has unloaded: the program ends.
@@ -40,8 +44,9 @@ class WindowSet {
     void refreshAll(const ChangeSet& changes);
 
     App& app_;
+    GuiPorts& ports_;
     std::unique_ptr<MainWindow> main_;
-    mutable std::map<FormId, FormWindow*> windows_; // made when first wanted
+    std::map<FormId, FormWindow*> windows_; // made when first wanted
 };
 
 } // namespace tw

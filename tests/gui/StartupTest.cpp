@@ -13,6 +13,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <optional>
+
 namespace tw {
 
 class StartupTest : public QObject {
@@ -59,6 +62,43 @@ class StartupTest : public QObject {
     }
 
   private slots:
+    // The engineer's first sight comes before the main window is built; it
+    // is built while the splash is read, ready for OK.
+    void theSplashShowsBeforeTheMainWindowIsBuilt() {
+        struct Watch : QObject {
+            std::optional<bool> mainAtFirstPaint;
+            bool mainWhileSplash = false;
+            static bool mainExists() {
+                const QWidgetList all = QApplication::topLevelWidgets();
+                return std::any_of(all.begin(), all.end(), [](QWidget* w) { return qobject_cast<MainWindow*>(w); });
+            }
+            bool eventFilter(QObject* o, QEvent* e) override {
+                if (e->type() == QEvent::Paint && o->objectName() == QLatin1String("frmSplash") && !mainAtFirstPaint)
+                    mainAtFirstPaint = mainExists();
+                return false;
+            }
+        } watch;
+        qApp->installEventFilter(&watch);
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            if (watch.mainAtFirstPaint && Watch::mainExists()) {
+                watch.mainWhileSplash = true;
+                QCoreApplication::exit(0);
+            }
+        });
+        poll.start(5);
+        QTimer::singleShot(10000, [] { QCoreApplication::exit(1); });
+        int argc = 1;
+        char name[] = "tarnwick";
+        char* argv[] = {name, nullptr};
+        const int status = runGui(argc, argv, TW_PROGRAM_DIR, {});
+        qApp->removeEventFilter(&watch);
+        QCOMPARE(status, 0);
+        QVERIFY(watch.mainAtFirstPaint.has_value());
+        QVERIFY2(!*watch.mainAtFirstPaint, "the main window was built before the splash was painted");
+        QVERIFY(watch.mainWhileSplash);
+    }
+
     void aFileOnTheCommandLineOpensAfterTheSplash() {
         const std::string file = TW_SOURCE_DIR "/samples/end-with-backwall.ebnt";
         test::Program opened(TW_PROGRAM_DIR);
