@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 // tarnwick report FILE OUT: the checker's report of an input file as a PDF.
 #include "cli/Cli.h"
-#include "cli/QuietProject.h"
 #include "core/output/Report.h"
+#include "platform/ProjectFile.h"
 #include "platform/SafeFile.h"
 #include "render/ReportPainter.h"
 
@@ -17,16 +17,16 @@ int cliReport(const CliOptions& opt, const std::string& file, const std::string&
         std::cerr << "tarnwick: " << out << ": the report is a PDF, so its name ends in .pdf\n";
         return 2;
     }
-    QuietProject project(opt.programDir);
-    if (!project.read(file)) {
-        std::cerr << file << ": " << project.why() << '\n';
+    const ProjectRead read = readProjectFile(file);
+    if (!read.ok()) {
+        std::cerr << file << ": " << whyUnread(read) << '\n';
         return 1;
     }
     const std::string path = QFileInfo(QString::fromStdString(file)).absoluteFilePath().toStdString();
-    Report report = buildReport(project.app.session(), path);
+    Report report = buildReport(read.project, path);
     report.units = unitsOf(opt);
     QString error;
-    if (!exportReport(report, project.app.project(), QString::fromStdString(out), &error, replaceFile)) {
+    if (!exportReport(report, read.project, QString::fromStdString(out), &error, replaceFile)) {
         std::cerr << "tarnwick: " << error.toStdString() << '\n';
         return 1;
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // A project on a whole form with nobody watching, for the commands that need
-// the form's commands or its view (rows added through Add's checks, the
-// report, a put-aside copy restored): the form loaded, the file read, and a
+// the form's commands or its view (rows added through Add's checks, a
+// put-aside copy restored): the form loaded, the file read, and a
 // failure kept as the one line the error box would have shown. Commands that
 // only read a file use readProjectFile (platform/ProjectFile.h).
 #pragma once

@@ -3,6 +3,7 @@
 
 #include "core/app/App.h"
 #include "core/output/Report.h"
+#include "core/output/UnitsSetting.h"
 #include "platform/SafeFile.h"
 #include "render/ReportPainter.h"
 
@@ -24,7 +25,8 @@ const QString kTitle = QStringLiteral("Report");
 // The form, not the file: when the two differ the report says so in words.
 Report reportOf(const App& app) {
     const std::string& path = app.project().currentFile;
-    Report r = buildReport(app.session(), path);
+    Report r = buildReport(app.project(), path);
+    r.units = lengthUnits(app.session().system);
     if (app.modified() || path.empty()) {
         const QFileInfo file(QString::fromStdString(path));
         QString saved;

@@ -228,6 +228,8 @@ TEST(ReadingCommands, BuildNoForm) {
     if (qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         EXPECT_EQ(cliDraw(opt, {a, (dir / "bent.svg").string()}), 0);
         EXPECT_TRUE(fs::is_regular_file(dir / "bent.svg"));
+        EXPECT_EQ(cliReport(opt, a, (dir / "report.pdf").string()), 0);
+        EXPECT_TRUE(fs::is_regular_file(dir / "report.pdf"));
     }
     EXPECT_EQ(formSetsBuilt(), before) << "a command that only reads built a form";
     // Adding rows goes through Add's checks on the form: the counter sees it.

@@ -10,6 +10,7 @@
 #include "cli/QuietProject.h"
 #include "core/form/FileCommands.h"
 #include "core/output/Report.h"
+#include "platform/ProjectFile.h"
 
 #include <gtest/gtest.h>
 
@@ -66,9 +67,49 @@ std::string pageSize(const std::filesystem::path& pdf) {
 bool haveTools() { return !poppler("pdftotext -v 2>&1").empty(); }
 
 Report reportOf(const std::string& file) {
-    QuietProject p(TW_PROGRAM_DIR);
-    EXPECT_TRUE(p.read(file)) << file;
-    return buildReport(p.app.session(), file);
+    const ProjectRead read = readProjectFile(file);
+    EXPECT_TRUE(read.ok()) << file;
+    return buildReport(read.project, file);
+}
+
+// Where the report and the form disagree on what is shown, or on a prompt
+// the form shows in a label: empty when they agree.
+std::string disagreement(const Report& r, const Session& s) {
+    std::ostringstream out;
+    const std::map<std::string, Ctl> frames = {{"General", Ctl::Frame1},
+                                               {"Cap Dimensions", Ctl::Frame2},
+                                               {"Fillet Dimensions", Ctl::Frame3},
+                                               {"Cap Steps", Ctl::Frame4},
+                                               {"Wingwall Dimensions and Angles", Ctl::Frame5},
+                                               {"Pile Box Dimension", Ctl::Frame6},
+                                               {"Backwall and End Post Dimension", Ctl::Frame7},
+                                               {"Battered Piles", Ctl::Frame18}};
+    for (const auto& sec : r.sections) {
+        bool any = false;
+        for (const auto& row : sec.rows) {
+            if (row.shown != s.ctl(row.field).visible)
+                out << sec.title << " / " << toString(row.field) << ": report " << row.shown << ", form "
+                    << s.ctl(row.field).visible << "\n";
+            any = any || s.ctl(row.field).visible;
+        }
+        const auto frame = frames.find(sec.title);
+        const bool formShows = any && (frame == frames.end() || s.ctl(frame->second).visible);
+        if (sec.shown != formShows) out << sec.title << ": report " << sec.shown << ", form " << formShows << "\n";
+    }
+    std::string capPrompt = s.ctl(Ctl::lblCCapLength).caption;
+    if (s.ctl(Ctl::lblCCapLength1).visible) capPrompt += " " + s.ctl(Ctl::lblCCapLength1).caption;
+    const std::pair<CtlId, std::string> labelled[] = {
+        {Ctl::txtCapLength, capPrompt},
+        {Ctl::cboWingParallel, s.ctl(Ctl::lblCCWingPwall).caption},
+        {Ctl::txtPileBoxDistance2, s.ctl(Ctl::lblPileD2).caption},
+        {CtlId(Ctl::txtWinLAngle, 0), s.ctl(Ctl::lblWingWallLAngle).caption},
+        {CtlId(Ctl::txtWinRAngle, 0), s.ctl(Ctl::lblWingWallRAngle).caption}};
+    for (const auto& [field, prompt] : labelled)
+        for (const auto& sec : r.sections)
+            for (const auto& row : sec.rows)
+                if (row.field == field && row.prompt != prompt)
+                    out << toString(field) << ": report \"" << row.prompt << "\", form \"" << prompt << "\"\n";
+    return out.str();
 }
 
 // One line of the inputs as the report shows it: prompt, value and unit.
@@ -132,6 +173,57 @@ TEST(Report, EachSampleHasEveryInputThatAppliesAndNoneOfAHiddenSection) {
     }
     EXPECT_NE(backwall.find(" Enter the width of the end post "), std::string::npos);
     EXPECT_EQ(without.find(" Enter the width of the end post "), std::string::npos);
+}
+
+// The report is made from the project alone; what it shows is what the
+// form shows once the file is read, for every sample and for each answer
+// to the questions that show or hide rows, chosen in the order a file is read.
+TEST(Report, ShowsWhatTheFormShowsWithoutAForm) {
+    for (const auto& entry : std::filesystem::directory_iterator(TW_SOURCE_DIR "/samples/")) {
+        if (entry.path().extension() != ".ebnt") continue;
+        QuietProject p(TW_PROGRAM_DIR);
+        ASSERT_TRUE(p.read(entry.path().string()));
+        EXPECT_EQ(disagreement(buildReport(p.app.project(), ""), p.app.session()), "") << entry.path();
+    }
+    test::Program program;
+    App& app = *program;
+    const auto& types = app.session().ctl(Ctl::cboTybent).items;
+    auto typeAt = [&](const char* name) {
+        return static_cast<int>(std::find(types.begin(), types.end(), name) - types.begin());
+    };
+    const int kIntermediate = typeAt("Pile Intermediate Bent"),
+              kEndBentWithBackwall = typeAt("Pile End Bent with Backwall");
+    ASSERT_LT(std::max(kIntermediate, kEndBentWithBackwall), static_cast<int>(types.size()));
+    auto count = [&](Ctl c) { return static_cast<int>(app.session().ctl(c).items.size()); };
+    int tried = 0;
+    for (int type = 0; type < count(Ctl::cboTybent); ++type)
+        for (int boxes = 0; boxes < count(Ctl::cboWingwallPileBox); ++boxes)
+            for (int parallel = 0; parallel < count(Ctl::cboWingParallel); ++parallel)
+                for (int batter = 0; batter < count(Ctl::cboBatterPile); ++batter) {
+                    const int variant = tried++;
+                    // An end bent's questions are answered while the bent is
+                    // one: an intermediate bent's form does not ask them, and
+                    // the report leaves out what does not apply to its type.
+                    app.actions.choose(Ctl::cboTybent, kEndBentWithBackwall);
+                    auto endBentAnswers = [&] {
+                        app.actions.choose(Ctl::cboWingParallel, parallel);
+                        app.actions.choose(Ctl::cboWingwallPileBox, boxes);
+                        app.actions.choose(Ctl::cboBatterPile, batter);
+                        app.actions.choose(Ctl::cboBatteredPile, variant % count(Ctl::cboBatteredPile));
+                    };
+                    if (type == kIntermediate) endBentAnswers();
+                    app.actions.choose(Ctl::cboTybent, type);
+                    app.actions.choose(Ctl::cboNoBeam, variant % count(Ctl::cboNoBeam));
+                    app.actions.choose(Ctl::cboAngleType, variant % count(Ctl::cboAngleType));
+                    if (type != kIntermediate) endBentAnswers();
+                    EXPECT_EQ(disagreement(buildReport(app.project(), ""), app.session()), "")
+                        << app.session().text(Ctl::cboTybent) << ", " << app.project().beams()
+                        << " beams, angles alike " << app.session().text(Ctl::cboAngleType) << ", parallel "
+                        << app.session().text(Ctl::cboWingParallel) << ", boxes "
+                        << app.session().text(Ctl::cboWingwallPileBox) << ", battered "
+                        << app.session().text(Ctl::cboBatterPile) << " " << app.session().text(Ctl::cboBatteredPile);
+                }
+    EXPECT_GE(tried, 3 * 4 * 2 * 2);
 }
 
 TEST(Report, TheLargestProjectSplitsItsTableAndDrawsEveryBentOnTheLocalesPaper) {

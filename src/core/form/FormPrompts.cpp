@@ -20,6 +20,17 @@ std::string choicePrompt(Ctl choice) {
     }
 }
 
+Ctl questionLabel(Ctl choice) {
+    switch (choice) {
+    case Ctl::cboWingParallel: return Ctl::lblCCWingPwall;
+    case Ctl::cboWingwallPileBox: return Ctl::lblCCNoWinwall;
+    case Ctl::cboBatterPile: return Ctl::lblCCBatPile;
+    case Ctl::cboTPLwinwall: return Ctl::Label10;
+    case Ctl::cboTPRwingwall: return Ctl::Label11;
+    default: return choice;
+    }
+}
+
 std::string centerlinePrompt(int index) {
     const std::string from = index == 0 ? "Left end" : index == 20 ? "Last beam" : "Beam " + std::to_string(index);
     const std::string to = index == 20 ? "right end" : "beam " + std::to_string(index + 1);

@@ -17,6 +17,12 @@ int formSetsBuilt();
 
 // The tabs of SSTab1, in order. The pile boxes are on tab kPileBoxTab.
 const std::vector<std::string>& tabCaptions();
+inline constexpr const char* kAppTitle = "Norvale-Tarnwick";
+
+// The caption a label or frame of the main form is made with ("Cap
+// Dimensions"); empty for a control made without one.
+std::string designCaption(Ctl c);
+
 // "Version 1.0.0": the About box's line.
 std::string versionText();
 inline constexpr int kPileBoxTab = 2;

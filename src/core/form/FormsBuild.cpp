@@ -91,34 +91,35 @@ void addInputs(Builder& b) {
 }
 
 // Prompts, unit labels and the sketch labels, with their design-time captions.
+const std::pair<Ctl, const char*> kLabelCaptions[] = {
+    {Ctl::lblCCapLength, "Enter the length of the cap measured along"},
+    {Ctl::lblCCapLength1, "the front face of the cap"},
+    {Ctl::Label12, "feet"},
+    {Ctl::lblCCWingPwall, "Are the wingwalls parallel to each other?"},
+    {Ctl::lblCCNoWinwall, "Select the number of pile boxes per wingwall"},
+    {Ctl::lblCCBatPile, "Are battered piles to be drawn?"},
+    {Ctl::Label10, "Is the top left wingwall level?"},
+    {Ctl::Label11, "Is the top right wingwall level?"},
+    {Ctl::Label35, "Enter the bottom left cap elevation"},
+    {Ctl::Label36, "Enter the bottom right cap elevation"},
+    {Ctl::Label37, "feet"},
+    {Ctl::lblPileD1, "Enter the dimension from the front face of cap to the centerline of the second pile box"},
+    {Ctl::Label26, "feet"},
+    {Ctl::lblPileD2, "Enter the dimension from the front face of cap to the centerline of the third pile box"},
+    {Ctl::Label27, "feet"},
+    {Ctl::Label80, "Battered Pile"},
+    {Ctl::Label81, "Spacing (feet)"},
+    {Ctl::lblWingWallLAngle, "Enter the wingwall angle"},
+    {Ctl::lblWingWallRAngle, "Enter the right wingwall angle"},
+    {Ctl::lblBearingView, "Bearing Dimension and Beam Angle Sketch"},
+    {Ctl::lblCenterlineView, "Centerline Beam Sketch"},
+    {Ctl::lblElevationView, "Elevation Sketch"},
+    {Ctl::lblViewCenterLine, "Centerlines Sketch"},
+    {Ctl::lblViewDimension, "Dimension Sketch"},
+};
+
 void addLabels(Builder& b, Form& f) {
-    const std::pair<Ctl, const char*> captions[] = {
-        {Ctl::lblCCapLength, "Enter the length of the cap measured along"},
-        {Ctl::lblCCapLength1, "the front face of the cap"},
-        {Ctl::Label12, "feet"},
-        {Ctl::lblCCWingPwall, "Are the wingwalls parallel to each other?"},
-        {Ctl::lblCCNoWinwall, "Select the number of pile boxes per wingwall"},
-        {Ctl::lblCCBatPile, "Are battered piles to be drawn?"},
-        {Ctl::Label10, "Is the top left wingwall level?"},
-        {Ctl::Label11, "Is the top right wingwall level?"},
-        {Ctl::Label35, "Enter the bottom left cap elevation"},
-        {Ctl::Label36, "Enter the bottom right cap elevation"},
-        {Ctl::Label37, "feet"},
-        {Ctl::lblPileD1, "Enter the dimension from the front face of cap to the centerline of the second pile box"},
-        {Ctl::Label26, "feet"},
-        {Ctl::lblPileD2, "Enter the dimension from the front face of cap to the centerline of the third pile box"},
-        {Ctl::Label27, "feet"},
-        {Ctl::Label80, "Battered Pile"},
-        {Ctl::Label81, "Spacing (feet)"},
-        {Ctl::lblWingWallLAngle, "Enter the wingwall angle"},
-        {Ctl::lblWingWallRAngle, "Enter the right wingwall angle"},
-        {Ctl::lblBearingView, "Bearing Dimension and Beam Angle Sketch"},
-        {Ctl::lblCenterlineView, "Centerline Beam Sketch"},
-        {Ctl::lblElevationView, "Elevation Sketch"},
-        {Ctl::lblViewCenterLine, "Centerlines Sketch"},
-        {Ctl::lblViewDimension, "Dimension Sketch"},
-    };
-    for (const auto& [c, caption] : captions)
+    for (const auto& [c, caption] : kLabelCaptions)
         b.label(c, caption);
     for (Ctl c : {Ctl::lblWingLAngle, Ctl::lblWingRAngle, Ctl::lblCapStep, Ctl::lblEStepPI, Ctl::lblBeamAngleIndex})
         b.label(c);
@@ -135,28 +136,29 @@ void addLabels(Builder& b, Form& f) {
     f.at(Ctl::Label12).top = 4620;
 }
 
+struct FrameAt {
+    Ctl ctl;
+    const char* caption;
+    std::optional<int> top, left;
+};
+const FrameAt kFrames[] = {
+    {Ctl::Frame1, "General", {}, {}},
+    {Ctl::Frame2, "Cap Dimensions", {}, {}},
+    {Ctl::Frame3, "Fillet Dimensions", {}, {}},
+    {Ctl::Frame4, "Cap Steps", 2880, {}},
+    {Ctl::Frame5, "Wingwall Dimensions and Angles", {}, {}},
+    {Ctl::Frame6, "Pile Box Dimension", {}, {}},
+    {Ctl::Frame7, "Backwall and End Post Dimension", 7080, 120},
+    {Ctl::Frame13, "Top of Backwall Elevations and End Post", {}, {}},
+    {Ctl::Frame18, "Battered Piles", {}, {}},
+    {Ctl::Frame12, "Top Left Wingwall Level", {}, 0},
+    {Ctl::Frame11, "Is top left wingwall level - Yes", {}, 4680},
+    {Ctl::Frame10, "Top Right Wingwall Level", {}, 0},
+    {Ctl::Frame9, "Is top right wingwall level - Yes", {}, 4680},
+};
+
 void addFrames(Builder& b) {
-    struct FrameAt {
-        Ctl ctl;
-        const char* caption;
-        std::optional<int> top, left;
-    };
-    const FrameAt frames[] = {
-        {Ctl::Frame1, "General", {}, {}},
-        {Ctl::Frame2, "Cap Dimensions", {}, {}},
-        {Ctl::Frame3, "Fillet Dimensions", {}, {}},
-        {Ctl::Frame4, "Cap Steps", 2880, {}},
-        {Ctl::Frame5, "Wingwall Dimensions and Angles", {}, {}},
-        {Ctl::Frame6, "Pile Box Dimension", {}, {}},
-        {Ctl::Frame7, "Backwall and End Post Dimension", 7080, 120},
-        {Ctl::Frame13, "Top of Backwall Elevations and End Post", {}, {}},
-        {Ctl::Frame18, "Battered Piles", {}, {}},
-        {Ctl::Frame12, "Top Left Wingwall Level", {}, 0},
-        {Ctl::Frame11, "Is top left wingwall level - Yes", {}, 4680},
-        {Ctl::Frame10, "Top Right Wingwall Level", {}, 0},
-        {Ctl::Frame9, "Is top right wingwall level - Yes", {}, 4680},
-    };
-    for (const auto& fr : frames) {
+    for (const auto& fr : kFrames) {
         Control& c = b.frame(fr.ctl, fr.caption);
         c.top = fr.top;
         c.left = fr.left;
@@ -274,6 +276,14 @@ std::atomic<int> builtCount{0};
 } // namespace
 
 int formSetsBuilt() { return builtCount.load(); }
+
+std::string designCaption(Ctl c) {
+    for (const auto& [ctl, caption] : kLabelCaptions)
+        if (ctl == c) return caption;
+    for (const auto& fr : kFrames)
+        if (fr.ctl == c) return fr.caption;
+    return {};
+}
 
 std::vector<Form> buildForms() {
     ++builtCount;

@@ -9,14 +9,13 @@
 #include "core/Errors.h"
 #include "core/form/Document.h"
 #include "core/form/FormView.h"
+#include "core/form/Forms.h"
 #include "core/ports.h"
 
 #include <functional>
 #include <string>
 
 namespace tw {
-
-inline constexpr const char* kAppTitle = "Norvale-Tarnwick";
 
 class Session : public Document, public FormView {
   public:

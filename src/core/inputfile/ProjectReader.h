@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // An input file read straight into a Project, with no form around it: what
-// check, dump, diff, table and draw need. The project is the one Open leaves
-// on the form -- the choices' handlers change the project as they do there
+// check, dump, diff, table, draw and report need. The project is the one
+// Open leaves on the form -- the choices' handlers change the project as they do there
 // (a bent type brings its bent-drawn answer, its bearing distance and its
 // table columns; the number of beams its columns) -- and a failure is the
 // run-time error the error box would have shown.

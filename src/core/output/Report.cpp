@@ -5,7 +5,7 @@
 #include "core/drawing/Prompts.h"
 #include "core/form/FormPrompts.h"
 #include "core/form/Forms.h"
-#include "core/output/UnitsSetting.h"
+#include "core/model/Project.h"
 
 #include <optional>
 
@@ -15,128 +15,135 @@ namespace {
 
 const std::string kFeetUnit = "feet";
 
-// A row of the form. Its prompt is the view's own text, or the caption of a
-// label of the form (which the bent type and options change), or else the
-// prompt the drawings use for the field.
+// A row of the form: its input, the prompt the form shows beside it, its
+// unit, and whether the form shows it for these inputs.
 struct RowDef {
     CtlId field;
     std::string prompt;
-    std::optional<CtlId> label;
     std::string unit;
+    bool shown = true;
     // An angle: the degrees in `field`, then the minutes and the seconds.
     std::optional<std::pair<CtlId, CtlId>> minutesSeconds;
 };
 
-RowDef feet(const CtlId& field, std::string prompt = {}) { return {field, std::move(prompt), {}, kFeetUnit, {}}; }
-RowDef choice(Ctl field) { return {field, choicePrompt(field), {}, {}, {}}; }
-RowDef labelled(const CtlId& label, const CtlId& field, std::string unit = {}) {
-    return {field, {}, label, std::move(unit), {}};
-}
-
 class Builder {
   public:
-    Builder(const Session& s, Report& r) : s_(s), r_(r), in_(drawing::readBentInputs(s.project())) {}
+    Builder(const Project& p, Report& r) : p_(p), r_(r), in_(drawing::readBentInputs(p)) {}
 
-    void section(const std::string& title, std::optional<CtlId> gate, const std::vector<RowDef>& rows) {
+    const drawing::BentInputs& in() const { return in_; }
+
+    // A section of the form, shown when `shown` and some row of it is.
+    void section(Ctl frame, bool shown, const std::vector<RowDef>& rows) { section(designCaption(frame), shown, rows); }
+    void section(const std::string& title, bool shown, const std::vector<RowDef>& rows) {
         ReportSection sec;
         sec.title = title;
         bool any = false;
         for (const auto& def : rows) {
             ReportRow row;
-            row.prompt = promptOf(def);
-            row.value = def.minutesSeconds ? angleText(def) : s_.text(def.field);
+            row.field = def.field;
+            row.prompt = def.prompt;
+            row.value = def.minutesSeconds ? angleText(def) : p_.text(def.field);
             row.unit = def.unit;
-            row.shown = s_.ctl(def.field).visible;
+            row.shown = def.shown;
             any = any || row.shown;
             sec.rows.push_back(std::move(row));
         }
-        sec.shown = any && (!gate || s_.ctl(*gate).visible);
+        sec.shown = any && shown;
         r_.sections.push_back(std::move(sec));
     }
 
-    std::string caption(const CtlId& id) const { return s_.ctl(id).caption; }
-    bool visible(const CtlId& id) const { return s_.ctl(id).visible; }
+    RowDef feet(const CtlId& field, bool shown = true) const {
+        return {field, drawing::promptOf(field, in_), kFeetUnit, shown, {}};
+    }
+    static RowDef choice(Ctl field, bool shown = true) {
+        const std::string prompt = choicePrompt(field);
+        return {field, prompt.empty() ? designCaption(questionLabel(field)) : prompt, {}, shown, {}};
+    }
+    RowDef angle(Ctl field, int degreesAt, Ctl minutes, Ctl seconds, bool shown) const {
+        const CtlId degrees(field, degreesAt);
+        return {degrees,
+                drawing::promptOf(degrees, in_),
+                {},
+                shown,
+                std::pair{CtlId(minutes, degreesAt), CtlId(seconds, degreesAt)}};
+    }
+    RowDef wingwallAngle(Ctl field, bool shown) const {
+        return {CtlId(field, 0),
+                drawing::promptOf(CtlId(field, 0), in_),
+                {},
+                shown,
+                std::pair{CtlId(field, 1), CtlId(field, 2)}};
+    }
 
   private:
-    std::string promptOf(const RowDef& def) const {
-        if (!def.prompt.empty()) return def.prompt;
-        if (def.label) return caption(*def.label);
-        return drawing::promptOf(def.field, in_);
-    }
-
     // An angle in the one form the drawings use, 90°00'00".
     std::string angleText(const RowDef& def) const {
-        return tw::angleText(s_.text(def.field), s_.text(def.minutesSeconds->first),
-                             s_.text(def.minutesSeconds->second));
+        return tw::angleText(p_.text(def.field), p_.text(def.minutesSeconds->first),
+                             p_.text(def.minutesSeconds->second));
     }
 
-    const Session& s_;
+    const Project& p_;
     Report& r_;
     drawing::BentInputs in_;
 };
 
-std::vector<RowDef> numbered(Ctl field, int count, const std::string& unit) {
-    std::vector<RowDef> rows;
-    for (int i = 0; i < count; ++i)
-        rows.push_back({CtlId(field, i), {}, {}, unit, {}});
-    return rows;
-}
-
-RowDef angle(const CtlId& degrees, const CtlId& minutes, const CtlId& seconds, std::string prompt = {},
-             std::optional<CtlId> label = {}) {
-    return {degrees, std::move(prompt), label, {}, std::pair{minutes, seconds}};
-}
-
 } // namespace
 
-Report buildReport(const Session& s, const std::string& path) {
+Report buildReport(const Project& p, const std::string& path) {
     Report r;
     r.program = std::string(kAppTitle) + " " + versionText().substr(std::string("Version ").size());
     for (int i = 0; i < 3; ++i)
-        r.projectInfo[static_cast<size_t>(i)] = s.text(CtlId(Ctl::txtProjectInfo, i));
+        r.projectInfo[static_cast<size_t>(i)] = p.text(CtlId(Ctl::txtProjectInfo, i));
     r.path = path;
-    r.units = lengthUnits(s.system);
 
-    Builder b(s, r);
-    // The cap length's prompt is two labels of the form, the second shown for end bents only.
-    std::string capPrompt = b.caption(Ctl::lblCCapLength);
-    if (b.visible(Ctl::lblCCapLength1)) capPrompt += " " + b.caption(Ctl::lblCCapLength1);
-    b.section(b.caption(Ctl::Frame1), Ctl::Frame1,
-              {choice(Ctl::cboTybent), choice(Ctl::cboNoBeam), choice(Ctl::cboDrScale), choice(Ctl::cboBentDrawn),
-               choice(Ctl::cboBSkew), choice(Ctl::cboAngleType), feet(Ctl::txtCapLength, capPrompt),
-               labelled(Ctl::lblCCWingPwall, Ctl::cboWingParallel),
-               labelled(Ctl::lblCCNoWinwall, Ctl::cboWingwallPileBox), labelled(Ctl::lblCCBatPile, Ctl::cboBatterPile),
-               labelled(Ctl::Label10, Ctl::cboTPLwinwall), labelled(Ctl::Label11, Ctl::cboTPRwingwall)});
-    b.section(b.caption(Ctl::Frame2), Ctl::Frame2, {feet(Ctl::txtCapWidth), feet(Ctl::txtCapDepth)});
-    b.section(b.caption(Ctl::Frame3), Ctl::Frame3, {feet(Ctl::txtTransWidth), feet(Ctl::txtLongWidth)});
-    b.section(b.caption(Ctl::Frame4), Ctl::Frame4, numbered(Ctl::txtCapStep, 20, kFeetUnit));
-    b.section(b.caption(Ctl::Frame5), Ctl::Frame5,
-              {feet(Ctl::txtWingwallLength),
-               angle(CtlId(Ctl::txtWinLAngle, 0), CtlId(Ctl::txtWinLAngle, 1), CtlId(Ctl::txtWinLAngle, 2), {},
-                     Ctl::lblWingWallLAngle),
-               angle(CtlId(Ctl::txtWinRAngle, 0), CtlId(Ctl::txtWinRAngle, 1), CtlId(Ctl::txtWinRAngle, 2), {},
-                     Ctl::lblWingWallRAngle)});
-    b.section(b.caption(Ctl::Frame6), Ctl::Frame6,
-              {labelled(Ctl::lblPileD1, Ctl::txtPileBoxDistance1, kFeetUnit),
-               labelled(Ctl::lblPileD2, Ctl::txtPileBoxDistance2, kFeetUnit)});
-    b.section(b.caption(Ctl::Frame7), Ctl::Frame7, {feet(Ctl::txtWidthEndPost), feet(Ctl::txtLengthEndPost)});
-    b.section("Bearing Data", {}, {choice(Ctl::cboBearingHole), feet(Ctl::txtCenterlineDistance)});
+    // What the form shows once these inputs are on it: the bent type brings
+    // the end bent's questions and sections, each answer the rows it asks for.
+    Builder b(p, r);
+    const drawing::BentInputs& in = b.in();
+    const BentType type = in.type.value_or(BentType::EndWithoutBackwall); // an unknown type leaves the reset layout
+    const bool end = isEndBent(type);
+    const int beams = p.beams();
+
+    b.section(Ctl::Frame1, true,
+              {Builder::choice(Ctl::cboTybent), Builder::choice(Ctl::cboNoBeam), Builder::choice(Ctl::cboDrScale),
+               Builder::choice(Ctl::cboBentDrawn), Builder::choice(Ctl::cboBSkew), Builder::choice(Ctl::cboAngleType),
+               b.feet(Ctl::txtCapLength), Builder::choice(Ctl::cboWingParallel, end),
+               Builder::choice(Ctl::cboWingwallPileBox, end), Builder::choice(Ctl::cboBatterPile, end),
+               Builder::choice(Ctl::cboTPLwinwall, end), Builder::choice(Ctl::cboTPRwingwall, end)});
+    b.section(Ctl::Frame2, true, {b.feet(Ctl::txtCapWidth), b.feet(Ctl::txtCapDepth)});
+    b.section(Ctl::Frame3, end, {b.feet(Ctl::txtTransWidth), b.feet(Ctl::txtLongWidth)});
+    std::vector<RowDef> steps;
+    for (int i = 0; i < 20; ++i)
+        steps.push_back(b.feet(CtlId(Ctl::txtCapStep, i), i < beams));
+    b.section(Ctl::Frame4, true, steps);
+    b.section(Ctl::Frame5, end,
+              {b.feet(Ctl::txtWingwallLength), b.wingwallAngle(Ctl::txtWinLAngle, true),
+               b.wingwallAngle(Ctl::txtWinRAngle, !in.wingsParallel)});
+    b.section(
+        Ctl::Frame6, end && in.pileBoxes >= 2,
+        {b.feet(Ctl::txtPileBoxDistance1, in.pileBoxes >= 2), b.feet(Ctl::txtPileBoxDistance2, in.pileBoxes == 3)});
+    b.section(Ctl::Frame7, type == BentType::EndWithBackwall,
+              {b.feet(Ctl::txtWidthEndPost), b.feet(Ctl::txtLengthEndPost)});
+    b.section("Bearing Data", true, {Builder::choice(Ctl::cboBearingHole), b.feet(Ctl::txtCenterlineDistance)});
     std::vector<RowDef> angles;
     for (int i = 0; i < 20; ++i)
-        angles.push_back(
-            angle(CtlId(Ctl::txtBeamangleH, i), CtlId(Ctl::txtBeamangleM, i), CtlId(Ctl::txtBeamangleS, i)));
-    b.section("Beam Angles", Ctl::picOutterBeamAngle, angles);
+        angles.push_back(b.angle(Ctl::txtBeamangleH, i, Ctl::txtBeamangleM, Ctl::txtBeamangleS,
+                                 in.anglesAlike ? i == 0 : i < beams));
+    b.section("Beam Angles", true, angles);
     std::vector<RowDef> centerlines;
-    for (int i = 0; i <= 20; ++i)
-        centerlines.push_back(feet(CtlId(Ctl::txtCenterline, i), centerlinePrompt(i)));
-    b.section("Centerline Locations", {}, centerlines);
-    b.section("Pile Type", {}, {choice(Ctl::cboTypeOfPile), choice(Ctl::cboStrirrups)});
-    std::vector<RowDef> battered = {choice(Ctl::cboBatteredPile)};
+    for (int i = 0; i <= 20; ++i) {
+        RowDef row = b.feet(CtlId(Ctl::txtCenterline, i), i == 0 || i == 20 || i < beams);
+        row.prompt = centerlinePrompt(i);
+        centerlines.push_back(std::move(row));
+    }
+    b.section("Centerline Locations", true, centerlines);
+    b.section("Pile Type", true, {Builder::choice(Ctl::cboTypeOfPile), Builder::choice(Ctl::cboStrirrups)});
+    std::vector<RowDef> battered = {Builder::choice(Ctl::cboBatteredPile)};
     for (int i = 0; i <= 6; ++i)
-        battered.push_back(feet(CtlId(Ctl::txtBatterPile, i)));
-    b.section(b.caption(Ctl::Frame18), Ctl::Frame18, battered);
+        battered.push_back(b.feet(CtlId(Ctl::txtBatterPile, i), i == 6 || i < in.battered));
+    b.section(Ctl::Frame18, end && in.batteredDrawn, battered);
 
-    const BentTable& t = s.project().table();
+    const BentTable& t = p.table();
     // Every column but the bent number holds an elevation.
     for (int c = 0; c < t.cols(); ++c) {
         r.headings.push_back(t.cell(0, c));

@@ -2,10 +2,11 @@
 // What the checker's report says, as plain data: the title block, every
 // input of the form with its prompt, value and unit, grouped as the form
 // groups them, and the bent table. Which sections and rows apply is what the
-// form shows for this bent type and these options; the painter only lays out.
+// form shows for this bent type and these options once they are on it; the
+// painter only lays out. No form is needed to make one.
 #pragma once
 
-#include "core/form/Session.h"
+#include "core/model/Controls.h"
 #include "core/model/Measures.h"
 
 #include <array>
@@ -14,7 +15,10 @@
 
 namespace tw {
 
+class Project;
+
 struct ReportRow {
+    CtlId field; // the input (an angle's degrees)
     std::string prompt, value, unit;
     bool shown = true; // the form shows this row's field
 };
@@ -43,8 +47,9 @@ struct Report {
     LengthUnits units = LengthUnits::FeetInches;
 };
 
-// The report of the project the session holds, read from `path`.
-Report buildReport(const Session& s, const std::string& path);
+// The report of a project, read from `path`; in feet and inches until the
+// caller says otherwise.
+Report buildReport(const Project& p, const std::string& path);
 
 // The words a report of a form holding unsaved changes carries: `lastSaved`
 // is when its file was last written ("HH:MM"), empty for a form never saved.
