@@ -103,10 +103,8 @@ void BM_Event_SwitchBentType(benchmark::State& s) {
 void BM_Event_AddInsertReplace(benchmark::State& s) {
     perEvent(s, [](App& a, benchmark::State& st) {
         st.PauseTiming();
-        test::bring(a, [](Session& f) {
-            fillLargestProject(f);
-            fillEntry(f, "A");
-        });
+        loadLargestProject(a);
+        fillEntry(a, "A");
         st.ResumeTiming();
         a.actions.click(CtlId(Ctl::cmdQuantity, 0));
         a.actions.selectRows(50, 50);

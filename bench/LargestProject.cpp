@@ -3,27 +3,29 @@
 
 #include "unit/LargestProject.h"
 
-#include <cstdlib>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 
 namespace tw::bench {
 
-void fillEntry(Session& s, const std::string& number) {
-    s.setText(Ctl::txtBentNoPI, number);
-    choose(s, Ctl::cboBtomCalPI, 1);
-    s.setText(Ctl::txtBtLCapPI, "96.50");
-    s.setText(Ctl::txtBtRCapPI, "96.25");
+void fillEntry(App& app, const std::string& number) {
+    app.actions.edit(Ctl::txtBentNoPI, number);
+    app.actions.choose(Ctl::cboBtomCalPI, 1);
+    app.actions.edit(Ctl::txtBtLCapPI, "96.50");
+    app.actions.edit(Ctl::txtBtRCapPI, "96.25");
     for (int i = 0; i < 20; ++i)
-        s.setText(CtlId(Ctl::txtEStepPI, i), "100.25");
+        app.actions.edit(CtlId(Ctl::txtEStepPI, i), "100.25");
     for (Ctl c : {Ctl::txtLwingwallElevation, Ctl::txtRwingwallElevation, Ctl::txtTopLeftEndPost,
                   Ctl::txtTopRightEndPost, Ctl::txtTopLeftBackwall, Ctl::txtTopCentBackwall, Ctl::txtTopRightBackwall})
-        s.setText(c, "104.75");
+        app.actions.edit(c, "104.75");
 }
 
 void fillLargestProject(Session& s) { test::fillLargestProject(s); }
 
 void loadLargestProject(App& app) {
-    if (!test::bring(app, fillLargestProject)) {
+    const auto path = std::filesystem::temp_directory_path() / "tarnwick-bench-largest.ebnt";
+    if (!test::openAs(app, test::made(fillLargestProject), path.string())) {
         std::fputs("the largest project was refused\n", stderr);
         std::abort();
     }

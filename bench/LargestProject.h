@@ -8,10 +8,9 @@
 namespace tw::bench {
 
 void fillLargestProject(Session& s);
-// The largest project brought onto the program as a whole, the way a
-// recovered project comes back: a fresh history.
+// The largest project opened from its file: a fresh history.
 void loadLargestProject(App& app);
 // Fills the entry fields with one valid bent numbered `number`.
-void fillEntry(Session& s, const std::string& number);
+void fillEntry(App& app, const std::string& number);
 
 } // namespace tw::bench

@@ -22,10 +22,7 @@ class OutputWindowsTest : public QObject {
         const std::string base = QDir(dir.path()).filePath(QStringLiteral("job")).toStdString();
         std::ofstream(base + ".ebntc", std::ios::binary) << "<b>CAP</b> &amp; <i>BENT</i>\r\nLINE 2\r\n";
         test::Program app;
-        QVERIFY(test::bring(*app, [&](Session& s) {
-            s.setDialogFileName(base + ".ebnt");
-            setMainCaption(s, true);
-        }));
+        QVERIFY(test::openAs(*app, defaultProject(), base + ".ebnt"));
         auto* preview = makePreviewWindow(*app, nullptr);
         app->actions.click(Ctl::mnuPrint);
         app->actions.click(Target(FormId::Printer, Ctl::printPreview));

@@ -3,7 +3,6 @@
 // edit, a new window offers the project back and restores all of it; a save
 // that the pile-box check cut short, followed by a normal exit, loses nothing.
 #include "../unit/FakePorts.h"
-#include "../unit/ProjectMaker.h"
 
 #include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
@@ -37,13 +36,23 @@ namespace {
 const QString kSample = QStringLiteral(TW_SOURCE_DIR "/samples/end-with-backwall.ebnt");
 
 // The same edits in the killed window and in the one that tells what to expect.
-void edit(App& app) {
-    QVERIFY(test::bring(app, [](Session& s) {
-        QVERIFY(readInputFile(s, kSample.toStdString()));
-        s.setDialogFileName(kSample.toStdString());
-        setMainCaption(s, true);
-        test::ProjectMaker(17).fill(s);
-    }));
+// The project's file is a copy of the sample in `folder`; the edits reach
+// the inputs of several pages and the bent table.
+void edit(App& app, const QString& folder) {
+    QVERIFY(QDir().mkpath(folder + QStringLiteral("/project")));
+    const QString copy = folder + QStringLiteral("/project/") + QFileInfo(kSample).fileName();
+    QFile::remove(copy);
+    QVERIFY(QFile::copy(kSample, copy));
+    app.actions.apply(cmd::OpenPath{copy.toStdString()});
+    QCOMPARE(app.project().currentFile, copy.toStdString());
+    app.actions.edit(Ctl::txtCapLength, "41.2500");
+    app.actions.edit(Ctl::txtCapWidth, "3.2500");
+    app.actions.edit(CtlId(Ctl::txtCapStep, 1), "9.7500");
+    app.actions.edit(Ctl::txtWingwallLength, "11.0000");
+    app.actions.choose(Ctl::cboBatterPile, 1);
+    app.actions.apply(cmd::PasteBents{"7,96.50,96.25,99.80,99.90,100.00,100.10,104.25,104.50,101.75,104.50,105.10,"
+                                      "105.20,104.90,105.00,104.95\n"});
+    QCOMPARE(app.project().bents(), 2);
     app.actions.type(CtlId(Ctl::txtProjectInfo, 2), " EDITED");
 }
 
@@ -78,7 +87,7 @@ int editAndWait(int argc, char** argv) {
     QApplication qapp(argc, argv);
     Window s(QString::fromLocal8Bit(argv[2]));
     s.window.show();
-    edit(s.app);
+    edit(s.app, QString::fromLocal8Bit(argv[2]));
     // As tarnwick's window ends: a polite signal ends the loop, then the work is kept.
     QuitOnSignals quit;
     std::printf("edited\n");
@@ -122,7 +131,7 @@ class RecoveryWindowTest : public QObject {
         test::FakePorts reference;
         App expected(reference, reference, TW_PROGRAM_DIR);
         expected.loadMainForm();
-        edit(expected);
+        edit(expected, folder);
 
         Window next(folder);
         const auto bars = next.offered();

@@ -115,7 +115,8 @@ class SmallScreenTest : public QObject, public test::ProgramWindows {
     void theWindowStillFitsOnceEveryPageOfEveryProjectHasBeenShown() {
         QFETCH(QString, project);
         if (project.isEmpty())
-            QVERIFY(test::bring(*app, [](Session& s) { test::fillLargestProject(s); }));
+            QVERIFY(test::openAs(*app, test::made(test::fillLargestProject),
+                                 QDir::temp().filePath(QStringLiteral("tw-small-screen-largest.ebnt")).toStdString()));
         else
             app->actions.apply(cmd::OpenPath{project.toStdString()});
         QVERIFY(project.isEmpty() || app->project().currentFile == project.toStdString());
@@ -197,10 +198,7 @@ class SmallScreenTest : public QObject, public test::ProgramWindows {
         std::ofstream(dir.filePath(QStringLiteral("bent.ebntc")).toStdString(), std::ios::binary)
             << "CONCRETE LINE 1\r\nCONCRETE LINE 2\r\n";
         std::ofstream(dir.filePath(QStringLiteral("bente.dgn")).toStdString(), std::ios::binary) << "dgn";
-        QVERIFY(test::bring(*app, [&](Session& s) {
-            s.setDialogFileName(project.toStdString());
-            setMainCaption(s, true);
-        }));
+        QVERIFY(test::openAs(*app, defaultProject(), project.toStdString()));
         action("viewRunOutputs")->trigger();
         RunOutputsWindow* outputs = main().runOutputs();
         QVERIFY(outputs && outputs->isVisible() && !outputs->isModal());

@@ -67,29 +67,24 @@ void writeFile(const QString& path, const std::string& text) {
     std::ofstream(path.toStdString(), std::ios::binary) << text;
 }
 
-// The project with the widest bent table: backwall, twenty beams, and
-// values as wide as an elevation gets.
+// The project with the widest bent table: backwall, twenty beams, two-digit
+// bent numbers and values as wide as an elevation gets, pasted in.
 void widestTable(App& app, int rows) {
-    QVERIFY(test::bring(app, [rows](Session& s) {
-        choose(s, Ctl::cboTybent, 1);
-        choose(s, Ctl::cboNoBeam, 19);
-        std::string row;
-        for (int c = 0; c < s.table().cols(); ++c)
-            row += std::string(c == 0 ? "99" : c % 2 ? "-999.99" : "1234.50") + '\t';
-        s.changeTable([&](BentTable& t) {
-            for (int r = 0; r < rows; ++r)
-                t.addItem(row);
-        });
-    }));
+    app.actions.choose(Ctl::cboTybent, 1);
+    app.actions.choose(Ctl::cboNoBeam, 19);
+    std::string text;
+    for (int r = 0; r < rows; ++r) {
+        text += std::to_string(99 - r);
+        for (int c = 1; c < app.project().table().cols(); ++c)
+            text += c % 2 ? "\t-999.99" : "\t1234.50";
+        text += '\n';
+    }
+    app.actions.apply(cmd::PasteBents{text});
+    QCOMPARE(app.project().bents(), rows);
 }
 
 // The program holding a project whose file is `path` (its outputs beside it).
-void currentFile(App& app, const QString& path) {
-    QVERIFY(test::bring(app, [&](Session& s) {
-        s.setDialogFileName(path.toStdString());
-        setMainCaption(s, true);
-    }));
-}
+void currentFile(App& app, const QString& path) { QVERIFY(test::openAs(app, defaultProject(), path.toStdString())); }
 
 } // namespace
 

@@ -6,6 +6,8 @@
 #include "core/form/FileCommands.h"
 #include "core/form/MainForm.h"
 #include "core/form/Recovery.h"
+#include "core/inputfile/InputFile.h"
+#include "core/inputfile/ProjectReader.h"
 #include "core/ports.h"
 #include "platform/FileRead.h"
 #include "platform/OutputFiles.h"
@@ -195,15 +197,26 @@ struct Program {
     App* operator->() { return app.get(); }
 };
 
-// Puts a project made on a form of its own onto the program, the way a
-// restored recovery file brings one back: a front end's road for a whole
-// project. False when the program refused it.
-inline bool bring(App& app, const std::function<void(Session&)>& make) {
+// A project made on a form of its own: the makers fill a form.
+inline Project made(const std::function<void(Session&)>& make) {
     FakePorts ports;
-    Session s(ports, ports, app.programDir());
+    Session s(ports, ports, "/nonexistent");
     loadMainForm(s);
     make(s);
-    return app.actions.restore(composeRecovery(s));
+    return s.project();
+}
+
+// Puts a project on the program the way an engineer's comes: its file
+// written at `path`, then opened as a dropped file is. False when the
+// program did not take it.
+inline bool openAs(App& app, const Project& project, const std::string& path) {
+    {
+        std::ofstream out(path, std::ios::binary | std::ios::trunc);
+        out << describeInputFile(project);
+        if (!out.flush()) return false;
+    }
+    app.actions.apply(cmd::OpenPath{path});
+    return app.project().currentFile == path;
 }
 
 } // namespace tw::test

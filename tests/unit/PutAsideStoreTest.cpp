@@ -36,19 +36,19 @@ class PutAsideStoreTest : public ::testing::Test {
     }
     // A project's recovery bytes: its file and how many bents.
     static std::string project(const std::string& file, int bents) {
-        test::Program p;
-        EXPECT_TRUE(test::bring(*p, [&](Session& s) {
-            if (!file.empty()) {
-                s.setDialogFileName(file);
-                setMainCaption(s, true);
-            }
-            s.setText(CtlId(Ctl::txtProjectInfo, 0), "TITLE OF " + file);
-            s.changeTable([&](BentTable& t) {
-                for (int b = 1; b <= bents; ++b)
-                    t.addItem(std::to_string(b) + "\t\t\t300\t300\t300\t300\t301\t301\t301\t301\t");
-            });
-        }));
-        return composeRecovery(p->session());
+        test::FakePorts ports;
+        Session s(ports, ports, "/nonexistent");
+        loadMainForm(s);
+        if (!file.empty()) {
+            s.setDialogFileName(file);
+            setMainCaption(s, true);
+        }
+        s.setText(CtlId(Ctl::txtProjectInfo, 0), "TITLE OF " + file);
+        s.changeTable([&](BentTable& t) {
+            for (int b = 1; b <= bents; ++b)
+                t.addItem(std::to_string(b) + "\t\t\t300\t300\t300\t300\t301\t301\t301\t301\t");
+        });
+        return composeRecovery(s);
     }
     static mode_t mode(const fs::path& p) {
         struct stat st {};
