@@ -222,6 +222,7 @@ int runGui(int& argc, char** argv, const std::string& programDir, const std::str
     QuitOnSignals quitOnSignals;
     const int status = QApplication::exec();
     keeper.finish();
+    ports.onNotice = nullptr; // the status bar goes with the windows
     return status;
 }
 
