@@ -7,7 +7,6 @@
 
 #include <QDialogButtonBox>
 #include <QFile>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
@@ -58,18 +57,13 @@ PutAsideWindow::PutAsideWindow(App& app, QWidget* parent) : QWidget(parent, Qt::
     setObjectName(QStringLiteral("putAsideWork"));
     setWindowTitle(tr("Put-Aside Work"));
     auto* v = new QVBoxLayout(this);
-    auto* about = new QLabel(tr("Unsaved changes that Open, New, Exit or a reload would have discarded, newest "
-                                "first. Copies are kept for 30 days, the newest 50."));
-    about->setWordWrap(true);
-    v->addWidget(about);
-    list_ = new QTreeWidget;
-    list_->setObjectName(QStringLiteral("putAsideList"));
-    list_->setRootIsDecorated(false);
-    list_->setHeaderLabels({tr("Project"), tr("Put aside"), tr("Bents"), tr("Full path")});
-    list_->setToolTip(tr("Double-click or Enter: restore the copy"));
-    list_->header()->setStretchLastSection(true);
+    list_ =
+        addNoteAndList(v,
+                       tr("Unsaved changes that Open, New, Exit or a reload would have discarded, newest "
+                          "first. Copies are kept for 30 days, the newest 50."),
+                       QStringLiteral("putAsideList"), {tr("Project"), tr("Put aside"), tr("Bents"), tr("Full path")},
+                       tr("Double-click or Enter: restore the copy"), tr("Put-aside copies"));
     connect(list_, &QTreeWidget::itemActivated, this, [this] { restoreSelected(); });
-    v->addWidget(list_);
     auto* buttons = new QDialogButtonBox;
     restore_ = buttons->addButton(tr("&Restore"), QDialogButtonBox::ActionRole);
     restore_->setObjectName(QStringLiteral("putAsideRestore"));

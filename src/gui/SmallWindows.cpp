@@ -7,10 +7,14 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QKeySequence>
+#include <QLabel>
 #include <QPointer>
 #include <QScreen>
 #include <QShortcut>
+#include <QTreeWidget>
+#include <QVBoxLayout>
 #include <QWidget>
 
 namespace tw {
@@ -74,6 +78,22 @@ void makeSmallWindow(QWidget* w, const QString& name, const QWidget* main, Syste
     QObject::connect(close, &QShortcut::activated, w, &QWidget::close);
     w->installEventFilter(new Remembered(w, name, *settings, main));
     keepOnScreen(w);
+}
+
+QTreeWidget* addNoteAndList(QVBoxLayout* layout, const QString& note, const QString& name, const QStringList& headings,
+                            const QString& tip, const QString& accessibleName) {
+    auto* about = new QLabel(note);
+    about->setWordWrap(true);
+    layout->addWidget(about);
+    auto* list = new QTreeWidget;
+    list->setObjectName(name);
+    list->setRootIsDecorated(false);
+    list->setHeaderLabels(headings);
+    list->setToolTip(tip);
+    list->setAccessibleName(accessibleName);
+    list->header()->setStretchLastSection(true);
+    layout->addWidget(list);
+    return list;
 }
 
 } // namespace tw

@@ -7,7 +7,10 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
+class QTreeWidget;
+class QVBoxLayout;
 class QWidget;
 
 namespace tw {
@@ -18,5 +21,11 @@ class SystemPorts;
 // platform's own when `settings` is null); `main` (may be null) is the
 // window whose screen it opens on.
 void makeSmallWindow(QWidget* w, const QString& name, const QWidget* main, SystemPorts* settings = nullptr);
+
+// The body of a small window that offers a list: a wrapped note above a flat
+// list whose last column stretches; `tip` says what Enter or a double-click
+// on an item does, `accessibleName` what the list holds.
+QTreeWidget* addNoteAndList(QVBoxLayout* layout, const QString& note, const QString& name, const QStringList& headings,
+                            const QString& tip, const QString& accessibleName);
 
 } // namespace tw

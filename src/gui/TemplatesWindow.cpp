@@ -7,8 +7,6 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -26,19 +24,12 @@ TemplatesWindow::TemplatesWindow(App& app, QWidget* parent)
     setObjectName(QStringLiteral("newFromTemplate"));
     setWindowTitle(tr("New from Template"));
     auto* v = new QVBoxLayout(this);
-    auto* about = new QLabel(tr("A new project with the template's inputs and an empty bent table. Your own "
-                                "templates (File > Save as Template) come first, then those shipped with Tarnwick."));
-    about->setWordWrap(true);
-    v->addWidget(about);
-    list_ = new QTreeWidget;
-    list_->setObjectName(QStringLiteral("templateList"));
-    list_->setRootIsDecorated(false);
-    list_->setHeaderLabels({tr("Template"), tr("Bent type"), tr("Where it lies")});
-    list_->setToolTip(tr("Double-click or Enter: a new project from the template"));
-    list_->setAccessibleName(tr("Templates"));
-    list_->header()->setStretchLastSection(true);
+    list_ = addNoteAndList(v,
+                           tr("A new project with the template's inputs and an empty bent table. Your own "
+                              "templates (File > Save as Template) come first, then those shipped with Tarnwick."),
+                           QStringLiteral("templateList"), {tr("Template"), tr("Bent type"), tr("Where it lies")},
+                           tr("Double-click or Enter: a new project from the template"), tr("Templates"));
     connect(list_, &QTreeWidget::itemActivated, this, [this] { chooseSelected(); });
-    v->addWidget(list_);
     auto* buttons = new QDialogButtonBox;
     choose_ = buttons->addButton(tr("&New Project"), QDialogButtonBox::AcceptRole);
     choose_->setObjectName(QStringLiteral("templateChoose"));
